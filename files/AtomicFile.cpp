@@ -1,0 +1,70 @@
+#include "files/AtomicFile.h"
+
+#include <string>
+#include <system_error>
+
+#include "files/TextInput.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace plotvane {
+namespace {
+
+std::string WithCrLf(std::string_view text) {
+    std::string bytes;
+    bytes.reserve(text.size() + text.size() / 16);
+    for (const char c : text) {
+        if (c == '\n') bytes += '\r';
+        bytes += c;
+    }
+    return bytes;
+}
+
+bool FlushToDisk(std::FILE* file) {
+    if (std::fflush(file) != 0) return false;
+#ifdef _WIN32
+    return _commit(_fileno(file)) == 0;
+#else
+    return fsync(fileno(file)) == 0;
+#endif
+}
+
+bool WriteWhole(const std::filesystem::path& path, const std::string& bytes) {
+    FileHandle file = OpenFile(path, "wb");
+    if (!file) return false;
+    const bool written =
+        std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() && FlushToDisk(file.get());
+    return std::fclose(file.release()) == 0 && written;
+}
+
+// The renaming would replace a file that its user has protected; opening it for writing would not.
+bool IsProtected(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (error || !std::filesystem::exists(status)) return false;
+    constexpr auto kWrite = std::filesystem::perms::owner_write | std::filesystem::perms::group_write |
+                            std::filesystem::perms::others_write;
+    return !std::filesystem::is_regular_file(status) ||
+           (status.permissions() & kWrite) == std::filesystem::perms::none;
+}
+
+}  // namespace
+
+bool ReplaceTextFile(const std::filesystem::path& path, std::string_view text) {
+    if (IsProtected(path)) return false;
+    std::filesystem::path beside = path;
+    beside += ".new";
+    std::error_code error;
+    if (WriteWhole(beside, WithCrLf(text))) {
+        std::filesystem::rename(beside, path, error);
+        if (!error) return true;
+    }
+    std::filesystem::remove(beside, error);
+    return false;
+}
+
+}  // namespace plotvane

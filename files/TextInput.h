@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace plotvane {
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+
+// Opens a file as std::fopen does, on every system with the path's own characters. Null if it cannot be
+// opened or is a folder.
+FileHandle OpenFile(const std::filesystem::path& path, const char* mode);
+
+// A text file of the host's or of this program's, read character by character; of any length, with
+// constant memory. Line ends arrive as '\n' alone (CR LF is folded; a CR by itself stays). The text ends
+// at the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. The C
+// library's own text mode is not used, because it differs between systems.
+class TextInput {
+public:
+    static constexpr int kEnd = -1;
+
+    TextInput() = default;  // not open
+    explicit TextInput(const std::filesystem::path& path) : m_file(OpenFile(path, "rb")) {}
+
+    bool IsOpen() const { return m_file != nullptr; }
+
+    // The next character as 0..254, or kEnd; Get moves behind it, Peek does not. At the end, or when not
+    // open, both stay at kEnd.
+    int Get();
+    int Peek();
+
+private:
+    static constexpr std::size_t kBufferSize = 4096;
+
+    int ReadCharacter();
+    int NextByte();
+    int PeekByte();
+
+    FileHandle m_file;
+    std::array<unsigned char, kBufferSize> m_buffer{};
+    std::size_t m_next = 0;
+    std::size_t m_filled = 0;
+    std::optional<int> m_ahead;  // the character that Peek has seen
+    bool m_ended = false;
+};
+
+}  // namespace plotvane

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace plotvane {
+
+// Slots count row by row: 0..3 row A, 4..7 row B, 8..11 row C. Slot k drives trace k of the chart.
+constexpr int kSlotRows = 3;
+constexpr int kSlotColumns = 4;
+constexpr int kSlotCount = kSlotRows * kSlotColumns;
+
+// The ten small fields of generic OBD values, which take the place of row A.
+constexpr int kObdFieldCount = 10;
+
+constexpr int SlotOf(int row, int column) { return row * kSlotColumns + column; }
+constexpr int RowOf(int slot) { return slot / kSlotColumns; }
+constexpr int ColumnOf(int slot) { return slot % kSlotColumns; }
+
+// One of the twelve field slots: which value it shows, and the last one received.
+struct FieldSlot {
+    int group = -1;      // measuring group of the host, or PID; -1 until a record arrives, 0 when empty
+    int lastGroup = -1;  // group at the last tick: a difference means that the slot was reassigned
+    int field = 0;       // field number inside the group, 0..9
+    double value = 0.0;
+    std::string unit;           // Windows-1252 bytes, at most 100
+    bool rangeChanged = false;  // its minimum or maximum was edited; the next tick applies it
+
+    bool IsActive() const { return group > 0; }
+};
+
+struct SlotTable {
+    std::array<FieldSlot, kSlotCount> slots;
+    std::array<double, kObdFieldCount> obdValues{};  // by field digit, from "GZER" items
+
+    FieldSlot& operator[](int slot) { return slots.at(static_cast<std::size_t>(slot)); }
+    const FieldSlot& operator[](int slot) const { return slots.at(static_cast<std::size_t>(slot)); }
+};
+
+}  // namespace plotvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+namespace plotvane {
+
+// The open meter windows as the portable code sees them. Whatever is said to a meter that is not open is
+// dropped. Slots are 0..11, OBD fields 0..9.
+struct MeterBoard {
+    enum class Fuel { Mileage, Consumption };
+
+    virtual ~MeterBoard() = default;
+
+    virtual void SetSlotValue(int slot, double value) = 0;
+    virtual void SetSlotRange(int slot, double minimum, double maximum, std::string_view unit) = 0;
+    virtual void SetObdValue(int field, double value) = 0;
+
+    virtual bool IsOpen(Fuel meter) const = 0;
+    virtual void SetFuelValue(Fuel meter, double value) = 0;
+    virtual void SetFuelScale(Fuel meter, std::string_view unit, double maximum, int decimals) = 0;
+    virtual void CloseFuelMeters() = 0;
+};
+
+}  // namespace plotvane

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+
+#include "model/Colour.h"
+#include "model/FieldSlot.h"
+
+namespace plotvane {
+
+// The colours offered by name in the Preferences dialog, in list order; the names are texts
+// IDS_PRESET_COLOUR_FIRST + index. The first twelve are the default trace colours.
+constexpr std::array<Colour, 14> kPresetColours = {
+    MakeColour(255, 0, 0),      // Red
+    MakeColour(0, 255, 0),      // LGreen
+    MakeColour(255, 255, 0),    // Yellow
+    MakeColour(192, 192, 255),  // LBlue
+    MakeColour(255, 160, 0),    // Orange
+    MakeColour(0, 255, 255),    // Cyan
+    MakeColour(0, 160, 0),      // DkGreen
+    MakeColour(0, 0, 127),      // DkBlue
+    MakeColour(160, 96, 0),     // Brown
+    MakeColour(255, 192, 192),  // Pink
+    MakeColour(0, 160, 255),    // Blue
+    MakeColour(0, 160, 160),    // DkCyan
+    MakeColour(0, 0, 0),        // Black
+    MakeColour(255, 255, 255),  // White
+};
+
+constexpr std::array<Colour, kSlotCount> DefaultTraceColours() {
+    std::array<Colour, kSlotCount> colours{};
+    for (std::size_t i = 0; i < colours.size(); ++i) colours[i] = kPresetColours[i];
+    return colours;
+}
+
+}  // namespace plotvane

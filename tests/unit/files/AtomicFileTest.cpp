@@ -1,0 +1,52 @@
+#include "files/AtomicFile.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TempFolder.h"
+
+namespace plotvane {
+namespace {
+
+int FilesIn(const std::filesystem::path& folder) {
+    const auto entries = std::filesystem::directory_iterator(folder);
+    return static_cast<int>(std::distance(begin(entries), end(entries)));
+}
+
+TEST(ReplaceTextFile, WritesLineEndsAsCrLf) {
+    const test::TempFolder folder;
+    EXPECT_TRUE(ReplaceTextFile(folder / "a.cfg", "x=1\ny=2\n"));
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "x=1\r\ny=2\r\n");
+}
+
+TEST(ReplaceTextFile, ReplacesTheOldTextAndLeavesNothingBeside) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "a.cfg", "something much longer");
+    EXPECT_TRUE(ReplaceTextFile(folder / "a.cfg", "new"));
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "new");
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
+TEST(ReplaceTextFile, FailsWithoutTheFolder) {
+    const test::TempFolder folder;
+    EXPECT_FALSE(ReplaceTextFile(folder / "none" / "a.cfg", "new"));
+}
+
+TEST(ReplaceTextFile, FailsOnAProtectedFileAndKeepsIt) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "a.cfg", "old");
+    std::filesystem::permissions(folder / "a.cfg", std::filesystem::perms::owner_read);
+    EXPECT_FALSE(ReplaceTextFile(folder / "a.cfg", "new"));
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "old");
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+    std::filesystem::permissions(folder / "a.cfg", std::filesystem::perms::owner_all);
+}
+
+TEST(ReplaceTextFile, FailsOnAFolderOfThatName) {
+    const test::TempFolder folder;
+    std::filesystem::create_directory(folder / "a.cfg");
+    EXPECT_FALSE(ReplaceTextFile(folder / "a.cfg", "new"));
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
+}  // namespace
+}  // namespace plotvane

@@ -1,0 +1,74 @@
+#include "files/TextInput.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TempFolder.h"
+
+namespace plotvane {
+namespace {
+
+std::string AllOf(TextInput& input) {
+    std::string text;
+    for (int c = input.Get(); c != TextInput::kEnd; c = input.Get()) text += static_cast<char>(c);
+    return text;
+}
+
+class TextInputTest : public testing::Test {
+protected:
+    std::string Reading(std::string_view bytes) {
+        test::WriteBytes(m_folder / "text", bytes);
+        TextInput input(m_folder / "text");
+        return AllOf(input);
+    }
+    test::TempFolder m_folder;
+};
+
+TEST_F(TextInputTest, FoldsLineEndsAndKeepsALoneCarriageReturn) {
+    EXPECT_EQ(Reading("a\r\nb\nc\rd\r\r\n\r"), "a\nb\nc\rd\r\n\r");
+}
+
+TEST_F(TextInputTest, EndsAtTheEndOfFileBytes) {
+    EXPECT_EQ(Reading("ab\xFF" "cd"), "ab");
+    EXPECT_EQ(Reading("ab\x1A" "cd"), "ab");
+}
+
+TEST_F(TextInputTest, StaysAtTheEnd) {
+    test::WriteBytes(m_folder / "text", "a\xFF" "b");
+    TextInput input(m_folder / "text");
+    EXPECT_EQ(input.Get(), 'a');
+    EXPECT_EQ(input.Peek(), TextInput::kEnd);
+    EXPECT_EQ(input.Get(), TextInput::kEnd);
+    EXPECT_EQ(input.Get(), TextInput::kEnd);
+}
+
+TEST_F(TextInputTest, PeekDoesNotMove) {
+    test::WriteBytes(m_folder / "text", "xy");
+    TextInput input(m_folder / "text");
+    EXPECT_EQ(input.Peek(), 'x');
+    EXPECT_EQ(input.Peek(), 'x');
+    EXPECT_EQ(input.Get(), 'x');
+    EXPECT_EQ(input.Get(), 'y');
+}
+
+TEST_F(TextInputTest, FoldsALineEndThatLiesAcrossTwoBuffers) {
+    const std::string filler(4095, 'x');
+    EXPECT_EQ(Reading(filler + "\r\nb"), filler + "\nb");
+    EXPECT_EQ(Reading(filler + "\rb"), filler + "\rb");
+}
+
+TEST_F(TextInputTest, GivesBytesAboveAsciiAsPositiveNumbers) {
+    test::WriteBytes(m_folder / "text", "\xB0");
+    TextInput input(m_folder / "text");
+    EXPECT_EQ(input.Get(), 0xB0);
+}
+
+TEST_F(TextInputTest, IsNotOpenForAMissingFileOrAFolder) {
+    TextInput missing(m_folder / "none");
+    EXPECT_FALSE(missing.IsOpen());
+    EXPECT_EQ(missing.Get(), TextInput::kEnd);
+    TextInput folder(m_folder.Path());
+    EXPECT_FALSE(folder.IsOpen());
+}
+
+}  // namespace
+}  // namespace plotvane
