@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace plotvane {
+
+// Numbers as text, the same on every system and in every locale: the C library's own conversions differ in
+// what they do with an overflow and follow the decimal comma of the locale.
+//
+// The readers convert the longest number that the text begins with, behind leading white space (line ends
+// too), and ignore what follows it.
+
+// A decimal integer with an optional sign. What lies beyond the ends of int becomes the nearer end.
+// Nothing if the text does not begin with a number.
+std::optional<int> TryParseDecimal(std::string_view text);
+
+// The same; 0 if the text does not begin with a number.
+int ParseDecimal(std::string_view text);
+
+// A hexadecimal integer in either letter case, optionally behind "0x". A minus sign gives the two's
+// complement ("-1" is 0xFFFFFFFF); a number of more than 32 bits becomes 0xFFFFFFFF. Nothing if the text
+// does not begin with a number.
+std::optional<std::uint32_t> ParseHex(std::string_view text);
+
+// A decimal floating-point number, with or without an exponent. 0 if the text does not begin with one, or
+// if a double cannot hold it; so the answer is always finite.
+double ParseDouble(std::string_view text);
+
+// The writers add the number at the end of `out`, and allocate only when that has to grow.
+
+void AppendDecimal(std::string& out, int value);        // "%d"
+void AppendHex(std::string& out, std::uint32_t value);  // "%x": lower case, no prefix
+void AppendNumber(std::string& out, double value);      // "%g": six significant digits, no trailing zeros
+
+// "%.*f"; `decimals` is clamped to 0..kMaxDecimals.
+void AppendFixed(std::string& out, double value, int decimals);
+
+constexpr int kMaxDecimals = 16;
+
+}  // namespace plotvane
