@@ -1,0 +1,143 @@
+# What the scripts of this folder share; sourced, never run.
+#
+# Everything that is started through these functions ends with the script, however it ends: the
+# virtual display, the window manager, the programs under Wine and whatever `watched` runs.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$root/build
+logs=$build/logs
+mkdir -p "$logs"
+
+# A bare environment (a service, `env -i`) lacks these; Wine, openbox and ccache want them.
+export PATH=${PATH:-/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin}
+export HOME=${HOME:-$build/home}
+export LC_ALL=C.UTF-8
+mkdir -p "$HOME"
+
+say() { printf '[%4d s] %s\n' "$SECONDS" "$*"; }
+die() {
+    printf 'error: %s\n' "$*" >&2
+    exit 1
+}
+
+build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix)
+test_packages=(googletest libgtest-dev libgmock-dev)
+run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
+
+# need_packages PACKAGE...: installs by apt what is missing of them.
+need_packages() {
+    local missing=() package as_root=()
+    local installed
+    command -v dpkg-query >/dev/null || die "this needs Debian (or a system like it) with these packages: $*"
+    installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
+    for package in "$@"; do
+        grep -qx "$package installed" <<<"$installed" || missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+
+    if ((EUID != 0)); then
+        # Without a terminal nobody can type a password, so sudo may not ask for one either.
+        if ! command -v sudo >/dev/null || { [[ ! -t 0 ]] && ! sudo -n true 2>/dev/null; }; then
+            die "missing packages; as root, please: apt-get install ${missing[*]}"
+        fi
+        as_root=(sudo)
+    fi
+    say "installing ${missing[*]}"
+    "${as_root[@]}" apt-get -q update >"$logs/apt.log" 2>&1 &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q install -y --no-install-recommends \
+            "${missing[@]}" >>"$logs/apt.log" 2>&1 </dev/null ||
+        { tail -n 20 "$logs/apt.log" >&2; die "apt-get failed, see $logs/apt.log"; }
+}
+
+# One run at a time in a tree: two would share the Wine prefix, and with it the single-instance mutex.
+take_turn() {
+    exec 9>"$build/.lock"
+    flock -n 9 || die "another script is running in $root"
+}
+
+scratch="" # folder of our own, made when first needed
+groups=()  # process groups of our own, by the id of their first process
+
+# Runs a command in a process group of its own and waits for it, so that an interrupted script takes
+# it along, with everything that it started.
+watched() {
+    setsid "$@" 9>&- </dev/null &
+    local first=$! status=0
+    groups+=("$first")
+    wait "$first" || status=$?
+    unset 'groups[-1]'
+    return "$status"
+}
+
+end_everything() {
+    local status=$? group
+    trap - EXIT INT TERM HUP
+    if [[ -n ${WINEPREFIX:-} && -d $WINEPREFIX ]]; then
+        wineserver -k 2>/dev/null || true
+        timeout 10 wineserver -w 2>/dev/null || wineserver -k9 2>/dev/null || true
+    fi
+    for group in "${groups[@]}"; do
+        kill -TERM -- "-$group" 2>/dev/null || true
+    done
+    wait
+    [[ -z $scratch ]] || rm -rf "$scratch"
+    exit "$status"
+}
+trap end_everything EXIT
+trap 'exit 129' HUP
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+# wait_for SECONDS COMMAND...: until the command succeeds; fails when the time is over.
+wait_for() {
+    local deadline=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        ((SECONDS < deadline)) || return 1
+        sleep 0.02
+    done
+}
+
+# A display of our own with a window manager: without one Wine's windows have no title bar, and Wine
+# waits two seconds each time a window goes away.
+start_display() {
+    scratch=$(mktemp -d)
+    local number=$scratch/number ready=$scratch/ready
+    setsid Xvfb -displayfd 8 -screen 0 1280x1024x24 -nolisten tcp -noreset \
+        8>"$number" 9>&- >"$logs/xvfb.log" 2>&1 </dev/null &
+    groups+=($!)
+    wait_for 20 test -s "$number" || { cat "$logs/xvfb.log" >&2; die "the virtual display did not start"; }
+    DISPLAY=:$(<"$number")
+    export DISPLAY
+    setsid openbox --sm-disable --startup "touch $ready" 9>&- >"$logs/openbox.log" 2>&1 </dev/null &
+    groups+=($!)
+    wait_for 20 test -e "$ready" || { cat "$logs/openbox.log" >&2; die "the window manager did not start"; }
+}
+
+# The prefix (Wine's idea of a Windows machine) lives in the build folder and is made once.
+prepare_wine() {
+    export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    [[ -e $WINEPREFIX/.ready ]] && return
+    say "making the Wine prefix $WINEPREFIX"
+    rm -rf "$WINEPREFIX"
+    watched timeout 120 wineboot -i >"$logs/wineboot.log" 2>&1 || {
+        cat "$logs/wineboot.log" >&2
+        die "Wine could not make its prefix"
+    }
+    timeout 60 wineserver -w || true  # the registry is written when the server ends
+    touch "$WINEPREFIX/.ready"
+}
+
+# build_preset PRESET [TARGET...]: configures and builds; ccache shortens it where it is installed.
+build_preset() {
+    local preset=$1
+    shift
+    if command -v ccache >/dev/null; then
+        export CCACHE_BASEDIR=$root CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    fi
+    watched cmake -S "$root" --preset "$preset" >"$logs/configure-$preset.log" 2>&1 || {
+        cat "$logs/configure-$preset.log" >&2
+        die "configuring the $preset build failed"
+    }
+    watched cmake --build "$build/$preset" ${1:+--target "$@"} || die "the $preset build failed"
+}

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# test-summary.sh PRESET...: adds up what the last test run of each preset left in build/PRESET: ctest.xml
+# (ctest's view: one entry a test program) and NAME.xml (GoogleTest's view: the cases inside program NAME).
+# A program without a NAME.xml counts as one test. Names each failed test, prints a table of the layers
+# and, last, the totals. Fails if any test failed or none ran.
+set -euo pipefail
+cd "$(dirname "$0")/../build"
+
+# Program, outcome ("run", "fail", "notrun"...) and seconds, one program a line.
+programs() {
+    sed -nE 's/.*<testcase name="([^"]*)".* time="([^"]*)" status="([^"]*)".*/\1 \3 \2/p' "$1"
+}
+
+# Passed, failed, skipped, then one line for each failed case.
+cases() {
+    awk '
+        function attribute(name,    text) {
+            if (!match($0, " " name "=\"[^\"]*\"")) return ""
+            text = substr($0, RSTART, RLENGTH)
+            gsub(/^[^"]*"|"$/, "", text)
+            return text
+        }
+        /<testcase / {
+            current = attribute("classname") "." attribute("name"); counted = 0; total++
+            if (attribute("status") == "notrun" || attribute("result") == "skipped") skipped++
+        }
+        /<failure / && !counted { counted = 1; failed++; names = names "\n" current }
+        END { printf "%d %d %d%s\n", total - failed - skipped, failed, skipped, names }' "$1"
+}
+
+passed=0 failed=0 skipped=0
+table="" complaints=""
+for preset in "$@"; do
+    [[ -s $preset/ctest.xml ]] || { echo "error: no test ran in build/$preset" >&2; exit 1; }
+    while read -r name outcome seconds; do
+        p=0 f=0 s=0
+        if [[ -s $preset/$name.xml ]]; then
+            { read -r p f s; failures=$(cat); } < <(cases "$preset/$name.xml")
+            [[ -z $failures ]] || complaints+=$(sed "s/^/  failed: $preset, $name: /" <<<"$failures")$'\n'
+        elif [[ $outcome == run ]]; then
+            p=1
+        fi
+        if [[ $outcome != run ]] && ((f == 0)); then
+            # A crash, a time-out, or a sanitizer's word after the last case.
+            f=1
+            complaints+="  failed: $preset, $name: the program itself ($outcome)"$'\n'
+        fi
+        table+=$(printf '%-9s %-16s %7d %7d %8d %8.1f s' "$preset" "$name" "$p" "$f" "$s" "$seconds")$'\n'
+        passed=$((passed + p)) failed=$((failed + f)) skipped=$((skipped + s))
+    done < <(programs "$preset/ctest.xml")
+done
+
+printf '\n%-9s %-16s %7s %7s %8s %10s\n%s\n' build tests passed failed skipped time "$table"
+[[ -z $complaints ]] || printf '%s\n' "$complaints"
+((passed + failed > 0)) || { echo "error: no test ran" >&2; failed=1; }
+printf '%d passed, %d failed' "$passed" "$failed"
+((skipped == 0)) || printf ', %d skipped' "$skipped"
+printf '\n'
+((failed == 0))

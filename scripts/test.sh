@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Builds both presets and runs every test of both: natively with sanitizers, and under Wine on a
+# display of its own. Needs no setting up; leaves nothing running.
+#
+# The last line is "N passed, N failed" (and ", N skipped" if any); the exit status is 0 only if at
+# least one test ran and none failed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/common.sh
+
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}"
+take_turn
+
+say "building the portable code with sanitizers (build/native)"
+build_preset native
+say "building the Win64 program and its tests (build/windows)"
+build_preset windows
+
+# Failures only: what passed is counted in the summary.
+export GTEST_BRIEF=1 GTEST_COLOR=no
+
+# run_tests PRESET JOBS: each test program leaves its cases in build/PRESET/NAME.xml, ctest its view of
+# the programs in ctest.xml; files of an earlier run must not count.
+run_tests() {
+    find "$build/$1" -maxdepth 1 -name '*.xml' -delete
+    watched ctest --test-dir "$build/$1" --output-on-failure --no-tests=error --timeout 600 -j "$2" \
+        --output-junit "$build/$1/ctest.xml" || true  # judged by the summary, which reads the files
+}
+
+say "running the native tests"
+run_tests native "$(nproc)"
+say "running the tests under Wine"
+start_display
+prepare_wine
+run_tests windows 1
+
+scripts/test-summary.sh native windows

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# wine-run.sh PROGRAM [ARGUMENT...]: runs a Windows program in a Wine prefix and answers its exit status.
+# ctest runs the cross-built tests through it.
+#
+# Who has set DISPLAY and WINEPREFIX runs the program there. Otherwise it gets a display of its own and
+# the prefix of this tree, and nothing is left running afterwards.
+set -euo pipefail
+
+if [[ -n ${DISPLAY:-} && -n ${WINEPREFIX:-} ]]; then
+    exec wine "$@"
+fi
+
+source "$(dirname "$0")/common.sh"
+exec 9>"$build/.wine-lock"
+flock 9  # one program at a time: the end of one ends the prefix's server
+start_display
+prepare_wine
+status=0
+watched wine "$@" || status=$?
+exit "$status"
