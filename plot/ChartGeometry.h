@@ -1,0 +1,70 @@
+#pragma once
+
+// Where things lie on the chart. All pixels are client co-ordinates of the chart window, y downwards; the
+// client rectangle starts at (0, 0).
+namespace plotvane {
+
+// Right and bottom are exclusive, as everywhere on the platform.
+struct PixelRect {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    int Width() const { return right - left; }
+    int Height() const { return bottom - top; }
+    bool IsEmpty() const { return right <= left || bottom <= top; }
+    bool operator==(const PixelRect&) const = default;
+};
+
+struct PixelPoint {
+    int x = 0;
+    int y = 0;
+
+    bool operator==(const PixelPoint&) const = default;
+};
+
+// What decides how much room the labels left of the plot get.
+struct LabelMargin {
+    double lower = 0.0;  // limits of the first trace; the other traces are not asked
+    double upper = 100.0;
+    bool withUnits = true;
+    int extraCharacters = 3;
+};
+
+// The client area and the plot area inside it. Unlike other rectangles, the plot's right column and bottom
+// row belong to what traces may cover: a trace at its lower limit runs along the row `plot.bottom`.
+class ChartGeometry {
+public:
+    ChartGeometry() = default;
+
+    // The plot keeps 10 pixels from the client's edges, 20 on the left until SetLabelMargin. A client too
+    // small for that has a plot without an inside.
+    ChartGeometry(int clientWidth, int clientHeight);
+
+    // Moves the left edge of the plot so that the labels fit: 6 pixels for each character.
+    void SetLabelMargin(const LabelMargin& margin);
+
+    const PixelRect& Client() const { return m_client; }
+    const PixelRect& Plot() const { return m_plot; }
+
+    // The part of the plot that scrolls. The bottom row stays where it is.
+    PixelRect ScrolledArea() const;
+
+    // The columns that a scroll by `shift` pixels lays bare at the right edge.
+    PixelRect BaredStrip(int shift) const;
+
+    // Grid line `i` of `count`, counted from 1 at the top or the left.
+    int GridRow(int i, int count) const;
+    int GridColumn(int i, int count) const;
+
+private:
+    PixelRect m_client;
+    PixelRect m_plot;
+};
+
+// Digits before (or zeros behind) the decimal point beyond the first, of the longer limit: 6000 has 3,
+// 0.001 has 3. A limit without a magnitude (0, infinite, not a number) adds nothing.
+int LabelDigits(double lower, double upper);
+
+}  // namespace plotvane
