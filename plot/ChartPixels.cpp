@@ -1,0 +1,56 @@
+#include "plot/ChartPixels.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+
+namespace plotvane {
+namespace {
+
+constexpr int kDotDistancePx = 4;
+
+// Colours hold red in the lowest byte, pictures in memory hold blue there.
+std::uint32_t PixelOf(Colour colour) {
+    return static_cast<std::uint32_t>(RedOf(colour)) << 16 |
+           static_cast<std::uint32_t>(GreenOf(colour)) << 8 | BlueOf(colour);
+}
+
+}  // namespace
+
+std::uint32_t* ChartPixels::Row(int y) const {
+    return pixels + static_cast<std::ptrdiff_t>(y) * static_cast<std::ptrdiff_t>(width);
+}
+
+void ChartPixels::Dot(int x, int y, std::uint32_t pixel) const {
+    if (x >= 0 && x < width && y >= 0 && y < height) Row(y)[x] = pixel;
+}
+
+void ChartPixels::ScrollLeft(const PixelRect& area, int shift) const {
+    const int left = std::max(area.left, 0);
+    const int right = std::min(area.right, width);
+    if (shift <= 0 || right - left <= shift) return;
+
+    const std::size_t bytes = static_cast<std::size_t>(right - left - shift) * sizeof(std::uint32_t);
+    const int bottom = std::min(area.bottom, height);
+    for (int y = std::max(area.top, 0); y < bottom; ++y) {
+        std::uint32_t* const row = Row(y) + left;
+        std::memmove(row, row + shift, bytes);
+    }
+}
+
+void ChartPixels::DotRow(const PixelRect& area, int y, Colour colour) const {
+    const std::uint32_t pixel = PixelOf(colour);
+    for (int x = area.left; x < area.right; x += kDotDistancePx) Dot(x, y, pixel);
+}
+
+void ChartPixels::DotColumn(const PixelRect& area, int x, Colour colour) const {
+    const std::uint32_t pixel = PixelOf(colour);
+    for (int y = area.top; y < area.bottom; y += kDotDistancePx) Dot(x, y, pixel);
+}
+
+void ChartPixels::Combine(const ChartPixels& under, const ChartPixels& over) const {
+    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    for (std::size_t i = 0; i < count; ++i) pixels[i] = under.pixels[i] | over.pixels[i];
+}
+
+}  // namespace plotvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+
+#include "model/Colour.h"
+#include "plot/ChartGeometry.h"
+
+namespace plotvane {
+
+// The memory of a 32-bit picture, rows from top to bottom without gaps. A pixel is 0x00RRGGBB; the drawing
+// primitives of the platform may leave anything in the high byte, and nobody looks at it.
+struct ChartPixels {
+    std::uint32_t* pixels = nullptr;
+    int width = 0;
+    int height = 0;
+
+    // Moves what lies inside `area` to the left by `shift` pixels. What leaves the area is gone; the strip
+    // laid bare at its right edge is left to the caller. Areas are clipped to the picture.
+    void ScrollLeft(const PixelRect& area, int shift) const;
+
+    // Dots in every fourth pixel of a row or column, from the area's first to before its end.
+    void DotRow(const PixelRect& area, int y, Colour colour) const;
+    void DotColumn(const PixelRect& area, int x, Colour colour) const;
+
+    // Becomes both pictures laid over each other: their bits are ORed, so colours mix where both have one.
+    // All three have the same size.
+    void Combine(const ChartPixels& under, const ChartPixels& over) const;
+
+private:
+    std::uint32_t* Row(int y) const;
+    void Dot(int x, int y, std::uint32_t pixel) const;
+};
+
+}  // namespace plotvane
