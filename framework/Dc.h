@@ -1,0 +1,102 @@
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <string_view>
+
+#include "framework/Rect.h"
+#include "framework/Text.h"
+
+// Draws on a device context that somebody else owns. Texts are Windows-1252 bytes.
+class CDC {
+public:
+    explicit CDC(HDC dc) : m_hDC(dc) {}
+    CDC(const CDC&) = delete;
+    CDC& operator=(const CDC&) = delete;
+
+    HDC GetSafeHdc() const { return m_hDC; }
+    operator HDC() const { return m_hDC; }
+
+    // Lines, with the selected pen. A line leaves out its last pixel.
+    void MoveTo(int x, int y) { ::MoveToEx(m_hDC, x, y, nullptr); }
+    void LineTo(int x, int y) { ::LineTo(m_hDC, x, y); }
+    void SetPixel(int x, int y, COLORREF colour) { ::SetPixelV(m_hDC, x, y, colour); }
+
+    // Areas. Rectangle and Polygon have an outline of the selected pen and the selected brush inside.
+    void FillRect(const RECT& rect, HBRUSH brush) { ::FillRect(m_hDC, &rect, brush); }
+    void FrameRect(const RECT& rect, HBRUSH brush) { ::FrameRect(m_hDC, &rect, brush); }
+    void Rectangle(const RECT& rect) { ::Rectangle(m_hDC, rect.left, rect.top, rect.right, rect.bottom); }
+    void Polygon(std::span<const POINT> points) {
+        ::Polygon(m_hDC, points.data(), static_cast<int>(points.size()));
+    }
+
+    // Without a brush; the background colour is `colour` afterwards.
+    void FillSolidRect(const RECT& rect, COLORREF colour) {
+        ::SetBkColor(m_hDC, colour);
+        ::ExtTextOutW(m_hDC, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+    }
+
+    // Text, with the selected font.
+    COLORREF SetTextColor(COLORREF colour) { return ::SetTextColor(m_hDC, colour); }
+    COLORREF SetBkColor(COLORREF colour) { return ::SetBkColor(m_hDC, colour); }
+    COLORREF GetBkColor() const { return ::GetBkColor(m_hDC); }
+    int SetBkMode(int mode) { return ::SetBkMode(m_hDC, mode); }
+    UINT SetTextAlign(UINT flags) { return ::SetTextAlign(m_hDC, flags); }
+    void TextOut(int x, int y, std::string_view text) {
+        const WideText wide{text};
+        ::TextOutW(m_hDC, x, y, wide.c_str(), wide.Length());
+    }
+    SIZE GetTextExtent(std::string_view text) const {
+        const WideText wide{text};
+        SIZE size{};
+        ::GetTextExtentPoint32W(m_hDC, wide.c_str(), wide.Length(), &size);
+        return size;
+    }
+    TEXTMETRICW GetTextMetrics() const {
+        TEXTMETRICW metrics{};
+        ::GetTextMetricsW(m_hDC, &metrics);
+        return metrics;
+    }
+
+    // Clipping; no region removes it.
+    void SelectClipRgn(HRGN region) { ::SelectClipRgn(m_hDC, region); }
+    CRect GetClipBox() const {
+        CRect box;
+        ::GetClipBox(m_hDC, &box);
+        return box;
+    }
+
+    // Pictures.
+    bool BitBlt(int x, int y, int width, int height, HDC source, int sourceX, int sourceY, DWORD rop) {
+        return ::BitBlt(m_hDC, x, y, width, height, source, sourceX, sourceY, rop) != 0;
+    }
+    void DrawIcon(int x, int y, HICON icon) { ::DrawIcon(m_hDC, x, y, icon); }
+
+protected:
+    HDC m_hDC;
+};
+
+// For the handler of WM_PAINT and nowhere else: whatever happens in between, the window's update region is
+// empty afterwards, or Windows would send WM_PAINT without end.
+class CPaintDC : public CDC {
+public:
+    explicit CPaintDC(HWND window) : CDC(nullptr), m_window(window) { m_hDC = ::BeginPaint(window, &m_ps); }
+    ~CPaintDC() { ::EndPaint(m_window, &m_ps); }
+
+    const PAINTSTRUCT& Paint() const { return m_ps; }
+
+private:
+    HWND m_window;
+    PAINTSTRUCT m_ps{};
+};
+
+// The client area outside of WM_PAINT; no window stands for the whole screen.
+class CClientDC : public CDC {
+public:
+    explicit CClientDC(HWND window) : CDC(::GetDC(window)), m_window(window) {}
+    ~CClientDC() { ::ReleaseDC(m_window, m_hDC); }
+
+private:
+    HWND m_window;
+};

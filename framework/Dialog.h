@@ -1,0 +1,42 @@
+#pragma once
+
+#include "framework/DataExchange.h"
+#include "framework/Wnd.h"
+
+// A modal dialog from a template of the program's resources. Its controls exist when OnInitDialog is called.
+class CDialog : public CWnd {
+public:
+    explicit CDialog(UINT templateId, HWND owner = nullptr) : m_templateId(templateId), m_owner(owner) {}
+
+    // Runs the dialog until EndDialog and returns its result; the owner is disabled meanwhile. -1 if the
+    // dialog could not be created or OnInitDialog threw. May be called from within any handler, also one that
+    // another dialog's handler dispatches.
+    INT_PTR DoModal();
+
+    // The window goes at once from the user's sight; DoModal returns when the handlers on the stack have.
+    // The first result counts: closing twice, from two handlers that dispatch one another, is harmless.
+    void EndDialog(INT_PTR result);
+
+    // Calls DoDataExchange: from the controls to the members, or the other way.
+    void UpdateData(bool saveAndValidate = true);
+
+protected:
+    // Fills the controls from the members. TRUE: Windows gives the focus to the first control; FALSE: the
+    // dialog has done so itself.
+    virtual BOOL OnInitDialog();
+
+    // Names the pairs of control and member with DDX_...
+    virtual void DoDataExchange(CDataExchange* exchange);
+
+    virtual void OnOK();      // Enter or IDOK: fills the members and ends
+    virtual void OnCancel();  // Esc, the close box or IDCANCEL: ends
+
+private:
+    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    BOOL Initialise(HWND window);
+
+    const UINT m_templateId;
+    const HWND m_owner;
+    bool m_running = false;
+    DECLARE_MESSAGE_MAP()
+};

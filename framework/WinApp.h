@@ -1,0 +1,20 @@
+#pragma once
+
+#include <windows.h>
+
+// The application: one object of a derived class, with static lifetime, is the whole program. The entry point
+// of a windowed program is in this library and comes to that object.
+class CWinApp {
+public:
+    CWinApp();
+    virtual ~CWinApp();
+    CWinApp(const CWinApp&) = delete;
+    CWinApp& operator=(const CWinApp&) = delete;
+
+    // The whole run of a program that is one modal dialog. FALSE ends the process, and nothing but FALSE is
+    // of use here: there is no message loop of the application's own that TRUE could ask for.
+    virtual BOOL InitInstance() = 0;
+
+    // The application object; null where there is none, as in test programs.
+    static CWinApp* Current();
+};

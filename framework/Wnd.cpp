@@ -1,0 +1,220 @@
+#include "framework/Wnd.h"
+
+#include <exception>
+#include <unordered_map>
+#include <utility>
+
+#include "framework/Text.h"
+
+namespace {
+
+std::unordered_map<HWND, CWnd*>& Windows() {
+    static std::unordered_map<HWND, CWnd*> windows;
+    return windows;
+}
+
+// The answer to a message whose handler threw.
+LRESULT AnswerAfterException(HWND window, UINT message) {
+    // An update region that was left behind would bring WM_PAINT back at once, for ever.
+    if (message == WM_PAINT) ::ValidateRect(window, nullptr);
+    return message == WM_CREATE ? -1 : 0;  // -1: there shall be no window that is half set up
+}
+
+}  // namespace
+
+// One dispatch to a window, on the stack. A dying object tells every one of them.
+struct CWnd::Visit {
+    Visit(CWnd& wnd, const CMessage& what)
+        : window(&wnd), message(what), outer(std::exchange(wnd.m_visit, this)) {}
+    ~Visit() {
+        if (window) window->m_visit = outer;
+    }
+    Visit(const Visit&) = delete;
+    Visit& operator=(const Visit&) = delete;
+
+    CWnd* window;  // null once it is gone
+    const CMessage message;
+    Visit* const outer;
+};
+
+void TraceLine(std::string_view line) {
+    ::OutputDebugStringW((ToWide(line) + L"\r\n").c_str());
+}
+
+bool RegisterWindowClass(const wchar_t* name, UINT classStyle, HCURSOR cursor, HBRUSH background,
+                         HICON icon) {
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    const HINSTANCE instance = ::GetModuleHandleW(nullptr);
+    if (::GetClassInfoExW(instance, name, &known)) return known.lpfnWndProc == &CWnd::WindowProc;
+
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = classStyle;
+    windowClass.lpfnWndProc = &CWnd::WindowProc;
+    windowClass.hInstance = instance;
+    windowClass.hCursor = cursor;
+    windowClass.hbrBackground = background;
+    windowClass.hIcon = icon;
+    windowClass.lpszClassName = name;
+    return ::RegisterClassExW(&windowClass) != 0;
+}
+
+CWnd::~CWnd() {
+    for (Visit* visit = m_visit; visit; visit = visit->outer) visit->window = nullptr;
+    if (!m_hWnd) return;
+    const HWND window = m_hWnd;
+    const bool isBeingDestroyed = m_windowIsBeingDestroyed;
+    Unmap();  // first: the handlers of the derived class are gone already
+    if (!isBeingDestroyed) ::DestroyWindow(window);
+}
+
+bool CWnd::CreateEx(DWORD exStyle, const wchar_t* className, std::string_view title, DWORD style,
+                    const RECT& rect, HWND parent, UINT id) {
+    if (m_hWnd) return false;
+    const HMENU childId = (style & WS_CHILD) ? reinterpret_cast<HMENU>(UINT_PTR{id}) : nullptr;
+    const HWND window = ::CreateWindowExW(exStyle, className, WideText{title}.c_str(), style, rect.left,
+                                          rect.top, rect.right - rect.left, rect.bottom - rect.top, parent,
+                                          childId, ::GetModuleHandleW(nullptr), this);
+    if (!window) return false;
+    if (m_hWnd == window || Attach(window)) return true;
+    ::DestroyWindow(window);
+    return false;
+}
+
+bool CWnd::DestroyWindow() {
+    return m_hWnd && ::DestroyWindow(m_hWnd);
+}
+
+bool CWnd::Attach(HWND window) {
+    if (!Map(window)) return false;
+    m_superProc = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProc)));
+    return true;
+}
+
+HWND CWnd::Detach() {
+    const HWND window = m_hWnd;
+    if (window) Unmap();
+    return window;
+}
+
+CWnd* CWnd::FromHandle(HWND window) {
+    const auto found = Windows().find(window);
+    return found == Windows().end() ? nullptr : found->second;
+}
+
+void CWnd::SetWindowText(std::string_view text) {
+    ::SetWindowTextW(m_hWnd, WideText{text}.c_str());
+}
+
+std::string CWnd::GetWindowText() const {
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(m_hWnd)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(::GetWindowTextW(m_hWnd, text.data(), static_cast<int>(text.size()))));
+    return ToBytes(text);
+}
+
+void CWnd::SetDlgItemText(int id, std::string_view text) {
+    ::SetDlgItemTextW(m_hWnd, id, WideText{text}.c_str());
+}
+
+std::string CWnd::GetDlgItemText(int id) const {
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(GetDlgItem(id))) + 1, L'\0');
+    text.resize(::GetDlgItemTextW(m_hWnd, id, text.data(), static_cast<int>(text.size())));
+    return ToBytes(text);
+}
+
+void CWnd::CheckDlgButton(int id, bool checked) {
+    ::CheckDlgButton(m_hWnd, id, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+bool CWnd::IsDlgButtonChecked(int id) const {
+    return ::IsDlgButtonChecked(m_hWnd, id) == BST_CHECKED;
+}
+
+CRect CWnd::GetClientRect() const {
+    CRect rect;
+    ::GetClientRect(m_hWnd, &rect);
+    return rect;
+}
+
+CRect CWnd::GetWindowRect() const {
+    CRect rect;
+    ::GetWindowRect(m_hWnd, &rect);
+    return rect;
+}
+
+CRect CWnd::ScreenToClient(const RECT& rect) const {
+    CRect moved{rect};
+    POINT origin{0, 0};
+    ::ScreenToClient(m_hWnd, &origin);
+    ::OffsetRect(&moved, origin.x, origin.y);
+    return moved;
+}
+
+void CWnd::MoveWindow(const RECT& rect, bool repaint) {
+    ::MoveWindow(m_hWnd, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, repaint);
+}
+
+const CMessageMap& CWnd::ThisMessageMap() {
+    static const CMessageMap map{nullptr, {}};
+    return map;
+}
+
+LRESULT CWnd::Default() {
+    if (!m_visit || !m_hWnd) return 0;
+    const CMessage what = m_visit->message;
+    if (!m_superProc) return ::DefWindowProcW(m_hWnd, what.message, what.wParam, what.lParam);
+    return ::CallWindowProcW(m_superProc, m_hWnd, what.message, what.wParam, what.lParam);
+}
+
+LRESULT CALLBACK CWnd::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    try {
+        CWnd* wnd = FromHandle(window);
+        if (!wnd && message == WM_NCCREATE) {
+            // Only CreateEx makes windows of our classes, and hands itself over.
+            auto* creator = static_cast<CWnd*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+            if (!creator || !creator->Map(window)) return FALSE;
+            wnd = creator;
+        }
+        if (wnd) return wnd->Dispatch({message, wParam, lParam});
+    } catch (const std::exception& e) {
+        TraceLine(e.what());
+        return AnswerAfterException(window, message);
+    } catch (...) {
+        TraceLine("A handler threw something unknown.");
+        return AnswerAfterException(window, message);
+    }
+    return ::DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT CWnd::Dispatch(const CMessage& message) {
+    Visit visit{*this, message};
+    if (message.message == WM_DESTROY) m_windowIsBeingDestroyed = true;
+
+    const CMessageRow* row = GetMessageMap().Find(message);
+    const LRESULT result = row ? row->run(*this, message) : Default();
+
+    // From here on this object may be gone.
+    if (message.message == WM_NCDESTROY && visit.window) {
+        Unmap();
+        PostNcDestroy();
+    }
+    return result;
+}
+
+bool CWnd::Map(HWND window) {
+    if (m_hWnd || !::IsWindow(window) || !Windows().emplace(window, this).second) return false;
+    m_hWnd = window;
+    m_windowIsBeingDestroyed = false;
+    return true;
+}
+
+void CWnd::Unmap() {
+    const HWND window = std::exchange(m_hWnd, nullptr);
+    Windows().erase(window);
+    if (const WNDPROC superProc = std::exchange(m_superProc, nullptr)) {
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(superProc));
+    }
+}

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "framework/MessageMap.h"
+#include "framework/Rect.h"
+
+// A line for whoever watches with a debugger; users never see it.
+void TraceLine(std::string_view line);
+
+// Registers a window class for windows of CWnd once per process; asking again for the same name is harmless.
+// The class has no cursor, brush or icon of its own unless given. False if Windows refuses.
+bool RegisterWindowClass(const wchar_t* name, UINT classStyle, HCURSOR cursor = nullptr,
+                         HBRUSH background = nullptr, HICON icon = nullptr);
+
+// A window and the handlers of its messages. The object and the window may outlive each other: an object
+// without a window has a null m_hWnd, and an object that dies first destroys its window. All on one thread.
+//
+// A handler may delete its own object (a window that frees itself does) or dispatch messages and so let
+// another handler do it. Dispatching allows for that; the handler itself only has to leave its members alone
+// afterwards. A handler that throws has its exception traced and its message counted as handled: no exception
+// crosses a window procedure.
+class CWnd {
+public:
+    CWnd() = default;
+    virtual ~CWnd();
+    CWnd(const CWnd&) = delete;
+    CWnd& operator=(const CWnd&) = delete;
+
+    // Creates the window of a class from RegisterWindowClass, or subclasses one of the system's. `id` is the
+    // child id; of a window that is not a child it is ignored. False, and no window, if that fails.
+    bool CreateEx(DWORD exStyle, const wchar_t* className, std::string_view title, DWORD style,
+                  const RECT& rect, HWND parent, UINT id);
+    bool DestroyWindow();
+
+    // Takes over the messages of a window that exists; Detach gives them back. A window has one object at
+    // most, an object one window: false otherwise.
+    bool Attach(HWND window);
+    HWND Detach();
+
+    // The object of a window; null for none.
+    static CWnd* FromHandle(HWND window);
+
+    HWND GetSafeHwnd() const { return m_hWnd; }
+    HWND m_hWnd = nullptr;
+
+    // The window's text, as Windows-1252 bytes.
+    void SetWindowText(std::string_view text);
+    std::string GetWindowText() const;
+
+    // Controls by id. What is asked of a control that does not exist is null, empty or 0.
+    HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
+    void SetDlgItemText(int id, std::string_view text);
+    std::string GetDlgItemText(int id) const;
+    void CheckDlgButton(int id, bool checked);
+    bool IsDlgButtonChecked(int id) const;
+    void ShowDlgItem(int id, bool shown) { ::ShowWindow(GetDlgItem(id), shown ? SW_SHOWNA : SW_HIDE); }
+    void EnableDlgItem(int id, bool enabled) { ::EnableWindow(GetDlgItem(id), enabled); }
+    LRESULT SendDlgItemMessage(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::SendDlgItemMessageW(m_hWnd, id, message, wParam, lParam);
+    }
+
+    // Messages and timers.
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::SendMessageW(m_hWnd, message, wParam, lParam);
+    }
+    bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::PostMessageW(m_hWnd, message, wParam, lParam) != 0;
+    }
+    bool SetTimer(UINT_PTR id, UINT periodMs) { return ::SetTimer(m_hWnd, id, periodMs, nullptr) != 0; }
+    void KillTimer(UINT_PTR id) { ::KillTimer(m_hWnd, id); }
+
+    // Place and size. Window rectangles are in screen pixels, MoveWindow takes the parent's client pixels.
+    CRect GetClientRect() const;
+    CRect GetWindowRect() const;
+    CRect ScreenToClient(const RECT& rect) const;
+    void MoveWindow(const RECT& rect, bool repaint = true);
+    void ShowWindow(int command) { ::ShowWindow(m_hWnd, command); }
+    bool IsIconic() const { return ::IsIconic(m_hWnd) != 0; }
+
+    // Painting.
+    void Invalidate(bool erase = true) { ::InvalidateRect(m_hWnd, nullptr, erase); }
+    void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+    void SetRedraw(bool on) { SendMessage(WM_SETREDRAW, on); }
+
+protected:
+    // The end of the message map chain; has no rows.
+    static const CMessageMap& ThisMessageMap();
+    virtual const CMessageMap& GetMessageMap() const { return ThisMessageMap(); }
+
+    // What the window's class would do with the message that is being handled; inside handlers only.
+    LRESULT Default();
+
+    // What a handler calls for the default processing on top of its own.
+    void OnClose() { Default(); }
+    void OnContextMenu(HWND, POINT) { Default(); }
+    void OnDestroy() { Default(); }
+    void OnPaint() { Default(); }
+    void OnSize(UINT, int, int) { Default(); }
+    void OnSysCommand(UINT, LPARAM) { Default(); }
+    void OnTimer(UINT_PTR) { Default(); }
+
+    // The last call that an object gets for its window, which is gone by then. May delete the object.
+    virtual void PostNcDestroy() {}
+
+private:
+    struct Visit;
+
+    friend bool RegisterWindowClass(const wchar_t*, UINT, HCURSOR, HBRUSH, HICON);
+    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT Dispatch(const CMessage& message);
+    bool Map(HWND window);
+    void Unmap();
+
+    Visit* m_visit = nullptr;       // the innermost dispatch to this window
+    WNDPROC m_superProc = nullptr;  // of an attached window: who had its messages before
+    bool m_windowIsBeingDestroyed = false;
+};
