@@ -1,0 +1,144 @@
+#include "framework/Dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+#include <vector>
+
+#include "tests/windows/support/test_dialogs.h"
+
+namespace {
+
+// Runs `script` once its window is shown and working; the script has to end the dialog.
+class ScriptedDialog : public CDialog {
+public:
+    explicit ScriptedDialog(std::function<void(ScriptedDialog&)> toRun, HWND owner = nullptr)
+        : CDialog(IDD_TEST_EXCHANGE, owner), script(std::move(toRun)) {}
+
+    using CDialog::EndDialog;
+
+    std::function<void(ScriptedDialog&)> script;
+    std::string text;
+    int checked = 0;
+
+protected:
+    BOOL OnInitDialog() override {
+        CDialog::OnInitDialog();
+        PostMessage(kRunScript);
+        return TRUE;
+    }
+    void DoDataExchange(CDataExchange* exchange) override {
+        DDX_Text(exchange, IDC_TEST_TEXT, text);
+        DDX_Check(exchange, IDC_TEST_CHECK, checked);
+    }
+
+private:
+    static constexpr UINT kRunScript = WM_APP + 1;
+
+    LRESULT OnRunScript(WPARAM, LPARAM) {
+        script(*this);
+        return 0;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(ScriptedDialog, CDialog)
+    ON_MESSAGE(kRunScript, OnRunScript)
+END_MESSAGE_MAP()
+
+TEST(Dialog, FillsItsControlsFromTheMembers) {
+    std::string shown;
+    bool ticked = false;
+    ScriptedDialog dialog{[&](ScriptedDialog& self) {
+        shown = self.GetDlgItemText(IDC_TEST_TEXT);
+        ticked = self.IsDlgButtonChecked(IDC_TEST_CHECK);
+        self.EndDialog(7);
+    }};
+    dialog.text =
+        "21 \xB0"
+        "C";
+    dialog.checked = 1;
+
+    EXPECT_EQ(dialog.DoModal(), 7);
+
+    EXPECT_EQ(shown,
+              "21 \xB0"
+              "C");
+    EXPECT_TRUE(ticked);
+    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
+}
+
+TEST(Dialog, OkFillsTheMembersFromTheControls) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) {
+        self.SetDlgItemText(IDC_TEST_TEXT, "\xB5g");
+        self.CheckDlgButton(IDC_TEST_CHECK, true);
+        self.SendMessage(WM_COMMAND, IDOK);
+    }};
+
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+
+    EXPECT_EQ(dialog.text, "\xB5g");
+    EXPECT_EQ(dialog.checked, 1);
+}
+
+TEST(Dialog, CancelLeavesTheMembersAlone) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) {
+        self.SetDlgItemText(IDC_TEST_TEXT, "new");
+        self.SendMessage(WM_COMMAND, IDCANCEL);
+    }};
+    dialog.text = "old";
+
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+
+    EXPECT_EQ(dialog.text, "old");
+}
+
+TEST(Dialog, CloseBoxCancels) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) { self.SendMessage(WM_CLOSE); }};
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST(Dialog, TheFirstOfTwoEndsCounts) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) {
+        self.EndDialog(5);
+        self.EndDialog(6);
+    }};
+    EXPECT_EQ(dialog.DoModal(), 5);
+}
+
+TEST(Dialog, RunsWithinAHandlerOfAnother) {
+    std::vector<std::string> order;
+    ScriptedDialog outer{[&](ScriptedDialog& self) {
+        ScriptedDialog inner{[&](ScriptedDialog& nested) {
+                                 EXPECT_FALSE(::IsWindowEnabled(self.GetSafeHwnd()));
+                                 order.push_back("inner");
+                                 nested.EndDialog(2);
+                             },
+                             self.GetSafeHwnd()};
+        EXPECT_EQ(inner.DoModal(), 2);
+        EXPECT_TRUE(::IsWindowEnabled(self.GetSafeHwnd()));
+        order.push_back("outer");
+        self.EndDialog(1);
+    }};
+
+    EXPECT_EQ(outer.DoModal(), 1);
+
+    EXPECT_EQ(order, (std::vector<std::string>{"inner", "outer"}));
+}
+
+TEST(Dialog, AnExceptionOfAHandlerStaysInside) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) {
+        self.PostMessage(WM_COMMAND, IDCANCEL);
+        throw std::runtime_error("a handler failed");
+    }};
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST(Dialog, CanRunAgain) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) { self.EndDialog(3); }};
+    EXPECT_EQ(dialog.DoModal(), 3);
+    EXPECT_EQ(dialog.DoModal(), 3);
+}
+
+}  // namespace
