@@ -1,0 +1,43 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "files/TextInput.h"
+#include "logs/LabelTable.h"
+#include "logs/ModuleKey.h"
+
+namespace plotvane {
+
+// Label files are the host's; this program only reads them. A line names a group or a field of it:
+//   007,0,Idle speed                     title of group 7
+//   007,2,Coolant,temperature ; comment  name and second text of its field 2
+// or, in the file of a part number, sends the modules with some suffixes to another file:
+//   REDIRECT,038-906-019-B.LBL,FT,GH
+
+// Fills the table with the labels of the module whose key, without ".SCL", is given; `labelsFolder` holds the
+// files. The file of the module itself goes before the one of its part number, and only the latter may
+// redirect. Without a file the table is empty.
+void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyStem, LabelTable& table);
+
+std::filesystem::path BuildLabelPath(const std::filesystem::path& labelsFolder, std::string_view keyStem,
+                                     LabelForm form);
+
+// Enters one line, without its line end, into the table. Comments, malformed lines and numbers out of range
+// are ignored.
+void ParseLabelLine(std::string_view line, LabelTable& table);
+
+// The next line without its line end; what goes beyond kMaxLabelLineLength bytes is dropped. False at the end
+// of the file. A last line that the file ends without a line end is not used.
+bool ReadLabelLine(TextInput& input, std::string& line);
+
+constexpr std::size_t kMaxLabelLineLength = 4096;
+
+// The file name to which a line sends the modules with this suffix (in upper case, possibly empty). Nothing
+// if the line is no redirect, or none for them. An empty item of its list stands for modules without a
+// suffix.
+std::optional<std::string_view> RedirectTargetOf(std::string_view line, std::string_view moduleSuffix);
+
+}  // namespace plotvane
