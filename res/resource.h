@@ -2,13 +2,29 @@
    Of a run of alike controls, number k has the id FIRST + k. */
 #pragma once
 
+/* The texts and frames of a dialog that the program never asks for. */
+#ifndef IDC_STATIC
+#define IDC_STATIC -1
+#endif
+
 /* Dialogs, menu, icons. */
 #define IDD_MAIN 102
 #define IDD_PREFS 159
 #define IDD_ABOUT 160
 #define IDR_METER_MENU 129
 #define IDI_PLOTVANE 129
-#define IDI_BUTTON_FIRST 130 /* 130..140 */
+#define IDI_BUTTON_FIRST 130 /* 130..140, the images of the push buttons */
+#define IDI_PAUSE_IDLE 130
+#define IDI_PAUSE_ACTIVE 131
+#define IDI_STOP_IDLE 132
+#define IDI_STOP_ACTIVE 133
+#define IDI_LOAD_IDLE 134
+#define IDI_LOAD_ACTIVE 135
+#define IDI_PLAY_IDLE 136   /* starts over */
+#define IDI_PLAY_ACTIVE 137 /* goes on after a hold */
+#define IDI_PLUS 138
+#define IDI_MINUS 139
+#define IDI_FUEL 140
 
 /* Main dialog: chart and run buttons. */
 #define IDC_CHART_FRAME 1000

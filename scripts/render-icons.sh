@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# Renders res/icons/*.svg into the .ico files beside them. Needed only after a drawing has changed: the .ico files
+# are kept with the sources, so that a build needs no drawing tool.
+set -euo pipefail
+cd "$(dirname "$0")/../res/icons"
+
+for tool in rsvg-convert icotool; do
+    command -v "$tool" >/dev/null || { echo "render-icons: $tool is missing (Debian: librsvg2-bin icoutils)" >&2; exit 1; }
+done
+pictures=$(mktemp -d)
+trap 'rm -rf "$pictures"' EXIT
+
+# render SOURCE SIZE: one square picture of an icon, named so that the sizes sort.
+render() {
+    rsvg-convert --width "$2" --height "$2" --output "$pictures/$(printf %03d "$2").png" "$1.svg"
+}
+
+# pack ICON: all pictures into one file, the small ones as bitmaps for every reader, 256 pixels as PNG.
+pack() {
+    local arguments=() picture
+    for picture in "$pictures"/*.png; do
+        if [[ $picture == */256.png ]]; then arguments+=(--raw="$picture"); else arguments+=("$picture"); fi
+    done
+    icotool --create --bit-depth=32 --output "$1.ico" "${arguments[@]}"
+    rm "$pictures"/*.png
+    echo "res/icons/$1.ico"
+}
+
+# A program icon of full detail is mud at the size of a title bar: the small sizes have a drawing of their own.
+for size in 16 24; do render plotvane-small "$size"; done
+for size in 32 48 64 128 256; do render plotvane "$size"; done
+pack plotvane
+
+for source in *.svg; do
+    icon=${source%.svg}
+    [[ $icon == plotvane* ]] && continue
+    for size in 16 24 32; do render "$icon" "$size"; done
+    pack "$icon"
+done
