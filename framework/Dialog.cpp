@@ -23,6 +23,7 @@ void CDialog::EndDialog(INT_PTR result) {
 }
 
 void CDialog::UpdateData(bool saveAndValidate) {
+    if (!m_hWnd) return;
     CDataExchange exchange{*this, saveAndValidate};
     DoDataExchange(&exchange);
 }

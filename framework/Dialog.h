@@ -17,7 +17,8 @@ public:
     // The first result counts: closing twice, from two handlers that dispatch one another, is harmless.
     void EndDialog(INT_PTR result);
 
-    // Calls DoDataExchange: from the controls to the members, or the other way.
+    // Calls DoDataExchange: from the controls to the members, or the other way. Without controls the members
+    // stay as they are.
     void UpdateData(bool saveAndValidate = true);
 
 protected:

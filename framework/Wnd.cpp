@@ -22,23 +22,26 @@ LRESULT AnswerAfterException(HWND window, UINT message) {
 
 }  // namespace
 
-// One dispatch to a window, on the stack. A dying object tells every one of them.
+// One dispatch to a window, on the stack; all of them, of whatever window, are a chain. A dying object tells
+// every dispatch that is to it.
 struct CWnd::Visit {
-    Visit(CWnd& wnd, const CMessage& what)
-        : window(&wnd), message(what), outer(std::exchange(wnd.m_visit, this)) {}
-    ~Visit() {
-        if (window) window->m_visit = outer;
+    Visit(CWnd& wnd, const CMessage& what) : window(&wnd), message(what), outer(s_innermost) {
+        s_innermost = this;
     }
+    ~Visit() { s_innermost = outer; }
     Visit(const Visit&) = delete;
     Visit& operator=(const Visit&) = delete;
 
     CWnd* window;  // null once it is gone
     const CMessage message;
     Visit* const outer;
+
+    static inline Visit* s_innermost = nullptr;
 };
 
-void TraceLine(std::string_view line) {
-    ::OutputDebugStringW((ToWide(line) + L"\r\n").c_str());
+void TraceLine(std::string_view line) noexcept {
+    ::OutputDebugStringW(WideText{line.substr(0, 250)}.c_str());  // short: needs no memory
+    ::OutputDebugStringW(L"\r\n");
 }
 
 bool RegisterWindowClass(const wchar_t* name, UINT classStyle, HCURSOR cursor, HBRUSH background,
@@ -61,7 +64,9 @@ bool RegisterWindowClass(const wchar_t* name, UINT classStyle, HCURSOR cursor, H
 }
 
 CWnd::~CWnd() {
-    for (Visit* visit = m_visit; visit; visit = visit->outer) visit->window = nullptr;
+    for (Visit* visit = Visit::s_innermost; visit; visit = visit->outer) {
+        if (visit->window == this) visit->window = nullptr;
+    }
     if (!m_hWnd) return;
     const HWND window = m_hWnd;
     const bool isBeingDestroyed = m_windowIsBeingDestroyed;
@@ -163,8 +168,10 @@ const CMessageMap& CWnd::ThisMessageMap() {
 }
 
 LRESULT CWnd::Default() {
-    if (!m_visit || !m_hWnd) return 0;
-    const CMessage what = m_visit->message;
+    const Visit* visit = Visit::s_innermost;
+    while (visit && visit->window != this) visit = visit->outer;
+    if (!visit || !m_hWnd) return 0;
+    const CMessage what = visit->message;
     if (!m_superProc) return ::DefWindowProcW(m_hWnd, what.message, what.wParam, what.lParam);
     return ::CallWindowProcW(m_superProc, m_hWnd, what.message, what.wParam, what.lParam);
 }
@@ -192,16 +199,16 @@ LRESULT CALLBACK CWnd::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
 LRESULT CWnd::Dispatch(const CMessage& message) {
     Visit visit{*this, message};
     if (message.message == WM_DESTROY) m_windowIsBeingDestroyed = true;
-
-    const CMessageRow* row = GetMessageMap().Find(message);
-    const LRESULT result = row ? row->run(*this, message) : Default();
-
-    // From here on this object may be gone.
-    if (message.message == WM_NCDESTROY && visit.window) {
-        Unmap();
-        PostNcDestroy();
+    if (message.message == WM_NCDESTROY) {
+        const LRESULT result = Default();
+        if (visit.window) {
+            Unmap();
+            PostNcDestroy();
+        }
+        return result;
     }
-    return result;
+    const CMessageRow* row = GetMessageMap().Find(message);
+    return row ? row->run(*this, message) : Default();
 }
 
 bool CWnd::Map(HWND window) {

@@ -8,8 +8,8 @@
 #include "framework/MessageMap.h"
 #include "framework/Rect.h"
 
-// A line for whoever watches with a debugger; users never see it.
-void TraceLine(std::string_view line);
+// A line for whoever watches with a debugger; users never see it. Cut after 250 characters.
+void TraceLine(std::string_view line) noexcept;
 
 // Registers a window class for windows of CWnd once per process; asking again for the same name is harmless.
 // The class has no cursor, brush or icon of its own unless given. False if Windows refuses.
@@ -103,7 +103,8 @@ protected:
     void OnSysCommand(UINT, LPARAM) { Default(); }
     void OnTimer(UINT_PTR) { Default(); }
 
-    // The last call that an object gets for its window, which is gone by then. May delete the object.
+    // The last call that an object gets for its window: WM_NCDESTROY is over, the object has no window any
+    // more. May delete the object.
     virtual void PostNcDestroy() {}
 
 private:
@@ -115,7 +116,6 @@ private:
     bool Map(HWND window);
     void Unmap();
 
-    Visit* m_visit = nullptr;       // the innermost dispatch to this window
     WNDPROC m_superProc = nullptr;  // of an attached window: who had its messages before
     bool m_windowIsBeingDestroyed = false;
 };

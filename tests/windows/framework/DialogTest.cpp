@@ -135,6 +135,95 @@ TEST(Dialog, AnExceptionOfAHandlerStaysInside) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
+// What OnInitDialog does is up to the test.
+class StartingDialog : public CDialog {
+public:
+    explicit StartingDialog(std::function<void(StartingDialog&)> toRun)
+        : CDialog(IDD_TEST_EXCHANGE), start(std::move(toRun)) {}
+    std::function<void(StartingDialog&)> start;
+
+protected:
+    BOOL OnInitDialog() override {
+        start(*this);
+        return TRUE;
+    }
+};
+
+TEST(Dialog, MayEndBeforeItIsShown) {
+    StartingDialog dialog{[](StartingDialog& self) { self.EndDialog(9); }};
+    EXPECT_EQ(dialog.DoModal(), 9);
+}
+
+TEST(Dialog, ThatCannotBeSetUpDoesNotRun) {
+    StartingDialog dialog{[](StartingDialog&) { throw std::runtime_error("in OnInitDialog"); }};
+    EXPECT_EQ(dialog.DoModal(), -1);
+    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
+}
+
+TEST(Dialog, WithoutATemplateDoesNotRun) {
+    class Nowhere : public CDialog {
+    public:
+        Nowhere() : CDialog(64000) {}
+    };
+    Nowhere dialog;
+    EXPECT_EQ(dialog.DoModal(), -1);
+    EXPECT_EQ(dialog.DoModal(), -1);
+}
+
+TEST(Dialog, DoesNotRunTwiceAtATime) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) {
+        EXPECT_EQ(self.DoModal(), -1);
+        self.EndDialog(4);
+        EXPECT_EQ(self.DoModal(), -1);  // the first run is not over yet
+    }};
+    EXPECT_EQ(dialog.DoModal(), 4);
+}
+
+TEST(Dialog, KeepsItsMembersWhenThereAreNoControlsToReadFrom) {
+    ScriptedDialog dialog{[](ScriptedDialog& self) { self.EndDialog(1); }};
+    dialog.text = "kept";
+    dialog.DoModal();
+    dialog.UpdateData(true);
+    EXPECT_EQ(dialog.text, "kept");
+}
+
+// An OK handler of its own takes the place of the base class's.
+class StayingDialog : public ScriptedDialog {
+public:
+    using ScriptedDialog::ScriptedDialog;
+    int oks = 0;
+
+private:
+    void OnOK() override { ++oks; }
+};
+
+TEST(Dialog, DoesWhatItsOwnOkHandlerSays) {
+    StayingDialog dialog{[](ScriptedDialog& self) {
+        self.SendMessage(WM_COMMAND, IDOK);
+        self.SendMessage(WM_COMMAND, IDOK);
+        self.SendMessage(WM_COMMAND, IDCANCEL);
+    }};
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(dialog.oks, 2);
+}
+
+TEST(DataExchange, LeavesAControlAloneThatShowsTheTextAlready) {
+    int changes = -1;
+    ScriptedDialog dialog{[&](ScriptedDialog& self) {
+        self.SendDlgItemMessage(IDC_TEST_TEXT, EM_SETSEL, 1, 3);
+        self.UpdateData(false);
+        DWORD first = 0;
+        DWORD last = 0;
+        self.SendDlgItemMessage(IDC_TEST_TEXT, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                                reinterpret_cast<LPARAM>(&last));
+        changes = first == 1 && last == 3 ? 0 : 1;  // setting a text would lose the selection
+        self.EndDialog(1);
+    }};
+    dialog.text = "abcd";
+    dialog.DoModal();
+    EXPECT_EQ(changes, 0);
+}
+
 TEST(Dialog, CanRunAgain) {
     ScriptedDialog dialog{[](ScriptedDialog& self) { self.EndDialog(3); }};
     EXPECT_EQ(dialog.DoModal(), 3);

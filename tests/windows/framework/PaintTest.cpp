@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+
+#include "framework/Dc.h"
+#include "framework/Wnd.h"
+#include "tests/windows/framework/TestWnd.h"
+
+namespace {
+
+using plotvane::test::CreateHidden;
+using plotvane::test::DispatchAll;
+
+class PaintedWnd : public CWnd {
+public:
+    std::function<void(HWND)> paint;
+    int paints = 0;
+
+private:
+    void OnPaint() {
+        ++paints;
+        paint(GetSafeHwnd());
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(PaintedWnd, CWnd)
+    ON_WM_PAINT()
+END_MESSAGE_MAP()
+
+// Paints once and says whether Windows would ask for the same again.
+bool HasSomethingLeftToPaint(PaintedWnd& wnd) {
+    wnd.ShowWindow(SW_SHOWNA);
+    DispatchAll();
+    wnd.Invalidate();
+    wnd.UpdateWindow();
+    const bool left = ::GetUpdateRect(wnd.GetSafeHwnd(), nullptr, FALSE) != 0;
+    ::ValidateRect(wnd.GetSafeHwnd(), nullptr);
+    return left;
+}
+
+TEST(Paint, APaintDcTakesWhatIsToBePainted) {
+    PaintedWnd wnd;
+    wnd.paint = [](HWND window) { const CPaintDC dc{window}; };
+    ASSERT_TRUE(CreateHidden(wnd));
+    EXPECT_FALSE(HasSomethingLeftToPaint(wnd));
+    EXPECT_GT(wnd.paints, 0);
+}
+
+TEST(Paint, AnExceptionWhilePaintingEndsThePainting) {
+    PaintedWnd wnd;
+    wnd.paint = [](HWND window) {
+        const CPaintDC dc{window};
+        throw std::runtime_error("while painting");
+    };
+    ASSERT_TRUE(CreateHidden(wnd));
+    EXPECT_FALSE(HasSomethingLeftToPaint(wnd));
+    EXPECT_GT(wnd.paints, 0);
+}
+
+// Without an end this test would never come back: an update region left behind brings WM_PAINT for ever.
+TEST(Paint, AnExceptionBeforePaintingDoesNotBringThePaintingBack) {
+    PaintedWnd wnd;
+    wnd.paint = [](HWND) { throw std::runtime_error("before painting"); };
+    ASSERT_TRUE(CreateHidden(wnd));
+    EXPECT_FALSE(HasSomethingLeftToPaint(wnd));
+    EXPECT_GT(wnd.paints, 0);
+}
+
+TEST(Paint, TheClientDcDrawsOnTheWindow) {
+    PaintedWnd wnd;
+    wnd.paint = [](HWND window) { const CPaintDC dc{window}; };
+    ASSERT_TRUE(CreateHidden(wnd));
+    wnd.ShowWindow(SW_SHOWNA);
+    DispatchAll();
+
+    CClientDC dc{wnd.GetSafeHwnd()};
+    dc.FillSolidRect(wnd.GetClientRect(), RGB(10, 20, 30));
+
+    EXPECT_EQ(::GetPixel(dc, 50, 25), RGB(10, 20, 30));
+}
+
+// A window that cannot be set up does not come into being.
+class FailingWnd : public CWnd {
+private:
+    LRESULT OnCreate(WPARAM, LPARAM) { throw std::runtime_error("while being created"); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(FailingWnd, CWnd)
+    ON_MESSAGE(WM_CREATE, OnCreate)
+END_MESSAGE_MAP()
+
+TEST(Wnd, IsNotCreatedIfItsSetUpThrows) {
+    FailingWnd wnd;
+    EXPECT_FALSE(CreateHidden(wnd));
+    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
+}
+
+}  // namespace

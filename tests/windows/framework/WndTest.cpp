@@ -1,0 +1,164 @@
+#include "framework/Wnd.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/windows/framework/TestWnd.h"
+
+namespace {
+
+using plotvane::test::CreateHidden;
+using plotvane::test::kTestClass;
+
+class EndCountingWnd : public CWnd {
+public:
+    int ends = 0;
+
+protected:
+    void PostNcDestroy() override {
+        EXPECT_EQ(m_hWnd, nullptr);
+        ++ends;
+    }
+};
+
+TEST(Wnd, IsFoundByItsHandleWhileTheWindowLives) {
+    EndCountingWnd wnd;
+    ASSERT_TRUE(CreateHidden(wnd));
+    const HWND handle = wnd.GetSafeHwnd();
+    EXPECT_EQ(CWnd::FromHandle(handle), &wnd);
+
+    EXPECT_TRUE(wnd.DestroyWindow());
+
+    EXPECT_EQ(CWnd::FromHandle(handle), nullptr);
+    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
+    EXPECT_FALSE(::IsWindow(handle));
+    EXPECT_EQ(wnd.ends, 1);
+    EXPECT_FALSE(wnd.DestroyWindow());
+}
+
+TEST(Wnd, CanBeCreatedAgainButNotTwice) {
+    EndCountingWnd wnd;
+    ASSERT_TRUE(CreateHidden(wnd));
+    const HWND first = wnd.GetSafeHwnd();
+    EXPECT_FALSE(CreateHidden(wnd));
+    EXPECT_EQ(wnd.GetSafeHwnd(), first);
+
+    wnd.DestroyWindow();
+    EXPECT_TRUE(CreateHidden(wnd));
+    EXPECT_EQ(CWnd::FromHandle(wnd.GetSafeHwnd()), &wnd);
+}
+
+TEST(Wnd, WithoutItsClassThereIsNoWindow) {
+    CWnd wnd;
+    EXPECT_FALSE(wnd.CreateEx(0, L"PlotvaneNoSuchClass", "", WS_POPUP, CRect{0, 0, 1, 1}, nullptr, 0));
+    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
+}
+
+TEST(Wnd, AnObjectThatDiesFirstDestroysItsWindow) {
+    auto wnd = std::make_unique<CWnd>();
+    ASSERT_TRUE(CreateHidden(*wnd));
+    const HWND handle = wnd->GetSafeHwnd();
+
+    wnd.reset();
+
+    EXPECT_FALSE(::IsWindow(handle));
+    EXPECT_EQ(CWnd::FromHandle(handle), nullptr);
+}
+
+TEST(Wnd, AChildGoesWithItsParentAndItsObjectStays) {
+    CWnd parent;
+    EndCountingWnd child;
+    ASSERT_TRUE(CreateHidden(parent));
+    ASSERT_TRUE(CreateHidden(child, parent.GetSafeHwnd()));
+    EXPECT_EQ(parent.GetDlgItem(77), child.GetSafeHwnd());
+
+    parent.DestroyWindow();
+
+    EXPECT_EQ(child.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(child.ends, 1);
+}
+
+TEST(Wnd, TextsAreWindows1252) {
+    CWnd wnd;
+    ASSERT_TRUE(CreateHidden(wnd));
+    EXPECT_EQ(wnd.GetWindowText(), "test");
+
+    wnd.SetWindowText("5 \xB0");
+
+    EXPECT_EQ(wnd.GetWindowText(), "5 \xB0");
+    wchar_t wide[10]{};
+    ::GetWindowTextW(wnd.GetSafeHwnd(), wide, 10);
+    EXPECT_STREQ(wide, L"5 \u00B0");
+}
+
+TEST(Wnd, KnowsItsPlace) {
+    CWnd wnd;
+    ASSERT_TRUE(CreateHidden(wnd));
+    const CRect place = wnd.GetWindowRect();
+    EXPECT_EQ(place.left, 10);
+    EXPECT_EQ(place.top, 20);
+    EXPECT_EQ(place.Width(), 100);
+    EXPECT_EQ(place.Height(), 50);
+
+    const CRect client = wnd.ScreenToClient(CRect{13, 24, 20, 30});
+    EXPECT_EQ(client.left, 3);
+    EXPECT_EQ(client.top, 4);
+    EXPECT_EQ(client.right, 10);
+    EXPECT_EQ(client.bottom, 10);
+
+    wnd.MoveWindow(CRect{1, 2, 31, 42});
+    EXPECT_EQ(wnd.GetWindowRect().left, 1);
+    EXPECT_EQ(wnd.GetClientRect().Width(), 30);
+    EXPECT_EQ(wnd.GetClientRect().Height(), 40);
+}
+
+TEST(Wnd, TakesOverAControlAndGivesItBack) {
+    class UpperCase : public CWnd {
+    protected:
+        const CMessageMap& GetMessageMap() const override {
+            static const CMessageRow rows[] = {
+                {WM_GETTEXTLENGTH, 0, 0, 0, [](CWnd&, const CMessage&) -> LRESULT { return 99; }}};
+            static const CMessageMap map{nullptr, rows};
+            return map;
+        }
+    };
+    const HWND label =
+        ::CreateWindowExW(0, L"STATIC", L"text", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(label, nullptr);
+    UpperCase wnd;
+    CWnd second;
+
+    EXPECT_TRUE(wnd.Attach(label));
+    EXPECT_FALSE(second.Attach(label));
+    EXPECT_EQ(::SendMessageW(label, WM_GETTEXTLENGTH, 0, 0), 99);
+    wchar_t text[10]{};
+    EXPECT_EQ(::SendMessageW(label, WM_GETTEXT, 10, reinterpret_cast<LPARAM>(text)), 4);  // the label's own
+
+    EXPECT_EQ(wnd.Detach(), label);
+    EXPECT_EQ(::SendMessageW(label, WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(CWnd::FromHandle(label), nullptr);
+    ::DestroyWindow(label);
+    EXPECT_FALSE(second.Attach(label));
+    EXPECT_EQ(second.Detach(), nullptr);
+}
+
+TEST(Wnd, SubclassesAControlThatItCreates) {
+    CWnd edit;
+    ASSERT_TRUE(edit.CreateEx(0, L"EDIT", "abc", WS_POPUP, CRect{0, 0, 50, 20}, nullptr, 0));
+    EXPECT_EQ(CWnd::FromHandle(edit.GetSafeHwnd()), &edit);
+    EXPECT_EQ(edit.SendMessage(EM_LINELENGTH), 3);
+    edit.DestroyWindow();
+    EXPECT_EQ(edit.GetSafeHwnd(), nullptr);
+}
+
+TEST(RegisterWindowClass, MayBeAskedAgain) {
+    EXPECT_TRUE(RegisterWindowClass(kTestClass, 0));
+    EXPECT_TRUE(RegisterWindowClass(kTestClass, 0));
+}
+
+TEST(RegisterWindowClass, RefusesANameThatIsSomebodyElses) {
+    EXPECT_FALSE(RegisterWindowClass(L"EDIT", 0));
+}
+
+}  // namespace
