@@ -1,7 +1,9 @@
 #include "files/AtomicFile.h"
 
+#include <chrono>
 #include <string>
 #include <system_error>
+#include <thread>
 
 #include "files/TextInput.h"
 
@@ -52,18 +54,29 @@ bool IsProtected(const std::filesystem::path& path) {
            (status.permissions() & kWrite) == std::filesystem::perms::none;
 }
 
+// A virus scanner or an indexer often holds a file for a moment just after it was written, and Windows then
+// refuses to rename it. Tried for 80 ms at most: the user-interface thread waits.
+bool RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+    constexpr int kAttempts = 5;
+    constexpr std::chrono::milliseconds kPause{20};
+    std::error_code error;
+    for (int attempt = 1;; ++attempt) {
+        std::filesystem::rename(from, to, error);
+        if (!error) return true;
+        if (attempt == kAttempts) return false;
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
 }  // namespace
 
 bool ReplaceTextFile(const std::filesystem::path& path, std::string_view text) {
     if (IsProtected(path)) return false;
     std::filesystem::path beside = path;
     beside += ".new";
-    std::error_code error;
-    if (WriteWhole(beside, WithCrLf(text))) {
-        std::filesystem::rename(beside, path, error);
-        if (!error) return true;
-    }
-    std::filesystem::remove(beside, error);
+    if (WriteWhole(beside, WithCrLf(text)) && RenameOver(beside, path)) return true;
+    std::error_code ignored;
+    std::filesystem::remove(beside, ignored);
     return false;
 }
 

@@ -23,9 +23,15 @@ char UpperCase(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// Devices count from 1; Windows takes the raised digits of its code page for digits here.
+// Windows takes the raised digits of its code page for digits here. Devices count from 1, but some systems
+// keep 0 too.
 bool IsPortDigit(char c) {
     return (c >= '0' && c <= '9') || c == '\xB9' || c == '\xB2' || c == '\xB3';
+}
+
+bool BreaksFileName(char c) {
+    constexpr std::string_view kReserved = "\\/:*?\"<>|";
+    return static_cast<unsigned char>(c) < 0x20 || kReserved.find(c) != std::string_view::npos;
 }
 
 }  // namespace
@@ -45,6 +51,11 @@ bool IsDeviceName(std::string_view fileName) {
     if (name.size() == 4 && (name.starts_with("COM") || name.starts_with("LPT"))) return IsPortDigit(name[3]);
     constexpr std::array<std::string_view, 6> kNames = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
     return std::ranges::find(kNames, name) != kNames.end();
+}
+
+bool IsSafeFileName(std::string_view fileName) {
+    if (fileName.empty() || fileName.back() == '.' || fileName.back() == ' ') return false;
+    return std::ranges::none_of(fileName, BreaksFileName) && !IsDeviceName(fileName);
 }
 
 }  // namespace plotvane

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
+#include "files/TextInput.h"
 #include "tests/support/TempFolder.h"
 
 namespace plotvane {
@@ -45,6 +49,30 @@ TEST(ReplaceTextFile, FailsOnAFolderOfThatName) {
     const test::TempFolder folder;
     std::filesystem::create_directory(folder / "a.cfg");
     EXPECT_FALSE(ReplaceTextFile(folder / "a.cfg", "new"));
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
+TEST(ReplaceTextFile, WritesIntoAFolderWhoseNameIsNotLatin) {
+    const test::TempFolder folder;
+    const std::filesystem::path path = folder.Path() / u"\u0413\u0430\u0440\u0430\u0436" / u"\u8ECA.cfg";
+    std::filesystem::create_directory(path.parent_path());
+    EXPECT_TRUE(ReplaceTextFile(path, "x=1\n"));
+    EXPECT_EQ(test::BytesOf(path), "x=1\r\n");
+}
+
+// On Windows a file that another program reads cannot be renamed over.
+TEST(ReplaceTextFile, WaitsOutAReaderThatHoldsTheFileForAMoment) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "a.cfg", "old");
+    FileHandle reader = OpenFile(folder / "a.cfg", "rb");
+    ASSERT_TRUE(reader);
+    std::thread scanner([&reader] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        reader.reset();
+    });
+    EXPECT_TRUE(ReplaceTextFile(folder / "a.cfg", "new"));
+    scanner.join();
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "new");
     EXPECT_EQ(FilesIn(folder.Path()), 1);
 }
 

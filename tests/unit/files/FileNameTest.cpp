@@ -34,5 +34,45 @@ TEST(IsDeviceName, LetsOtherNamesPass) {
         EXPECT_FALSE(IsDeviceName(name)) << name;
 }
 
+TEST(IsSafeFileName, AcceptsPlainNames) {
+    for (const std::string_view name :
+         {"038-906-019-FT.SCL", "OBD.SCL", "a", ".SCL", "-CON.SCL", "CONSOLE.SCL", "COM.SCL", "COM10.SCL",
+          "LPT.SCL", "NULL.SCL", "my con.SCL",
+          "\xFC"
+          "ber 2.SCL",
+          "a..b", "'a' & (b) [c] {d} #1 $2 %3 ~4 !5 @6 ^7 +8 =9;"}) {
+        EXPECT_TRUE(IsSafeFileName(name)) << name;
+    }
+}
+
+TEST(IsSafeFileName, RefusesWhatLeavesTheFolder) {
+    for (const std::string_view name :
+         {"", ".", "..", "../a.SCL", "..\\a.SCL", "/etc/a", "C:a.SCL", "\\\\host\\a", "a/b"}) {
+        EXPECT_FALSE(IsSafeFileName(name)) << name;
+    }
+}
+
+TEST(IsSafeFileName, RefusesWildcardsAndControlBytes) {
+    for (const std::string_view name : {"a*.SCL", "a?.SCL", "a\"b", "a<b", "a>b", "a|b", "a\tb", "a\nb",
+                                        "\x01.SCL", "a\x1F", "file:stream"}) {
+        EXPECT_FALSE(IsSafeFileName(name)) << name;
+    }
+    EXPECT_FALSE(IsSafeFileName(std::string_view("a\0b", 3)));
+}
+
+TEST(IsSafeFileName, RefusesATrailingDotOrBlank) {
+    for (const std::string_view name : {"a.", "a.SCL.", "a ", "a.SCL ", " ", "..."}) {
+        EXPECT_FALSE(IsSafeFileName(name)) << name;
+    }
+}
+
+TEST(IsSafeFileName, RefusesDeviceNamesWithAnyExtensionAndLetterCase) {
+    for (const std::string_view name :
+         {"CON", "con.SCL", "Nul.SCL", "PRN.SCL", "AUX.SCL", "COM1.SCL", "com9.SCL", "LPT1.SCL", "lpt9",
+          "NUL .SCL", "NUL.a.SCL", "CONIN$", "conout$.SCL", "COM\xB9.SCL", "LPT\xB3.SCL", "com\xB2"}) {
+        EXPECT_FALSE(IsSafeFileName(name)) << name;
+    }
+}
+
 }  // namespace
 }  // namespace plotvane
