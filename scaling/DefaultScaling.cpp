@@ -1,0 +1,154 @@
+#include "scaling/DefaultScaling.h"
+
+#include <algorithm>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "files/AtomicFile.h"
+#include "files/TextInput.h"
+#include "model/Numbers.h"
+#include "scaling/ScalingTokens.h"
+
+namespace plotvane {
+namespace {
+
+constexpr const char* kFileName = "Defaults.cfg";
+
+struct BuiltInRow {
+    std::string_view unit;
+    int min;
+    int max;
+};
+
+constexpr std::size_t kInjectedQuantityRow = 3;  // its unit depends on the loader
+constexpr std::array<BuiltInRow, 10> kBuiltInRows = {{
+    {"/min", 0, 6000},
+    {"V", 0, 20},
+    {"\xB0\x43", -10, 120},  // °C
+    {"", 0, 1500},
+    {"%", -50, 150},
+    {"km/h", 0, 250},
+    {"mbar", 900, 2500},
+    {"Nm", 0, 400},
+    {"\xB0", -50, 50},  // °
+    {"ms", 0, 30},
+}};
+
+// A comma ends a token, and the bytes 0x1A and 0xFF end the file: all records behind them would be lost.
+bool BreaksTheFile(char character) {
+    const auto byte = static_cast<unsigned char>(character);
+    return byte == ',' || byte < 0x20 || byte == 0xFF;
+}
+
+}  // namespace
+
+DefaultScaling::DefaultScaling(std::filesystem::path scalingFolder) : m_folder(std::move(scalingFolder)) {}
+
+void DefaultScaling::LoadForPlotting() {
+    const std::optional<int> records = ReadRecords();
+    // Kept on purpose: the row that ended the reading counts too, so that the table holds one row more than
+    // the file has records. FindByUnit stops short of it and SaveDefaultScaling writes it.
+    if (records) {
+        m_lastIndex = std::min(*records, kRowCount - 1);
+    } else {
+        UseBuiltInTable("mg/str");
+    }
+}
+
+void DefaultScaling::LoadDefaultScaling() {
+    const std::optional<int> records = ReadRecords();
+    if (records) {
+        m_lastIndex = *records - 1;
+    } else {
+        UseBuiltInTable("mg/R");
+    }
+}
+
+int DefaultScaling::SaveDefaultScaling() const {
+    std::string text;
+    for (int row = 0; row <= m_lastIndex; ++row) {
+        const FieldScaling& scaling = Row(row);
+        text += scaling.unit;
+        text += ',';
+        AppendDecimal(text, scaling.min);
+        text += ',';
+        AppendDecimal(text, scaling.max);
+        text += ",\n";
+    }
+    return ReplaceTextFile(m_folder / kFileName, text) ? 0 : -1;
+}
+
+const FieldScaling& DefaultScaling::Row(int row) const {
+    static const FieldScaling kEmpty;
+    return row >= 0 && row < kRowCount ? m_rows[static_cast<std::size_t>(row)] : kEmpty;
+}
+
+FieldScaling* DefaultScaling::MutableRow(int row) {
+    return row >= 0 && row < kRowCount ? &m_rows[static_cast<std::size_t>(row)] : nullptr;
+}
+
+void DefaultScaling::SetUnit(int row, std::string_view unit) {
+    FieldScaling* const scaling = MutableRow(row);
+    if (!scaling) return;
+    std::string kept(unit);
+    std::erase_if(kept, BreaksTheFile);
+    kept.resize(std::min(kept.size(), kMaxUnitLength));
+    scaling->unit = std::move(kept);
+}
+
+void DefaultScaling::SetMin(int row, int min) {
+    if (FieldScaling* const scaling = MutableRow(row)) scaling->min = min;
+}
+
+void DefaultScaling::SetMax(int row, int max) {
+    if (FieldScaling* const scaling = MutableRow(row)) scaling->max = max;
+}
+
+bool DefaultScaling::AppendRow() {
+    FieldScaling* const scaling = MutableRow(m_lastIndex + 1);
+    if (!scaling) return false;
+    *scaling = {};
+    ++m_lastIndex;
+    return true;
+}
+
+const FieldScaling* DefaultScaling::FindByUnit(std::string_view unit) const {
+    for (int row = 0; row < m_lastIndex; ++row) {
+        if (Row(row).unit == unit) return &Row(row);
+    }
+    return nullptr;
+}
+
+// Fills the rows from the file and answers the number of complete records; nothing if it cannot be opened.
+// Where the file ends, the row behind them takes what is there: the unit, and a minimum without a maximum.
+std::optional<int> DefaultScaling::ReadRecords() {
+    TextInput file(m_folder / kFileName);
+    if (!file.IsOpen()) return std::nullopt;
+    int records = 0;
+    for (; records < kRowCount; ++records) {
+        FieldScaling& row = m_rows[static_cast<std::size_t>(records)];
+        row.unit = ReadTextToken(file);
+        if (row.unit == kEndText) break;
+        const int min = ReadIntToken(file);
+        const int max = ReadIntToken(file);
+        const bool isCutShort = max == kEndMarker;
+        if (!isCutShort || min != kEndMarker) row.min = min;
+        if (isCutShort) break;
+        row.max = max;
+    }
+    return records;
+}
+
+void DefaultScaling::UseBuiltInTable(std::string_view unitOfInjectedQuantity) {
+    for (std::size_t row = 0; row < kBuiltInRows.size(); ++row) {
+        const auto& [unit, min, max] = kBuiltInRows[row];
+        m_rows[row] = {std::string(row == kInjectedQuantityRow ? unitOfInjectedQuantity : unit), min, max};
+    }
+    m_lastIndex = static_cast<int>(kBuiltInRows.size()) - 1;
+    std::error_code ignored;
+    std::filesystem::create_directories(m_folder, ignored);
+    SaveDefaultScaling();
+}
+
+}  // namespace plotvane

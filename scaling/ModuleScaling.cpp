@@ -1,0 +1,144 @@
+#include "scaling/ModuleScaling.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "files/AtomicFile.h"
+#include "files/FileName.h"
+#include "files/TextInput.h"
+#include "model/Numbers.h"
+#include "scaling/ScalingTokens.h"
+
+namespace plotvane {
+namespace {
+
+constexpr const char* kObdFileName = "OBD.SCL";
+
+// A module's name ends at its first comma, so none is this.
+constexpr char kNoModule = ',';
+
+// More than any file needs: one of nine numbers a line, read in threes, gives 765.
+constexpr int kMaxGroupsRead = 1024;
+
+// The marker is a number too, and a user may have chosen it; only where the text ends it means the end.
+bool HasEnded(int token, TextInput& file) {
+    return token == kEndMarker && file.Peek() == TextInput::kEnd;
+}
+
+// A field of a group in the table, const as the table is; null outside it.
+template <typename Table>
+auto* Find(Table& table, int group, int field) {
+    using Scaling = ModuleScaling;
+    const bool isInside = group >= Scaling::kFirstGroup && group <= Scaling::kLastGroup && field >= 0 &&
+                          field < Scaling::kFieldCount;
+    return isInside ? &table[static_cast<std::size_t>(group)][static_cast<std::size_t>(field)] : nullptr;
+}
+
+}  // namespace
+
+ModuleScaling::ModuleScaling(std::filesystem::path scalingFolder, DefaultScaling& defaults, RunState& state)
+    : m_folder(std::move(scalingFolder)), m_defaults(defaults), m_state(state) {}
+
+ModuleLoad ModuleScaling::LoadModuleScaling(const std::string& fileName) {
+    if (fileName == m_loadedName) return ModuleLoad::AlreadyLoaded;
+    m_loadedName = fileName;
+    m_loadedWhole = false;
+    if (fileName == kObdFileName) m_state.obdFile = true;
+    m_defaults.LoadForPlotting();
+    if (!IsSafeFileName(fileName)) return ModuleLoad::Failed;
+
+    const std::filesystem::path path = PathOf(fileName);
+    m_loadedWhole = Read(path) || (Create(path) && Read(path));
+    return m_loadedWhole ? ModuleLoad::Loaded : ModuleLoad::Failed;
+}
+
+int ModuleScaling::SaveModuleScaling(const std::string& fileName) const {
+    if (!IsSafeFileName(fileName)) return -1;
+    return ReplaceTextFile(PathOf(fileName), TextOf(m_table)) ? 0 : -1;
+}
+
+ScaleRange ModuleScaling::RangeOf(int group, int field) const {
+    const ScaleRange* const range = Find(m_table, group, field);
+    return range ? *range : ScaleRange{};
+}
+
+void ModuleScaling::SetMin(int group, int field, int value) {
+    if (ScaleRange* const range = Find(m_table, group, field)) range->min = value;
+}
+
+void ModuleScaling::SetMax(int group, int field, int value) {
+    if (ScaleRange* const range = Find(m_table, group, field)) range->max = value;
+}
+
+void ModuleScaling::ForgetLoadedName() {
+    m_loadedName = kNoModule;
+    m_loadedWhole = false;
+}
+
+std::filesystem::path ModuleScaling::PathOf(const std::string& fileName) const {
+    return m_folder / PathFromText(fileName);
+}
+
+// A new file unsets what files of this form keep; the other fields stay as they are.
+ModuleScaling::Table ModuleScaling::WithFileFieldsUnset() const {
+    Table table = m_table;
+    for (int group = kFirstGroup; group <= kLastGroup; ++group) {
+        for (int field = 0; field < FieldsInFile(); ++field) *Find(table, group, field) = {};
+    }
+    return table;
+}
+
+std::string ModuleScaling::TextOf(const Table& table) const {
+    std::string text;
+    const auto add = [&text](int number) {
+        AppendDecimal(text, number);
+        text += ',';
+    };
+    add(m_state.pixelShift);
+    text += '\n';
+    for (int group = kFirstGroup; group <= kLastGroup; ++group) {
+        add(group);
+        for (int field = 0; field < FieldsInFile(); ++field) {
+            const ScaleRange& range = *Find(table, group, field);
+            add(range.min);
+            add(range.max);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+// Only for a file that is missing: one that just cannot be opened now holds ranges that the user chose.
+bool ModuleScaling::Create(const std::filesystem::path& path) const {
+    std::error_code ignored;
+    return !std::filesystem::exists(path, ignored) && ReplaceTextFile(path, TextOf(WithFileFieldsUnset()));
+}
+
+// Groups that a short file does not have are unset, rather than those of the module before. A last group
+// beyond 255 ends the reading as 255 does; it and groups below 1 are read over.
+bool ModuleScaling::Read(const std::filesystem::path& path) {
+    TextInput file(path);
+    if (!file.IsOpen()) return false;
+    const int pixelShift = ReadIntToken(file);
+    if (!HasEnded(pixelShift, file)) {
+        m_state.pixelShift = std::clamp(pixelShift, kPixelShiftMin, kPixelShiftMax);
+    }
+    m_table = WithFileFieldsUnset();
+    for (int i = 0; i < kMaxGroupsRead; ++i) {
+        const int group = ReadIntToken(file);
+        if (group == kEndMarker) break;
+        for (int field = 0; field < FieldsInFile(); ++field) {
+            const int min = ReadIntToken(file);
+            if (HasEnded(min, file)) return true;
+            SetMin(group, field, min);
+            const int max = ReadIntToken(file);
+            if (HasEnded(max, file)) return true;
+            SetMax(group, field, max);
+        }
+        if (group >= kLastGroup) break;
+    }
+    return true;
+}
+
+}  // namespace plotvane
