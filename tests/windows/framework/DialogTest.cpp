@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "tests/windows/framework/TestWnd.h"
 #include "tests/windows/support/test_dialogs.h"
 
 namespace {
@@ -125,6 +126,20 @@ TEST(Dialog, RunsWithinAHandlerOfAnother) {
     EXPECT_EQ(outer.DoModal(), 1);
 
     EXPECT_EQ(order, (std::vector<std::string>{"inner", "outer"}));
+}
+
+TEST(Dialog, ClosedWhileItsHandlerDispatchesMessagesIsOverWhenTheHandlerIs) {
+    bool handlerWentOn = false;
+    ScriptedDialog dialog{[&](ScriptedDialog& self) {
+        EXPECT_TRUE(::IsWindowVisible(self.GetSafeHwnd()));
+        self.PostMessage(WM_CLOSE);
+        plotvane::test::DispatchAll();
+        EXPECT_TRUE(::IsWindow(self.GetSafeHwnd()));
+        EXPECT_FALSE(::IsWindowVisible(self.GetSafeHwnd()));
+        handlerWentOn = true;
+    }};
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_TRUE(handlerWentOn);
 }
 
 TEST(Dialog, AnExceptionOfAHandlerStaysInside) {

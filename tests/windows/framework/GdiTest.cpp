@@ -37,17 +37,18 @@ TEST(GdiOwner, DeletesItsObject) {
 TEST(GdiOwner, HandsOverOnMoveAndIsNotCopyable) {
     static_assert(!std::is_copy_constructible_v<CPen> && !std::is_copy_assignable_v<CPen>);
     const int before = CPen::Living();
-    CPen first{::CreatePen(PS_SOLID, 1, 0)};
-    const HPEN handle = first.Get();
+    {
+        CPen first{::CreatePen(PS_SOLID, 1, 0)};
+        const HPEN handle = first.Get();
+        CPen second{std::move(first)};
+        EXPECT_EQ(second.Get(), handle);
+        EXPECT_EQ(CPen::Living(), before + 1);
 
-    CPen second{std::move(first)};
-    EXPECT_EQ(second.Get(), handle);
-    EXPECT_FALSE(first);
-    EXPECT_EQ(CPen::Living(), before + 1);
-
-    second = CPen{::CreatePen(PS_SOLID, 2, 0)};
-    EXPECT_EQ(::GetObjectType(handle), 0u);
-    EXPECT_EQ(CPen::Living(), before + 1);
+        second = CPen{::CreatePen(PS_SOLID, 2, 0)};
+        EXPECT_EQ(::GetObjectType(handle), 0u);
+        EXPECT_EQ(CPen::Living(), before + 1);
+    }
+    EXPECT_EQ(CPen::Living(), before);  // each handle had one owner
 }
 
 TEST(GdiOwner, OfAFailedCallIsEmptyAndUncounted) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 namespace plotvane::test {
 
@@ -24,7 +25,9 @@ std::filesystem::path PictureFile() {
 }
 
 void SaveBmp(const Picture& picture, const std::filesystem::path& file) {
-    const auto pixels = picture.Pixels();
+    std::vector<std::uint32_t> pixels(picture.Pixels().begin(), picture.Pixels().end());
+    for (auto& pixel : pixels) pixel |= 0xFF000000;  // opaque: viewers take the unused byte for alpha
+    const std::size_t size = pixels.size() * sizeof pixels[0];
     BITMAPINFOHEADER info{};
     info.biSize = sizeof info;
     info.biWidth = picture.Width();
@@ -35,13 +38,12 @@ void SaveBmp(const Picture& picture, const std::filesystem::path& file) {
     BITMAPFILEHEADER header{};
     header.bfType = 0x4D42;  // "BM"
     header.bfOffBits = sizeof header + sizeof info;
-    header.bfSize = header.bfOffBits + static_cast<DWORD>(pixels.size_bytes());
+    header.bfSize = header.bfOffBits + static_cast<DWORD>(size);
 
     std::ofstream out{file, std::ios::binary};
     out.write(reinterpret_cast<const char*>(&header), sizeof header);
     out.write(reinterpret_cast<const char*>(&info), sizeof info);
-    out.write(reinterpret_cast<const char*>(pixels.data()),
-              static_cast<std::streamsize>(pixels.size_bytes()));
+    out.write(reinterpret_cast<const char*>(pixels.data()), static_cast<std::streamsize>(size));
 }
 
 }  // namespace
@@ -61,7 +63,9 @@ COLORREF Canvas::At(int x, int y) const {
         ADD_FAILURE() << "(" << x << ", " << y << ") is outside of the canvas";
         return kUntouched;
     }
-    const std::uint32_t pixel = m_picture.Pixels()[static_cast<std::size_t>(y * m_picture.Width() + x)];
+    const std::uint32_t pixel =
+        m_picture.Pixels()[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_picture.Width()) +
+                           static_cast<std::size_t>(x)];
     if (pixel == kUntouched) return kUntouched;
     // From 0x00RRGGBB, and without the unused byte: block transfers copy whatever their source has there.
     return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
