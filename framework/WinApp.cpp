@@ -1,5 +1,9 @@
 #include "framework/WinApp.h"
 
+#include <exception>
+
+#include "framework/Wnd.h"
+
 namespace {
 
 CWinApp* s_application = nullptr;
@@ -14,4 +18,16 @@ CWinApp::~CWinApp() {
 }
 CWinApp* CWinApp::Current() {
     return s_application;
+}
+
+// Stands here so that it comes into a program together with the application object: the linker looks for the
+// entry point only after it has gone through the libraries.
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+    try {
+        CWinApp::Current()->InitInstance();
+        return 0;
+    } catch (const std::exception& e) {
+        TraceLine(e.what());
+        return 1;
+    }
 }

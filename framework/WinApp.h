@@ -3,7 +3,8 @@
 #include <windows.h>
 
 // The application: one object of a derived class, with static lifetime, is the whole program. The entry point
-// of a windowed program is in this library and comes to that object.
+// of a windowed program comes with it (linker option -municode): it runs InitInstance and ends the process
+// with 0, or with 1 if that throws.
 class CWinApp {
 public:
     CWinApp();
