@@ -12,12 +12,12 @@ struct MeterBoard {
     virtual ~MeterBoard() = default;
 
     virtual void SetSlotValue(int slot, double value) = 0;
-    virtual void SetSlotRange(int slot, double minimum, double maximum, std::string_view unit) = 0;
+    virtual void SetSlotRange(int slot, double minimum, double maximum) = 0;
+    virtual void SetSlotUnits(int slot, std::string_view units) = 0;
     virtual void SetObdValue(int field, double value) = 0;
 
-    virtual bool IsOpen(Fuel meter) const = 0;
     virtual void SetFuelValue(Fuel meter, double value) = 0;
-    virtual void SetFuelScale(Fuel meter, std::string_view unit, double maximum, int decimals) = 0;
+    virtual void SetFuelScale(Fuel meter, std::string_view units, double maximum, int valueDecimals) = 0;
     virtual void CloseFuelMeters() = 0;
 };
 

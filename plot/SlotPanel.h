@@ -41,8 +41,8 @@ struct SlotPanel {
     // Both fuel buttons.
     virtual void ShowFuelButtons(bool shown) = 0;
 
-    // Replay: seconds of log time, as text.
-    virtual void ShowElapsed(std::string_view text) = 0;
+    virtual void ShowPixelShift(int pixels) = 0;
+    virtual void ShowElapsed(std::string_view text) = 0;  // seconds of log time, "%1.2f"
 };
 
 }  // namespace plotvane

@@ -1,0 +1,71 @@
+#include "plot/ReplayPacing.h"
+
+#include <algorithm>
+
+#include "model/Numbers.h"
+
+namespace plotvane {
+namespace {
+
+constexpr double kJumpSeconds = 5.0;      // a longer step in log time is a gap, not a wait
+constexpr double kLongestJumpWait = 1.0;  // seconds that are waited in its place
+constexpr double kFirstStep = 0.25;       // seconds assumed where a row has no stamp
+constexpr double kStepCostMs = 5.0;       // of the work that a row takes besides the wait
+constexpr double kLatestMs = 50.0;        // further behind its time the replay does not try to catch up
+constexpr int kReplayPumpMs = 1;
+constexpr int kHoldPumpMs = 10;
+
+}  // namespace
+
+void ReplayPacing::Restart() {
+    m_previous.fill(0.0);
+    m_stepMs = kNever;
+    m_rowsReplayed = 0;
+}
+
+bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
+    const auto stamp = std::ranges::find_if(stamps, [](double seconds) { return seconds != 0.0; });
+    const bool stamped = stamp != stamps.end();
+    const double now = stamped ? *stamp : 0.0;
+    const double before =
+        stamped ? m_previous[static_cast<std::size_t>(stamp - stamps.begin())] : -kFirstStep;
+
+    double step = now - before;
+    if (step > kJumpSeconds) {
+        m_plot.chart.AppendGap(m_plot.values);
+        step = std::min(step, kLongestJumpWait);
+    }
+    WaitForStep(step, run);
+
+    m_text.clear();
+    AppendFixed(m_text, now, 2);
+    m_plot.panel.ShowElapsed(m_text);
+    m_previous = stamps;
+    return m_rowsReplayed++ == 1 && !m_prefs.autorun;
+}
+
+// The next step counts from when this one was due: the replay keeps its pace however late a single wake-up
+// comes. The speed may be changed during the wait. Messages are dispatched at least once in every step.
+void ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
+    const bool first = m_stepMs == kNever;
+    double dueMs = 0.0;
+    do {
+        m_pump.DispatchAndSleep(0);
+        const double waitMs = std::max(0.0, m_plot.state.replayPeriodMs * seconds - kStepCostMs);
+        dueMs = first ? m_pump.NowMs() : m_stepMs + waitMs;
+        if (m_pump.NowMs() < dueMs) m_pump.DispatchAndSleep(kReplayPumpMs);
+    } while (m_pump.NowMs() < dueMs && !run.Ended());
+    m_stepMs = m_pump.NowMs() - dueMs > kLatestMs ? m_pump.NowMs() : dueMs;
+}
+
+void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
+    RunState& state = m_plot.state;
+    if (!run.Ended()) state.gapPending = true;
+    state.halted = true;
+    while (!state.playing && !run.Ended()) m_pump.DispatchAndSleep(kHoldPumpMs);
+    state.halted = false;
+    if (!run.Ended() && state.gapPending) m_plot.chart.AppendGap(m_plot.values);
+    state.gapPending = false;
+}
+
+}  // namespace plotvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <utility>
+
+#include "model/MessagePump.h"
+
+namespace plotvane::test {
+
+// A clock that only waiting moves, and handlers that run from the pump when their time has come, as the
+// user's clicks do.
+class FakePump : public MessagePump {
+public:
+    double NowMs() override { return m_nowMs; }
+
+    void DispatchAndSleep(int ms) override {
+        ++dispatches;
+        while (!m_posted.empty() && m_posted.front().first <= m_nowMs) {
+            const auto handler = std::move(m_posted.front().second);
+            m_posted.pop_front();
+            handler();
+        }
+        m_nowMs += ms;
+    }
+
+    // In the order of their times.
+    void At(double ms, std::function<void()> handler) { m_posted.emplace_back(ms, std::move(handler)); }
+
+    void Pass(double ms) { m_nowMs += ms; }
+
+    int dispatches = 0;
+
+private:
+    double m_nowMs = 1000.0;
+    std::deque<std::pair<double, std::function<void()>>> m_posted;
+};
+
+}  // namespace plotvane::test

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "plot/MeterBoard.h"
+#include "plot/SlotPanel.h"
+#include "plot/TraceChart.h"
+
+// Views that remember what they were told, so that tests can read it back.
+namespace plotvane::test {
+
+struct FakeChart : TraceChart {
+    struct Range {
+        double lower = 0.0;
+        double upper = 100.0;
+        bool operator==(const Range&) const = default;
+    };
+
+    void SetRange(double lower, double upper, int trace) override {
+        ranges.at(static_cast<std::size_t>(trace)) = {lower, upper};
+        ++rangesSet;
+    }
+    Colour GetTraceColor(int trace) const override {
+        return MakeColour(1, 2, static_cast<std::uint8_t>(trace));
+    }
+    void AppendPoints(const TraceValues& values) override {
+        samples.push_back(values);
+        appendedWhileOff |= !redraw;
+    }
+    void AppendGap(const TraceValues& values) override { gaps.push_back(values); }
+    void InvalidateCtrl() override { ++redraws; }
+    void SetRedraw(bool on) override { redraw = on; }
+
+    std::array<Range, kTraceCount> ranges;
+    int rangesSet = 0;
+    std::vector<TraceValues> samples;
+    std::vector<TraceValues> gaps;
+    int redraws = 0;
+    bool redraw = true;
+    bool appendedWhileOff = false;
+};
+
+struct FakePanel : SlotPanel {
+    static constexpr Colour kInactive = 0xF0F0F0;
+
+    void ShowValue(int slot, std::string_view text) override { values.at(At(slot)) = text; }
+    bool IsTraceShown(int slot) const override { return shown.at(At(slot)); }
+    void SetTraceShown(int slot, bool on) override { shown.at(At(slot)) = on; }
+    void SetSwatch(int slot, Colour colour) override { swatches.at(At(slot)) = colour; }
+    void ShowAirFuelButton(int slot, bool on) override { airFuelShown.at(At(slot)) = on; }
+    bool IsAirFuelOn(int slot) const override { return airFuelOn.at(At(slot)); }
+    void ShowSelection(int slot, int minimum, int maximum) override {
+        frame = selected = slot;
+        limits = {minimum, maximum};
+        ++selections;
+    }
+    void HideFrame(int slot) override {
+        if (frame == slot) frame = -1;
+    }
+    void ApplyLayout(bool ten) override {
+        tenChannels = ten;
+        ++layouts;
+        swatches.fill(kInactive);
+        obdSwatches.fill(kInactive);
+    }
+    void ShowObdValue(int field, std::string_view text) override { obdValues.at(At(field)) = text; }
+    bool IsObdTraceShown(int field) const override { return obdShown.at(At(field)); }
+    void SetObdTraceShown(int field, bool on) override { obdShown.at(At(field)) = on; }
+    void SetObdSwatch(int field, Colour colour) override { obdSwatches.at(At(field)) = colour; }
+    Colour InactiveColour() const override { return kInactive; }
+    void ShowFuelButtons(bool on) override { fuelButtons = on; }
+    void ShowPixelShift(int pixels) override { pixelShift = pixels; }
+    void ShowElapsed(std::string_view text) override { elapsed = text; }
+
+    std::array<std::string, kSlotCount> values;
+    std::array<bool, kSlotCount> shown{};
+    std::array<Colour, kSlotCount> swatches{};
+    std::array<bool, kSlotCount> airFuelShown{};
+    std::array<bool, kSlotCount> airFuelOn{};
+    std::array<std::string, kObdFieldCount> obdValues;
+    std::array<bool, kObdFieldCount> obdShown{};
+    std::array<Colour, kObdFieldCount> obdSwatches{};
+    std::pair<int, int> limits;
+    int frame = -1;  // the one shown, or -1
+    int selected = -1;
+    int selections = 0;
+    bool tenChannels = false;
+    int layouts = 0;
+    bool fuelButtons = false;
+    int pixelShift = 0;
+    std::string elapsed;
+
+private:
+    static std::size_t At(int index) { return static_cast<std::size_t>(index); }
+};
+
+struct FakeMeters : MeterBoard {
+    struct Gauge {
+        double value = 0.0;
+        double minimum = 0.0;
+        double maximum = 0.0;
+        int decimals = 0;
+        std::string units;
+    };
+
+    void SetSlotValue(int slot, double value) override {
+        slots.at(static_cast<std::size_t>(slot)).value = value;
+    }
+    void SetSlotRange(int slot, double minimum, double maximum) override {
+        slots.at(static_cast<std::size_t>(slot)).minimum = minimum;
+        slots.at(static_cast<std::size_t>(slot)).maximum = maximum;
+    }
+    void SetSlotUnits(int slot, std::string_view units) override {
+        slots.at(static_cast<std::size_t>(slot)).units = units;
+    }
+    void SetObdValue(int field, double value) override { obd.at(static_cast<std::size_t>(field)) = value; }
+    void SetFuelValue(Fuel meter, double value) override { Of(meter).value = value; }
+    void SetFuelScale(Fuel meter, std::string_view units, double maximum, int decimals) override {
+        Of(meter).units = units;
+        Of(meter).maximum = maximum;
+        Of(meter).decimals = decimals;
+    }
+    void CloseFuelMeters() override { ++closed; }
+
+    Gauge& Of(Fuel meter) { return meter == Fuel::Mileage ? mileage : consumption; }
+
+    std::array<Gauge, kSlotCount> slots;
+    std::array<double, kObdFieldCount> obd{};
+    Gauge mileage;
+    Gauge consumption;
+    int closed = 0;
+};
+
+}  // namespace plotvane::test
