@@ -1,0 +1,90 @@
+#include "link/BlockReader.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plotvane {
+namespace {
+
+constexpr double kRoundMs = 50.0;
+constexpr double kPumpMs = 5.0;
+
+constexpr char kNothingNew = '\xFF';
+constexpr char kHostStops = '\xFE';
+constexpr char kHostCloses = '\xFD';
+
+// A host that idles faster than the rounds must not build a backlog, nor keep the window from answering.
+constexpr int kMaxIdleFillsPerRound = 64;
+
+}  // namespace
+
+void BlockReader::Attach(int descriptor) {
+    if (descriptor != m_descriptor) Drop();
+    m_descriptor = descriptor;
+    m_pipe.Attach(descriptor);
+}
+
+Block BlockReader::Read(RecordBuffer& record, const LoopRun& run) {
+    do {
+        WaitOutTheRound(run);
+        if (run.Ended()) return Block::Ended;
+        if (!DropIdleBytes()) return Block::HostStopped;
+    } while (Kept() == 0);
+
+    if (m_bytes[m_begin] == kHostStops || m_bytes[m_begin] == kHostCloses) {
+        return m_bytes[m_begin++] == kHostStops ? Block::HostStopped : Block::HostClosing;
+    }
+
+    while (Kept() < RecordBuffer::kBlockSize) {
+        const std::size_t before = Kept();
+        if (!Fill()) return Block::HostStopped;
+        if (Kept() > before) continue;
+        m_pump.DispatchAndSleep(static_cast<int>(kPumpMs));
+        if (run.Ended()) return Block::Ended;
+    }
+    std::copy_n(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_begin), RecordBuffer::kBlockSize,
+                record.Block().begin());
+    m_begin += RecordBuffer::kBlockSize;
+    return Block::Record;
+}
+
+// Rounds follow one another without a gap, so that neither the time a record takes nor a late wake-up slows
+// the pace below twenty blocks a second; after a longer hold-up the count starts afresh. Messages are
+// dispatched at least once in every round.
+void BlockReader::WaitOutTheRound(const LoopRun& run) {
+    const double roundEndsMs = m_roundBeganMs + kRoundMs;
+    double leftMs = roundEndsMs - m_pump.NowMs();
+    do {
+        m_pump.DispatchAndSleep(static_cast<int>(std::clamp(std::ceil(leftMs), 0.0, kPumpMs)));
+        leftMs = roundEndsMs - m_pump.NowMs();
+    } while (leftMs > 0.0 && !run.Ended());
+    m_roundBeganMs = -leftMs > kRoundMs ? m_pump.NowMs() : roundEndsMs;
+}
+
+// Drops the "nothing new" bytes in front, all that have arrived. False at the end of the stream.
+bool BlockReader::DropIdleBytes() {
+    for (int fills = 0;; ++fills) {
+        while (Kept() > 0 && m_bytes[m_begin] == kNothingNew) ++m_begin;
+        if (Kept() > 0 || fills == kMaxIdleFillsPerRound) return true;
+        if (!Fill()) return false;
+        if (Kept() == 0) return true;
+    }
+}
+
+// Takes what has arrived behind the bytes kept. False at the end of the stream; the rest of a block is then
+// dropped, because its other part will never come.
+bool BlockReader::Fill() {
+    std::move(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_begin),
+              m_bytes.begin() + static_cast<std::ptrdiff_t>(m_end), m_bytes.begin());
+    m_end -= m_begin;
+    m_begin = 0;
+    const int count = m_pipe.TryRead(std::span(m_bytes).subspan(m_end));
+    if (count == HostPipe::kEndOfStream) {
+        Drop();
+        return false;
+    }
+    m_end += static_cast<std::size_t>(count);
+    return true;
+}
+
+}  // namespace plotvane

@@ -1,0 +1,173 @@
+#include "link/BlockReader.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/support/FakePump.h"
+#include "tests/unit/support/ScriptedPipe.h"
+
+namespace plotvane {
+namespace {
+
+class BlockReaderTest : public testing::Test {
+protected:
+    BlockReaderTest() {
+        state.stopped = false;
+        reader.Attach(5);
+    }
+    Block Read() { return reader.Read(record, LoopRun(state)); }
+
+    // A click that stops the run, some time from now.
+    void StopAfter(double ms) {
+        pump.At(pump.NowMs() + ms, [this] { state.stopped = true; });
+    }
+
+    RunState state;
+    RecordBuffer record;
+    test::ScriptedPipe pipe;
+    test::FakePump pump;
+    BlockReader reader{pipe, pump};
+};
+
+TEST_F(BlockReaderTest, GivesTheLeadByteAndThe512BytesBehindIt) {
+    std::string block(513, 'b');
+    block.front() = '0';
+    block.back() = 'e';
+    pipe.Write(block);
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), block);
+}
+
+TEST_F(BlockReaderTest, WaitsOutTheRoundBeforeEachLeadByte) {
+    for (const char* record : {"one,", "two,", "three,"}) pipe.Write(test::BlockOf(record));
+    EXPECT_EQ(Read(), Block::Record);
+    const double first = pump.NowMs();
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(pump.NowMs() - first, 100.0);
+    EXPECT_EQ(record.Text(), "three,");
+}
+
+TEST_F(BlockReaderTest, TheTimeThatARecordTakesDoesNotSlowThePace) {
+    pipe.Write(test::BlockOf("one,"));
+    pipe.Write(test::BlockOf("two,"));
+    EXPECT_EQ(Read(), Block::Record);
+    const double first = pump.NowMs();
+    pump.Pass(30.0);
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(pump.NowMs() - first, 50.0);
+}
+
+TEST_F(BlockReaderTest, DispatchesMessagesBeforeEveryBlockHoweverLateItIs) {
+    pipe.Write(test::BlockOf("one,"));
+    pump.Pass(500.0);
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_GE(pump.dispatches, 1);
+}
+
+TEST_F(BlockReaderTest, DropsNothingNewBytesAndTakesWhatStandsBehindThem) {
+    pipe.Write("\xFF\xFF\xFF" + test::BlockOf("record,"));
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), "record,");
+}
+
+TEST_F(BlockReaderTest, AnIdleHostKeepsTheWindowAliveUntilItStops) {
+    for (int i = 0; i < 1000; ++i) pipe.Write("\xFF");
+    StopAfter(20000.0);
+    EXPECT_EQ(Read(), Block::Ended);
+    EXPECT_GT(pump.dispatches, 1000);
+}
+
+TEST_F(BlockReaderTest, AFloodOfNothingNewBytesDoesNotHoldTheWindowUp) {
+    for (int i = 0; i < 2000; ++i) pipe.Write(std::string(4096, '\xFF'));
+    const double began = pump.NowMs();
+    StopAfter(120.0);
+    EXPECT_EQ(Read(), Block::Ended);
+    EXPECT_LE(pump.NowMs() - began, 125.0);
+}
+
+TEST_F(BlockReaderTest, TellsTheControlBytesApart) {
+    pipe.Write("\xFE");
+    EXPECT_EQ(Read(), Block::HostStopped);
+    pipe.Write("\xFF\xFD");
+    EXPECT_EQ(Read(), Block::HostClosing);
+}
+
+TEST_F(BlockReaderTest, ControlCodesInsideARecordAreOrdinaryBytes) {
+    pipe.Write(test::BlockOf("0\xFF\xFE\xFD,"));
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), "0\xFF\xFE\xFD,");
+}
+
+TEST_F(BlockReaderTest, PutsABlockTogetherThatWasSplitAnywhere) {
+    const std::string block = test::BlockOf("038 906 019 FT,G001,F0,780,/min,");
+    for (std::size_t split = 1; split < block.size(); ++split) {
+        pipe.Write(block.substr(0, split));
+        pipe.WriteNothing();
+        pipe.Write(block.substr(split));
+        ASSERT_EQ(Read(), Block::Record) << split;
+        ASSERT_EQ(record.Text(), "038 906 019 FT,G001,F0,780,/min,") << split;
+    }
+}
+
+TEST_F(BlockReaderTest, AHalfBlockKeepsTheWindowAlive) {
+    pipe.Write("0123");
+    StopAfter(3000.0);
+    EXPECT_EQ(Read(), Block::Ended);
+    EXPECT_GT(pump.dispatches, 500);
+}
+
+TEST_F(BlockReaderTest, TheNextRunFinishesABlockThatAStopCutInTwo) {
+    const std::string block = test::BlockOf("038 906 019 FT,");
+    pipe.Write(block.substr(0, 200));
+    StopAfter(300.0);
+    EXPECT_EQ(Read(), Block::Ended);
+
+    state.stopped = false;
+    reader.Attach(5);
+    pipe.Write(block.substr(200));
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), "038 906 019 FT,");
+}
+
+TEST_F(BlockReaderTest, ANewDescriptorStartsWithALeadByte) {
+    pipe.Write("0123");
+    StopAfter(300.0);
+    EXPECT_EQ(Read(), Block::Ended);
+
+    state.stopped = false;
+    reader.Attach(6);
+    EXPECT_EQ(pipe.descriptor, 6);
+    pipe.Write(test::BlockOf("new,"));
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), "new,");
+}
+
+TEST_F(BlockReaderTest, AClosedPipeEndsAsTheStopByteDoes) {
+    pipe.closed = true;
+    EXPECT_EQ(Read(), Block::HostStopped);
+    pipe.Write("0123");
+    EXPECT_EQ(Read(), Block::HostStopped);  // inside a block
+    EXPECT_EQ(Read(), Block::HostStopped);  // and no byte of it is taken for a lead byte later
+}
+
+TEST_F(BlockReaderTest, EndsWhenStoppedWhileWaitingForTheLeadByte) {
+    StopAfter(10.0);
+    EXPECT_EQ(Read(), Block::Ended);
+}
+
+TEST_F(BlockReaderTest, EndsWhenANewerRunWasStartedWhileItWaited) {
+    pump.At(pump.NowMs(), [this] { ++state.generation; });
+    EXPECT_EQ(Read(), Block::Ended);
+}
+
+TEST_F(BlockReaderTest, TakesSeveralBlocksThatArrivedTogetherOneARound) {
+    pipe.Write(test::BlockOf("one,") + test::BlockOf("two,") + "\xFE");
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), "one,");
+    EXPECT_EQ(Read(), Block::Record);
+    EXPECT_EQ(record.Text(), "two,");
+    EXPECT_EQ(Read(), Block::HostStopped);
+}
+
+}  // namespace
+}  // namespace plotvane
