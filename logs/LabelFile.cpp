@@ -78,7 +78,7 @@ std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path&
     while (ReadLabelLine(input, line)) {
         const auto target = RedirectTargetOf(line, suffix);
         if (!target) continue;
-        if (IsDeviceName(*target)) return std::nullopt;
+        if (!IsSafeFileName(*target)) return std::nullopt;
         return labelsFolder / PathFromText(*target);
     }
     return path;

@@ -30,7 +30,8 @@ void LabelTable::SetField(int group, int field, std::string_view name, std::stri
 }
 
 std::size_t LabelTable::IndexOf(int group, int text) {
-    return static_cast<std::size_t>((group - 1) * kTexts + text);
+    const int index = (group - 1) * kTexts + text;
+    return static_cast<std::size_t>(index);
 }
 
 const std::string& LabelTable::Text(int group, int text) const {

@@ -1,0 +1,52 @@
+#include "logs/CurrentModule.h"
+
+#include <utility>
+
+#include "logs/LabelFile.h"
+#include "logs/ModuleKey.h"
+
+namespace plotvane {
+
+CurrentModule::CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar,
+                             std::string liveTitle, std::filesystem::path labelsFolder)
+    : m_state(state),
+      m_scaling(scaling),
+      m_titleBar(titleBar),
+      m_liveTitle(std::move(liveTitle)),
+      m_labelsFolder(std::move(labelsFolder)) {}
+
+std::optional<std::size_t> CurrentModule::ApplyModuleName(std::string_view record) {
+    const auto comma = record.find(',');
+    if (comma == std::string_view::npos) return std::nullopt;
+    if (m_key != m_scaling.LoadedName()) {
+        m_name = record.substr(0, comma);
+        m_key = ScalingFileNameOf(m_name);
+        if (m_key == kObdScalingFile) m_state.obdFile = true;
+        ShowTitle();
+        FollowLabels();
+    }
+    return comma + 1;
+}
+
+// Generic OBD streams never load a scaling, so each of their records comes through here: an unchanged title
+// is left alone, or it would flicker.
+void CurrentModule::ShowTitle() {
+    if (m_state.logMode)
+        m_nextTitle.assign("Plotvane   -   ").append(m_name).append("  -   ").append(m_logFileName);
+    else
+        m_nextTitle.assign(m_liveTitle).append(m_name);
+    if (m_nextTitle == m_title) return;
+    m_title = m_nextTitle;
+    m_titleBar.SetModuleTitle(m_title);
+}
+
+// Reads the files once in a run of the loop, not twenty times a second; a new run sees what has changed in
+// them.
+void CurrentModule::FollowLabels() {
+    if (m_key == m_labelsKey && m_state.generation == m_labelsGeneration) return;
+    m_labelsKey = m_key;
+    m_labelsGeneration = m_state.generation;
+    LoadLabels(m_labelsFolder, KeyStemOf(m_key), m_labels);
+}
+
+}  // namespace plotvane

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "logs/LabelTable.h"
+#include "logs/TitleBar.h"
+#include "model/RunState.h"
+#include "scaling/ModuleScaling.h"
+
+namespace plotvane {
+
+// The control module whose values are shown: its name as records give it, the name of its scaling file, its
+// labels. It follows the records, live or from a log.
+class CurrentModule {
+public:
+    // `liveTitle` goes before the module's name in the window title while data is live; `labelsFolder` holds
+    // the host's label files. All but the texts must outlive this object.
+    CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar, std::string liveTitle,
+                  std::filesystem::path labelsFolder);
+
+    // To be called for every record, before its items are parsed: takes the module from the record's first
+    // field, unless the scaling of the present key is loaded. Then the record's own name is not looked at, so
+    // that one module's ranges stay in force until the loop starts anew. Returns the position behind the
+    // first comma; nothing, with all as it was, if the record has no comma.
+    std::optional<std::size_t> ApplyModuleName(std::string_view record);
+
+    // The log import's module name takes the key's place until the first record; no scaling file has it.
+    void SetRawKey(std::string_view moduleName) { m_key = moduleName; }
+
+    // Name and extension of the log in use, for the window title.
+    void SetLogFileName(std::string_view fileName) { m_logFileName = fileName; }
+
+    // As in the record; empty before the first one.
+    const std::string& Name() const { return m_name; }
+
+    // The name of the module's scaling file, at most 15 characters and ".SCL"; empty before the first record.
+    const std::string& Key() const { return m_key; }
+
+    const LabelTable& Labels() const { return m_labels; }
+
+private:
+    void ShowTitle();
+    void FollowLabels();
+
+    RunState& m_state;
+    const ModuleScaling& m_scaling;
+    TitleBar& m_titleBar;
+    const std::string m_liveTitle;
+    const std::filesystem::path m_labelsFolder;
+
+    std::string m_name;
+    std::string m_key;
+    std::string m_logFileName;
+    std::string m_title;      // what the title bar was last given
+    std::string m_nextTitle;  // kept for its memory
+    LabelTable m_labels;
+    std::string m_labelsKey;               // the key that the labels were loaded for,
+    std::uint32_t m_labelsGeneration = 0;  // and the run of the loop that did
+};
+
+}  // namespace plotvane
