@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
-# Renders res/icons/*.svg into the .ico files beside them. Needed only after a drawing has changed: the .ico files
-# are kept with the sources, so that a build needs no drawing tool.
+# Renders res/icons/*.svg into the .ico files beside them. Needed only after a drawing has changed: the .ico
+# files are kept with the sources, so that a build needs no drawing tool.
 set -euo pipefail
 cd "$(dirname "$0")/../res/icons"
 
 for tool in rsvg-convert icotool; do
-    command -v "$tool" >/dev/null || { echo "render-icons: $tool is missing (Debian: librsvg2-bin icoutils)" >&2; exit 1; }
+    if ! command -v "$tool" >/dev/null; then
+        echo "render-icons: $tool is missing (Debian: librsvg2-bin icoutils)" >&2
+        exit 1
+    fi
 done
 pictures=$(mktemp -d)
 trap 'rm -rf "$pictures"' EXIT
@@ -26,7 +29,7 @@ pack() {
     echo "res/icons/$1.ico"
 }
 
-# A program icon of full detail is mud at the size of a title bar: the small sizes have a drawing of their own.
+# In full detail the program icon would be mud at the size of a title bar: small sizes have their own drawing.
 for size in 16 24; do render plotvane-small "$size"; done
 for size in 32 48 64 128 256; do render plotvane "$size"; done
 pack plotvane
