@@ -55,7 +55,9 @@ ModuleLoad ModuleScaling::LoadModuleScaling(const std::string& fileName) {
 
 int ModuleScaling::SaveModuleScaling(const std::string& fileName) const {
     if (!IsSafeFileName(fileName)) return -1;
-    return ReplaceTextFile(PathOf(fileName), TextOf(m_table)) ? 0 : -1;
+    std::string text;
+    WriteModuleScaling(m_table, text);
+    return ReplaceTextFile(PathOf(fileName), text) ? 0 : -1;
 }
 
 ScaleRange ModuleScaling::RangeOf(int group, int field) const {
@@ -89,8 +91,7 @@ ModuleScaling::Table ModuleScaling::WithFileFieldsUnset() const {
     return table;
 }
 
-std::string ModuleScaling::TextOf(const Table& table) const {
-    std::string text;
+void ModuleScaling::WriteModuleScaling(const Table& table, std::string& text) const {
     const auto add = [&text](int number) {
         AppendDecimal(text, number);
         text += ',';
@@ -106,13 +107,15 @@ std::string ModuleScaling::TextOf(const Table& table) const {
         }
         text += '\n';
     }
-    return text;
 }
 
 // Only for a file that is missing: one that just cannot be opened now holds ranges that the user chose.
 bool ModuleScaling::Create(const std::filesystem::path& path) const {
     std::error_code ignored;
-    return !std::filesystem::exists(path, ignored) && ReplaceTextFile(path, TextOf(WithFileFieldsUnset()));
+    if (std::filesystem::exists(path, ignored)) return false;
+    std::string text;
+    WriteModuleScaling(WithFileFieldsUnset(), text);
+    return ReplaceTextFile(path, text);
 }
 
 // Groups that a short file does not have are unset, rather than those of the module before. A last group

@@ -70,7 +70,7 @@ private:
 
     std::filesystem::path PathOf(const std::string& fileName) const;
     Table WithFileFieldsUnset() const;
-    std::string TextOf(const Table& table) const;
+    void WriteModuleScaling(const Table& table, std::string& text) const;
     bool Create(const std::filesystem::path& path) const;
     bool Read(const std::filesystem::path& path);
 

@@ -37,10 +37,8 @@ TEST(IsDeviceName, LetsOtherNamesPass) {
 TEST(IsSafeFileName, AcceptsPlainNames) {
     for (const std::string_view name :
          {"038-906-019-FT.SCL", "OBD.SCL", "a", ".SCL", "-CON.SCL", "CONSOLE.SCL", "COM.SCL", "COM10.SCL",
-          "LPT.SCL", "NULL.SCL", "my con.SCL",
-          "\xFC"
-          "ber 2.SCL",
-          "a..b", "'a' & (b) [c] {d} #1 $2 %3 ~4 !5 @6 ^7 +8 =9;"}) {
+          "LPT.SCL", "NULL.SCL", "my con.SCL", "f\xFCr 2.SCL", "a..b",
+          "'a' & (b) [c] {d} #1 $2 %3 ~4 !5 @6 ^7 +8 =9;"}) {
         EXPECT_TRUE(IsSafeFileName(name)) << name;
     }
 }

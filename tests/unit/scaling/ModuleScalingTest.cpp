@@ -340,6 +340,15 @@ TEST_F(ModuleScalingTest, NamesAreTakenAsWindows1252) {
     EXPECT_EQ(test::BytesOf(m_scaling / std::filesystem::path(u"M\u00FCller.SCL")), NewFile());
 }
 
+TEST_F(ModuleScalingTest, TheFolderMayHaveANameThatIsNotLatin) {
+    const std::filesystem::path folder = m_folder.Path() / u"\u0413\u0430\u0440\u0430\u0436" / "Scaling";
+    DefaultScaling defaults(folder);
+    ModuleScaling module(folder, defaults, m_state);
+    EXPECT_EQ(module.LoadModuleScaling(kEngine), ModuleLoad::Loaded);
+    EXPECT_EQ(module.SaveModuleScaling(kEngine), 0);
+    EXPECT_EQ(test::BytesOf(folder / kEngine), NewFile());
+}
+
 TEST_F(ModuleScalingTest, SavingFailsOnAProtectedFileAndKeepsIt) {
     EXPECT_EQ(m_module.LoadModuleScaling(kEngine), ModuleLoad::Loaded);
     m_module.SetMax(1, 0, 6000);
