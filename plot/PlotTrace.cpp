@@ -52,7 +52,7 @@ TraceSegment PlotTrace::TakeSegment(const ChartGeometry& geometry, int shift) {
         y1 += dy > 0 ? -1 : 1;
     }
 
-    TraceSegment segment{.from = {x0 - 1, y0}, .to = {x1 - 1, y1}, .wipedAbove = {}, .wipedBelow = {}};
+    TraceSegment segment{.line = {{x0 - 1, y0}, {x1 - 1, y1}}, .wipedAbove = {}, .wipedBelow = {}};
     // Above, the plot's top row goes too; below, its bottom row stays, so that a trace at its lower limit is
     // seen. Kept on purpose.
     if (y0 <= plot.top || y1 <= plot.top) segment.wipedAbove = {x0, client.top, x1 + 1, plot.top + 1};

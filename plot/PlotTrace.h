@@ -9,8 +9,7 @@ namespace plotvane {
 
 // One line of a trace, and what must be wiped after it so that it ends at the plot's edges.
 struct TraceSegment {
-    PixelPoint from;
-    PixelPoint to;  // the line primitive leaves this pixel out
+    PixelLine line;  // the line primitive leaves its last pixel out
     std::optional<PixelRect> wipedAbove;
     std::optional<PixelRect> wipedBelow;
 

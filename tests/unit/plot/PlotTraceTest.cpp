@@ -108,47 +108,47 @@ TEST_F(PlotTraceTest, RangeKeepsItsFactorInStepWithTheHeight) {
 TEST_F(PlotTraceTest, FirstSegmentStartsAtTheRowOfZero) {
     PlotTrace engineSpeed = Between(0.0, 6000.0);
     EXPECT_EQ(Take(engineSpeed, 780.0),
-              (TraceSegment{{606, 300}, {609, 262}, {}, PixelRect{607, 301, 611, 311}}));
+              (TraceSegment{{{606, 300}, {609, 262}}, {}, PixelRect{607, 301, 611, 311}}));
     EXPECT_EQ(engineSpeed.previousY, 263);
 
     PlotTrace temperature = Between(-10.0, 120.0);
-    EXPECT_EQ(Take(temperature, 90.0), (TraceSegment{{606, 278}, {609, 76}, {}, {}}));
+    EXPECT_EQ(Take(temperature, 90.0), (TraceSegment{{{606, 278}, {609, 76}}, {}, {}}));
     EXPECT_EQ(temperature.previousY, 77);
 
     PlotTrace speed = Between(0.0, 250.0);
-    EXPECT_EQ(Take(speed, 50.0).to, (PixelPoint{609, 242}));
+    EXPECT_EQ(Take(speed, 50.0).line.to, (PixelPoint{609, 242}));
     PlotTrace flow = Between(0.0, 100.0);
-    EXPECT_EQ(Take(flow, 4.2).to, (PixelPoint{609, 287}));
+    EXPECT_EQ(Take(flow, 4.2).line.to, (PixelPoint{609, 287}));
 }
 
 TEST_F(PlotTraceTest, NextSegmentStartsWhereTheLastEnded) {
     PlotTrace trace = Between(0.0, 6000.0);
     Take(trace, 780.0);
     EXPECT_EQ(trace.previous, 780.0);
-    EXPECT_EQ(Take(trace, 780.0).from, (PixelPoint{606, 263}));
+    EXPECT_EQ(Take(trace, 780.0).line.from, (PixelPoint{606, 263}));
 }
 
 TEST_F(PlotTraceTest, FlatSegmentIsExtendedByAColumn) {
     PlotTrace trace = Between(0.0, 290.0);  // a row for each unit
     Take(trace, 100.0);
-    EXPECT_EQ(Take(trace, 100.0), (TraceSegment{{606, 200}, {610, 200}, {}, {}}));
+    EXPECT_EQ(Take(trace, 100.0), (TraceSegment{{{606, 200}, {610, 200}}, {}, {}}));
     EXPECT_EQ(Take(trace, 102.0),
-              (TraceSegment{{606, 200}, {610, 198}, {}, {}}));  // two rows on three columns
+              (TraceSegment{{{606, 200}, {610, 198}}, {}, {}}));  // two rows on three columns
 }
 
 TEST_F(PlotTraceTest, SteepSegmentIsExtendedByARow) {
     PlotTrace trace = Between(0.0, 290.0);
     Take(trace, 100.0);
     EXPECT_EQ(Take(trace, 103.0),
-              (TraceSegment{{606, 200}, {609, 196}, {}, {}}));  // up: as many rows as columns
-    EXPECT_EQ(Take(trace, 100.0), (TraceSegment{{606, 197}, {609, 201}, {}, {}}));  // down
+              (TraceSegment{{{606, 200}, {609, 196}}, {}, {}}));  // up: as many rows as columns
+    EXPECT_EQ(Take(trace, 100.0), (TraceSegment{{{606, 197}, {609, 201}}, {}, {}}));  // down
 }
 
 TEST_F(PlotTraceTest, WithoutAShiftTheSegmentIsVertical) {
     PlotTrace trace = Between(0.0, 290.0);
     Take(trace, 100.0);
-    EXPECT_EQ(Take(trace, 150.0, 0), (TraceSegment{{609, 200}, {609, 149}, {}, {}}));
-    EXPECT_EQ(Take(trace, 150.0, 0), (TraceSegment{{609, 150}, {609, 151}, {}, {}}));  // a single pixel
+    EXPECT_EQ(Take(trace, 150.0, 0), (TraceSegment{{{609, 200}, {609, 149}}, {}, {}}));
+    EXPECT_EQ(Take(trace, 150.0, 0), (TraceSegment{{{609, 150}, {609, 151}}, {}, {}}));  // a single pixel
 }
 
 TEST_F(PlotTraceTest, WipesAboveIncludingTheTopRow) {
@@ -158,14 +158,14 @@ TEST_F(PlotTraceTest, WipesAboveIncludingTheTopRow) {
     EXPECT_EQ(Take(trace, 290.0).wipedAbove, (PixelRect{607, 0, 612, 11}));  // ends in row 10
     EXPECT_EQ(Take(trace, 288.0).wipedAbove, (PixelRect{607, 0, 612, 11}));  // starts in row 10
     EXPECT_EQ(Take(trace, 288.0).wipedAbove, std::nullopt);
-    EXPECT_EQ(Take(trace, 400.0), (TraceSegment{{606, 12}, {609, -101}, PixelRect{607, 0, 611, 11}, {}}));
+    EXPECT_EQ(Take(trace, 400.0), (TraceSegment{{{606, 12}, {609, -101}}, PixelRect{607, 0, 611, 11}, {}}));
 }
 
 TEST_F(PlotTraceTest, ExtensionCountsForTheWipe) {
     PlotTrace trace = Between(0.0, 290.0);
     Take(trace, 285.0);  // row 15
     // Steep up to row 11: the line's end is then row 10.
-    EXPECT_EQ(Take(trace, 289.0), (TraceSegment{{606, 15}, {609, 10}, PixelRect{607, 0, 611, 11}, {}}));
+    EXPECT_EQ(Take(trace, 289.0), (TraceSegment{{{606, 15}, {609, 10}}, PixelRect{607, 0, 611, 11}, {}}));
 }
 
 TEST_F(PlotTraceTest, WipesBelowWithoutTheBottomRow) {
@@ -173,7 +173,8 @@ TEST_F(PlotTraceTest, WipesBelowWithoutTheBottomRow) {
     Take(trace, 2.0);
     EXPECT_EQ(Take(trace, 1.0).wipedBelow, std::nullopt);                     // row 299
     EXPECT_EQ(Take(trace, 0.0).wipedBelow, (PixelRect{607, 301, 612, 311}));  // row 300
-    EXPECT_EQ(Take(trace, -50.0), (TraceSegment{{606, 300}, {609, 351}, {}, PixelRect{607, 301, 611, 311}}));
+    EXPECT_EQ(Take(trace, -50.0),
+              (TraceSegment{{{606, 300}, {609, 351}}, {}, PixelRect{607, 301, 611, 311}}));
 }
 
 TEST_F(PlotTraceTest, WipesBothSidesOfASegmentThroughTheWholePlot) {
@@ -189,10 +190,10 @@ TEST_F(PlotTraceTest, EndAboveTheFirstRowIsTakenFromTheValueInTheNewRange) {
     Take(trace, 400.0);
     EXPECT_EQ(trace.previousY, -100);
     trace.SetRange(0.0, 580.0, 290);
-    EXPECT_EQ(Take(trace, 400.0).from.y, 100);  // 400 of 580
+    EXPECT_EQ(Take(trace, 400.0).line.from.y, 100);  // 400 of 580
 
     trace.SetRange(0.0, 290.0, 290);
-    EXPECT_EQ(Take(trace, 400.0).from.y, 100);  // inside: the row counts, though the range has changed
+    EXPECT_EQ(Take(trace, 400.0).line.from.y, 100);  // inside: the row counts, though the range has changed
 }
 
 TEST_F(PlotTraceTest, GapMovesTheEndWithoutALine) {
@@ -202,7 +203,7 @@ TEST_F(PlotTraceTest, GapMovesTheEndWithoutALine) {
     trace.TakeGap(m_geometry);
     EXPECT_EQ(trace.previous, 50.0);
     EXPECT_EQ(trace.previousY, 250);
-    EXPECT_EQ(Take(trace, 60.0).from, (PixelPoint{606, 250}));
+    EXPECT_EQ(Take(trace, 60.0).line.from, (PixelPoint{606, 250}));
 }
 
 }  // namespace
