@@ -1,0 +1,248 @@
+#include "plot/MultiPlotCtrl.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+#include <utility>
+
+#include "tests/windows/plot/BareChart.h"
+#include "tests/windows/plot/ChartFixture.h"
+
+namespace plotvane::test {
+namespace {
+
+class MultiPlotCtrl : public ChartFixture {
+protected:
+    bool HasUpdateRegion() const { return ::GetUpdateRect(chart.m_hWnd, nullptr, FALSE) != 0; }
+};
+
+TEST_F(MultiPlotCtrl, EdgesTakeThreePixelsOnEachSide) {
+    const CRect client = chart.GetClientRect();
+    EXPECT_EQ(client.Width(), 620);
+    EXPECT_EQ(client.Height(), 310);
+    constexpr DWORD kEdges = WS_EX_STATICEDGE | WS_EX_CLIENTEDGE;
+    EXPECT_EQ(static_cast<DWORD>(::GetWindowLongPtrW(chart.m_hWnd, GWL_EXSTYLE)) & kEdges, kEdges);
+    constexpr DWORD kClassStyle = CS_HREDRAW | CS_VREDRAW;
+    EXPECT_EQ(static_cast<DWORD>(::GetClassLongPtrW(chart.m_hWnd, GCL_STYLE)), kClassStyle);
+}
+
+TEST_F(MultiPlotCtrl, CreationFailureIsAnswered) {
+    CMultiPlotCtrl other(prefs, state, slots);
+    EXPECT_FALSE(other.Create(WS_CHILD, CRect{0, 0, 10, 10}, nullptr, 1));
+    other.AppendPoints(Values(1));
+    other.InvalidateCtrl();
+    const Shown shown(other);
+    EXPECT_EQ(shown.At(5, 5), kUntouched);
+}
+
+// Bits of trace and grid mix wherever both have one.
+TEST_F(MultiPlotCtrl, TracesAreOredOverTheGrid) {
+    chart.SetBackgroundColor(0x402000);
+    chart.SetGridColor(0x008040);
+    chart.SetTraceColor(0x100081, kTrace);
+    chart.SetRange(0, 290, kTrace);
+    for (int i = 0; i < 10; ++i) Append(261);  // the row of the first dotted line
+    const Shown shown(chart);
+    EXPECT_EQ(shown.At(0, 0), 0x402000u);
+    EXPECT_EQ(shown.At(100, 100), 0x402000u);
+    EXPECT_EQ(shown.At(kLeft + 4, 39), 0x402000u | 0x008040u);
+    EXPECT_EQ(shown.At(602, 39), 0x008040u | 0x100081u);  // 548 columns from the left edge: a dot
+    EXPECT_EQ(shown.At(603, 39), 0x402000u | 0x100081u);
+}
+
+TEST_F(MultiPlotCtrl, ShowsThePixelsOfThePlainDrawingCalls) {
+    BareChart::Look look{.width = 620,
+                         .height = 310,
+                         .plotLeft = kLeft,
+                         .gridLines = 9,
+                         .background = 0x281400,
+                         .grid = 0x60FF80,
+                         .traces = {},
+                         .lower = {},
+                         .upper = {}};
+    chart.SetBackgroundColor(look.background);
+    chart.SetGridColor(look.grid);
+    for (int k = 0; k < kTraceCount; ++k) {
+        const auto i = static_cast<std::size_t>(k);
+        look.traces[i] = chart.GetTraceColor(k);
+        look.lower[i] = -10.0 * k;
+        look.upper[i] = 100.0 + k;
+        chart.SetRange(look.lower[i], look.upper[i], k);
+    }
+    chart.SetRange(look.lower[0], 100.0, 0);
+    look.upper[0] = 100.0;
+    BareChart bare(look);
+
+    std::mt19937 random(20);
+    TraceValues values{};
+    const auto walk = [&] {
+        for (double& value : values) {
+            const auto step = static_cast<double>(random() % 1001);
+            value = value * 0.98 + step / 20.0 - 23.0;
+            if (random() % 100 == 0 && value < 500.0) value *= -30.0;  // now and then far out of range
+        }
+    };
+    for (int i = 0; i < 600; ++i) {
+        walk();
+        state.pixelShift = i % 16;
+        if (i % 97 == 96) {
+            chart.AppendGap(values);
+            bare.Gap(values);
+        }
+        chart.AppendPoints(values);
+        bare.Append(values, state.pixelShift);
+        if (i % 37 != 0 && i != 599) continue;
+
+        const Shown shown(chart);
+        Canvas expected(620, 310);
+        bare.Show(expected.Dc());
+        for (int y = 0; y < 310; ++y) {
+            for (int x = 0; x < 620; ++x) {
+                ASSERT_EQ(shown.At(x, y), expected.At(x, y)) << "sample " << i << " at " << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST_F(MultiPlotCtrl, WindowShowsThePictureAndIsValidAfterwards) {
+    chart.SetGridColor(0x30A0C0);
+    EXPECT_TRUE(HasUpdateRegion());
+    chart.UpdateWindow();
+    EXPECT_FALSE(HasUpdateRegion());
+    const CClientDC dc(chart.m_hWnd);
+    EXPECT_EQ(::GetPixel(dc, kLeft, kTop), 0x30A0C0u);
+    EXPECT_EQ(::GetPixel(dc, kLeft + 1, kTop + 1), kBlack);
+}
+
+TEST_F(MultiPlotCtrl, EverySampleInvalidatesTheWholeWindow) {
+    const auto isWholeInvalid = [&] {
+        CRect update;
+        ::GetUpdateRect(chart.m_hWnd, &update, FALSE);
+        return update.Width() == 620 && update.Height() == 310;
+    };
+    chart.UpdateWindow();
+    Append(1);
+    EXPECT_TRUE(isWholeInvalid());
+    chart.UpdateWindow();
+    chart.AppendGap(Values(1));
+    EXPECT_TRUE(isWholeInvalid());
+}
+
+TEST_F(MultiPlotCtrl, NothingReachesTheScreenWhileRedrawIsOff) {
+    ShowOneTraceOnly();
+    Append(100);
+    Append(100);
+    EXPECT_EQ(Shown(chart).At(607, 200), kRed);
+    chart.UpdateWindow();
+
+    chart.SetRedraw(false);
+    chart.SetRange(0, 290, kTrace);
+    Append(50);
+    EXPECT_FALSE(HasUpdateRegion());
+    EXPECT_EQ(Shown(chart).At(607, 200), kRed);
+
+    chart.SetRedraw(true);
+    EXPECT_TRUE(HasUpdateRegion());
+    const Shown shown(chart);
+    EXPECT_EQ(shown.At(604, 200), kBlack);
+    EXPECT_EQ(shown.At(609, 250), kRed);
+}
+
+TEST_F(MultiPlotCtrl, RedrawWithoutAChangeLeavesTheWindowAlone) {
+    chart.UpdateWindow();
+    chart.SetRedraw(false);
+    chart.SetRedraw(true);
+    EXPECT_FALSE(HasUpdateRegion());
+}
+
+TEST_F(MultiPlotCtrl, FullRedrawThatWaitedStillComesBeforeTheNextSample) {
+    ShowOneTraceOnly();
+    Append(100);
+    Append(100);
+    chart.SetRedraw(false);
+    chart.SetRange(0, 290, kTrace);
+    Append(100);
+    chart.SetRedraw(true);
+    const Shown shown(chart);
+    EXPECT_EQ(shown.At(606, 200), kRed);
+    EXPECT_EQ(shown.At(604, 200), kBlack);  // the segments before are gone
+}
+
+TEST_F(MultiPlotCtrl, NewWindowHasPicturesOfItsSize) {
+    chart.SetGridColor(0x30A0C0);
+    Recreate(426, 216);
+    const Shown shown(chart, 420, 210);
+    EXPECT_EQ(shown.At(kLeft, kTop), 0x30A0C0u);
+    EXPECT_EQ(shown.At(411, 201), 0x30A0C0u);
+    EXPECT_EQ(shown.At(412, 202), kBlack);
+}
+
+TEST_F(MultiPlotCtrl, PicturesKeepTheirSizeUntilReleased) {
+    chart.SetBackgroundColor(0x402000);
+    chart.MoveWindow(CRect{0, 0, 636, 320});
+    chart.InvalidateCtrl();
+    {
+        const Shown shown(chart, 630, 314);
+        EXPECT_EQ(shown.At(619, 309), 0x402000u);
+        EXPECT_EQ(shown.At(625, 5), kBlack);
+        EXPECT_EQ(shown.At(5, 312), kBlack);
+    }
+    chart.ReleasePictures();
+    EXPECT_EQ(Shown(chart, 630, 314).At(5, 5), kBlack);
+    chart.InvalidateCtrl();
+    const Shown shown(chart, 630, 314);
+    EXPECT_EQ(shown.At(5, 5), 0x402000u);
+    EXPECT_EQ(shown.At(625, 312), 0x402000u);
+}
+
+TEST_F(MultiPlotCtrl, TinyWindowsPaintAndStayValid) {
+    TraceValues wild;
+    wild.fill(std::numeric_limits<double>::quiet_NaN());
+    wild[0] = 1e300;
+    wild[1] = -1e300;
+    slots[0].group = 1;
+    for (const auto& [width, height] :
+         {std::pair{0, 0}, {1, 1}, {6, 6}, {7, 7}, {20, 300}, {300, 20}, {26, 26}, {70, 40}, {300, 26}}) {
+        SCOPED_TRACE(testing::Message() << width << " x " << height);
+        Recreate(width, height);
+        for (const int shift : {3, 0, 15, 1000, -3}) {
+            state.pixelShift = shift;
+            chart.AppendPoints(wild);
+            chart.AppendGap(wild);
+            chart.SetRange(1, 1, 0);
+            chart.UpdateWindow();
+            EXPECT_FALSE(HasUpdateRegion());
+        }
+    }
+}
+
+TEST_F(MultiPlotCtrl, SmallWindowIsFilledWithTheBackground) {
+    chart.SetBackgroundColor(0x402000);
+    Recreate(10, 10);
+    EXPECT_EQ(Shown(chart, 4, 4).At(3, 3), 0x402000u);
+}
+
+TEST_F(MultiPlotCtrl, KeepsNoGdiObjectTooMany) {
+    const auto use = [&] {
+        Recreate(426, 216);
+        slots[0].group = 1;
+        for (int k = 0; k < kTraceCount; ++k) chart.SetTraceColor(0x123456, k);
+        chart.SetBackgroundColor(0x010101);
+        for (int i = 0; i < 50; ++i) Append(i * 10);
+        chart.UpdateWindow();
+    };
+    use();
+    const int before = LivingGdiObjects();
+    for (int i = 0; i < 5; ++i) use();
+    EXPECT_EQ(LivingGdiObjects(), before);
+    chart.ReleasePictures();
+    EXPECT_EQ(LivingGdiObjects(), before - 6);  // three pictures, each a bitmap in a device context
+
+    const int all = LivingGdiObjects();
+    { CMultiPlotCtrl other(prefs, state, slots); }
+    EXPECT_EQ(LivingGdiObjects(), all);
+}
+
+}  // namespace
+}  // namespace plotvane::test
