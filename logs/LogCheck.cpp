@@ -1,0 +1,42 @@
+#include "logs/LogCheck.h"
+
+#include "files/TextInput.h"
+
+namespace plotvane {
+namespace {
+
+constexpr int kCommasBeforeTime = 4;
+constexpr int kTooManyCharacters = 100;  // the fourth comma is looked for no further
+
+bool FindTime(TextInput& input) {
+    int commas = 0;
+    for (int characters = 1; characters < kTooManyCharacters; ++characters) {
+        const int c = input.Get();
+        if (c == TextInput::kEnd || c == '\n') return false;
+        if (c == ',' && ++commas == kCommasBeforeTime) return true;
+    }
+    return false;
+}
+
+bool TakeTwoDigits(TextInput& input) {
+    for (int digit = 0; digit < 2; ++digit) {
+        const int c = input.Get();
+        if (c < '0' || c > '9') return false;
+    }
+    return true;
+}
+
+bool TakeTimeOfDay(TextInput& input) {
+    return TakeTwoDigits(input) && input.Get() == ':' && TakeTwoDigits(input) && input.Get() == ':' &&
+           TakeTwoDigits(input);
+}
+
+}  // namespace
+
+LogCheck CheckLog(const std::filesystem::path& path) {
+    TextInput input(path);
+    if (!input.IsOpen()) return LogCheck::Unreadable;
+    return FindTime(input) && TakeTimeOfDay(input) ? LogCheck::HostLog : LogCheck::SomethingElse;
+}
+
+}  // namespace plotvane
