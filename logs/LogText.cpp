@@ -1,0 +1,75 @@
+#include "logs/LogText.h"
+
+#include "logs/ModuleKey.h"
+
+namespace plotvane {
+
+bool LogText::Open(const std::filesystem::path& path) {
+    m_input = TextInput(path);
+    return m_input.IsOpen();
+}
+
+LogText::CellEnd LogText::ReadCell(char delimiter) {
+    m_cellLength = 0;
+    while (!AtLineEnd()) {
+        const int c = m_input.Get();
+        if (c == delimiter) return CellEnd::Delimiter;
+        AddToCell(c);
+    }
+    return m_input.Peek() == TextInput::kEnd ? CellEnd::File : CellEnd::LineEnd;
+}
+
+bool LogText::SkipPast(char wanted, int count) {
+    while (count > 0) {
+        const int c = m_input.Get();
+        if (c == TextInput::kEnd) return false;
+        if (c == wanted) --count;
+    }
+    return true;
+}
+
+bool LogText::SkipPastInLine(char wanted) {
+    while (!AtLineEnd())
+        if (m_input.Get() == wanted) return true;
+    return false;
+}
+
+bool LogText::Take(char wanted) {
+    if (m_input.Peek() != wanted) return false;
+    m_input.Get();
+    return true;
+}
+
+std::optional<char> LogText::TakeLetterOrDigit() {
+    const int c = m_input.Peek();
+    if (c == TextInput::kEnd || !IsLetterOrDigit(static_cast<char>(c))) return std::nullopt;
+    return static_cast<char>(m_input.Get());
+}
+
+std::optional<int> LogText::TakeDigits(int count) {
+    int number = 0;
+    for (; count > 0; --count) {
+        const int c = m_input.Peek();
+        if (c < '0' || c > '9') return std::nullopt;
+        number = number * 10 + m_input.Get() - '0';
+    }
+    return number;
+}
+
+std::string_view LogText::TakeCharacters(std::size_t count) {
+    m_cellLength = 0;
+    for (; count > 0 && !AtLineEnd(); --count) AddToCell(m_input.Get());
+    return Cell();
+}
+
+bool LogText::AtLineEnd() {
+    const int c = m_input.Peek();
+    return c == '\n' || c == TextInput::kEnd;
+}
+
+void LogText::AddToCell(int character) {
+    if (m_cellLength == kMaxCellLength) return;
+    m_cell[m_cellLength++] = character == 0 ? '?' : static_cast<char>(character);
+}
+
+}  // namespace plotvane
