@@ -1,0 +1,23 @@
+#pragma once
+
+#include "link/BlockReader.h"
+#include "link/RecordSource.h"
+
+namespace plotvane {
+
+// Records from the host's pipe.
+class LiveSource : public RecordSource {
+public:
+    LiveSource(HostPipe& pipe, MessagePump& pump) : m_blocks(pipe, pump) {}
+
+    // Reads the exchange file in the current folder. False if there is none.
+    bool Open();
+
+    Next Read(RecordBuffer& record, const LoopRun& run) override;
+    void Finish() override {}  // the descriptor stays open: a restart goes on reading from it
+
+private:
+    BlockReader m_blocks;
+};
+
+}  // namespace plotvane

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "link/LoopOwner.h"
+#include "link/RecordSource.h"
+#include "logs/LogReader.h"
+#include "plot/ReplayPacing.h"
+
+namespace plotvane {
+
+struct ChosenLog {
+    std::filesystem::path path;
+    std::string fileName;  // name and extension, for the title, as Windows-1252 bytes
+};
+
+// Lets the user choose a log. Nothing if the user cancels.
+struct LogChooser {
+    virtual ~LogChooser() = default;
+    virtual std::optional<ChosenLog> ChooseLog() = 0;
+};
+
+// Records from a log of the host's, at the pace of its time stamps.
+class LogSource : public RecordSource {
+public:
+    LogSource(RunState& state, ReplayPacing& pacing, LogChooser& chooser, LoopOwner& owner)
+        : m_state(state), m_pacing(pacing), m_chooser(chooser), m_owner(owner), m_reader(state) {}
+
+    // Lets the user choose a log, or takes the last one again when a stopped replay is to be repeated, and
+    // checks its first line. 1: a log of the host's; 0: the user has cancelled; -1: it cannot be opened or
+    // is something else, and the user has been told.
+    int OpenLogFile();
+
+    // Opens the chosen log at its start. False if it cannot be opened.
+    bool Reopen() { return m_reader.Open(m_log.path); }
+
+    // Reads the header: groups, fields and units of the slots. 0 or less if it is malformed.
+    int ReadLogHeader(SlotTable& slots) { return m_reader.ReadLogHeader(slots); }
+
+    const std::string& ModuleName() const { return m_reader.ModuleName(); }
+
+    const std::string& FileName() const { return m_log.fileName; }
+
+    Next Read(RecordBuffer& record, const LoopRun& run) override;
+    void Finish() override { m_reader.Close(); }
+
+private:
+    RunState& m_state;
+    ReplayPacing& m_pacing;
+    LogChooser& m_chooser;
+    LoopOwner& m_owner;
+    LogReader m_reader;
+    ChosenLog m_log;  // kept between loads, so that a stopped replay can be repeated
+};
+
+}  // namespace plotvane

@@ -1,0 +1,53 @@
+#include "link/WindowPump.h"
+
+// timeapi.h wants a type that only the multimedia header declares.
+#include <mmsystem.h>
+
+namespace plotvane {
+namespace {
+
+double MsPerCount() {
+    LARGE_INTEGER frequency;
+    ::QueryPerformanceFrequency(&frequency);
+    return 1000.0 / static_cast<double>(frequency.QuadPart);
+}
+
+}  // namespace
+
+// Without the finer timer a wait of one millisecond may last sixteen.
+WindowPump::WindowPump(RunState& state) : m_state(state), m_msPerCount(MsPerCount()) {
+    ::timeBeginPeriod(1);
+}
+
+WindowPump::~WindowPump() {
+    ::timeEndPeriod(1);
+}
+
+double WindowPump::NowMs() {
+    LARGE_INTEGER count;
+    ::QueryPerformanceCounter(&count);
+    return static_cast<double>(count.QuadPart) * m_msPerCount;
+}
+
+void WindowPump::DispatchAndSleep(int ms) {
+    DispatchWaiting();
+    if (ms > 0) {
+        ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    }
+}
+
+void WindowPump::DispatchWaiting() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+        if (::GetMessageW(&message, nullptr, 0, 0) <= 0) {
+            m_state.stopped = true;
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (m_dialog && ::IsDialogMessageW(m_dialog, &message)) continue;
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+}  // namespace plotvane

@@ -1,0 +1,233 @@
+#include "link/RunControl.h"
+
+#include "res/resource.h"
+#include "tests/unit/support/AcquisitionFixture.h"
+
+namespace plotvane {
+namespace {
+
+// Three rows of groups 1 and 3, half a second and three seconds apart.
+constexpr const char* kLog =
+    "Friday,20,November,2026,10:15:30\n"
+    "038 906 019 FT,Engine control\n"
+    "\n"
+    ",Row A,'001,,,,Row B,'003,,,,Row C,none\n"
+    ",,Speed,Coolant,Flow,Lambda,,Speed,Mass,Mass,Duty,,,,,\n"
+    ",,actual,temp.,,bank 1,,actual,spec.,actual,EGR,,,,,\n"
+    "mark,time, /min,\xB0"
+    "C, l/h,,time, /min, mg/str, mg/str, %,time,,,,\n"
+    "0,0.00,780,90.0,0.9,1.02,0.12,780,240.5,238.0,12.5,,,,,\n"
+    "1,0.50,1240,90.0,4.2,0.98,0.62,1240,310.0,305.5,40.1,,,,,\n"
+    "2,3.50,n/a,91.8,6.5,1.00,3.62,2110,322.5,320.0,38.0,,,,,\n";
+
+class ReplayLoopTest : public test::AcquisitionFixture {
+protected:
+    ReplayLoopTest() { Choose("x.csv", kLog); }
+
+    void Choose(const char* name, std::string_view text) {
+        test::WriteBytes(folder / name, text);
+        dialog.choice = ChosenLog{folder / name, name};
+    }
+    void Load() { acquisition.control.LoadLog(); }
+};
+
+TEST_F(ReplayLoopTest, ALogIsPlayedToItsEnd) {
+    Load();
+    ASSERT_EQ(chart.samples.size(), 3u);
+    EXPECT_EQ(chart.samples[1][0], 1240.0);
+    EXPECT_EQ(panel.values[0], "0 /min");
+    EXPECT_EQ(panel.values[6], "320 mg/str");
+    EXPECT_EQ(dialog.title, "Plotvane   -   038-906-019-FT  -   x.csv");
+    EXPECT_TRUE(dialog.messages.empty());
+    EXPECT_TRUE(std::filesystem::exists(ScalingFile("038-906-019-FT.SCL")));
+}
+
+TEST_F(ReplayLoopTest, AfterTheEndTheSameLogCanBeReplayed) {
+    Load();
+    EXPECT_TRUE(state.stopped);
+    EXPECT_TRUE(state.playing);
+    EXPECT_FALSE(state.logMode);
+    EXPECT_TRUE(state.endOfLog);
+    EXPECT_TRUE(state.reopenLog);
+    EXPECT_TRUE(state.redrawRequest);
+    EXPECT_FALSE(dialog.stopEnabled);
+    EXPECT_FALSE(dialog.stopActive);
+    EXPECT_TRUE(dialog.pauseEnabled);
+    EXPECT_EQ(dialog.pause, PauseImage::StartOver);
+    EXPECT_TRUE(dialog.loadEnabled);
+    EXPECT_FALSE(dialog.loadActive);
+    EXPECT_EQ(panel.elapsed, "0.00");
+
+    dialog.Pause();
+    EXPECT_EQ(chart.samples.size(), 6u);
+    EXPECT_EQ(dialog.asked, 1);
+}
+
+TEST_F(ReplayLoopTest, WhileItPlaysTheButtonsOfferStopAndPause) {
+    After(100.0, [&] {
+        EXPECT_FALSE(state.stopped);
+        EXPECT_TRUE(state.logMode);
+        EXPECT_FALSE(state.redrawRequest);
+        EXPECT_TRUE(dialog.stopEnabled);
+        EXPECT_TRUE(dialog.stopActive);
+        EXPECT_TRUE(dialog.pauseEnabled);
+        EXPECT_EQ(dialog.pause, PauseImage::Pause);
+        Load();
+        EXPECT_EQ(dialog.asked, 1);
+    });
+    Load();
+}
+
+TEST_F(ReplayLoopTest, KeepsThePaceOfTheLog) {
+    const double began = pump.NowMs();
+    Load();
+    // Before the rows: none, 0.12 s of column B, 0.5 s and 3.0 s of column A, each less 5 ms.
+    EXPECT_NEAR(pump.NowMs() - began, 115.0 + 495.0 + 2995.0, 1.0);
+}
+
+TEST_F(ReplayLoopTest, PauseAndResumeLeaveAGap) {
+    After(50.0, [&] { dialog.Pause(); });
+    After(400.0, [&] {
+        EXPECT_FALSE(state.playing);
+        EXPECT_EQ(dialog.pause, PauseImage::Resume);
+        dialog.Pause();
+        EXPECT_EQ(dialog.pause, PauseImage::Pause);
+    });
+    Load();
+    EXPECT_EQ(chart.gaps.size(), 1u);
+    EXPECT_EQ(chart.samples.size(), 3u);
+}
+
+TEST_F(ReplayLoopTest, StopInsideAHoldEndsTheReplayWithoutAGap) {
+    After(50.0, [&] { dialog.Pause(); });
+    After(400.0, [&] { dialog.Stop(); });
+    Load();
+    EXPECT_TRUE(chart.gaps.empty());
+    EXPECT_FALSE(state.playing);
+    EXPECT_TRUE(state.reopenLog);
+    EXPECT_EQ(chart.samples.size(), 1u);
+
+    dialog.Pause();
+    EXPECT_TRUE(state.playing);
+    EXPECT_EQ(chart.samples.size(), 4u);
+}
+
+TEST_F(ReplayLoopTest, StopAndPauseInOnePumpReplayFromTheFirstRow) {
+    After(300.0, [&] {
+        dialog.Stop();
+        dialog.Pause();
+    });
+    Load();
+    EXPECT_EQ(chart.samples.size(), 2u + 3u);
+    EXPECT_EQ(chart.samples[2][0], 780.0);
+}
+
+TEST_F(ReplayLoopTest, WithoutAutorunItHaltsAfterTheFirstRow) {
+    data.prefs.autorun = false;
+    After(5000.0, [&] {
+        EXPECT_EQ(chart.samples.size(), 1u);
+        EXPECT_EQ(panel.values[0], "780 /min");
+        EXPECT_EQ(dialog.pause, PauseImage::Resume);
+        dialog.Pause();
+    });
+    Load();
+    EXPECT_EQ(chart.samples.size(), 3u);
+    EXPECT_EQ(chart.gaps.size(), 1u);
+}
+
+TEST_F(ReplayLoopTest, ACancelledDialogDisablesPause) {
+    Load();
+    dialog.choice.reset();
+    Load();
+    EXPECT_FALSE(dialog.pauseEnabled);
+    EXPECT_FALSE(state.reopenLog);
+    EXPECT_TRUE(state.stopped);
+    EXPECT_TRUE(dialog.messages.empty());
+}
+
+TEST_F(ReplayLoopTest, SomethingElseThanALogIsRefused) {
+    Choose("x.csv", "not,a,log\n");
+    Load();
+    ASSERT_EQ(dialog.messages.size(), 1u);
+    EXPECT_EQ(dialog.messages[0], std::make_pair(IDS_NOT_A_LOG, IDS_DOH));
+    EXPECT_FALSE(state.logMode);
+    EXPECT_TRUE(chart.samples.empty());
+}
+
+TEST_F(ReplayLoopTest, AMissingFileIsSaidOnce) {
+    std::filesystem::remove(folder / "x.csv");
+    Load();
+    ASSERT_EQ(dialog.messages.size(), 1u);
+    EXPECT_EQ(dialog.messages[0], std::make_pair(IDS_CANNOT_OPEN_FILE, IDS_ERROR));
+}
+
+TEST_F(ReplayLoopTest, AFileThatWentAwayCanBeTriedAgain) {
+    Load();
+    std::filesystem::rename(folder / "x.csv", folder / "y.csv");
+    dialog.Pause();
+    ASSERT_EQ(dialog.messages.size(), 1u);
+    EXPECT_EQ(dialog.messages[0], std::make_pair(IDS_CANNOT_OPEN_FILE, IDS_ERROR));
+    EXPECT_FALSE(state.playing);
+    EXPECT_TRUE(state.reopenLog);
+    EXPECT_TRUE(state.stopped);
+
+    std::filesystem::rename(folder / "y.csv", folder / "x.csv");
+    dialog.Pause();
+    EXPECT_TRUE(state.playing);
+    EXPECT_EQ(chart.samples.size(), 6u);
+}
+
+TEST_F(ReplayLoopTest, ARowCutShortEndsTheReplayWithAMessage) {
+    Choose("x.csv", std::string(kLog) + "3,4.00,800,90.0,1.0,1.00,4.12,800,240.5\n4,5.00,\n");
+    Load();
+    ASSERT_EQ(dialog.messages.size(), 1u);
+    EXPECT_EQ(dialog.messages[0], std::make_pair(IDS_LOG_ROW_SHORT, IDS_UH_OH));
+    EXPECT_EQ(chart.samples.size(), 3u);
+    EXPECT_TRUE(state.stopped);
+}
+
+TEST_F(ReplayLoopTest, AJumpInTimeLeavesAGap) {
+    Choose("x.csv", std::string(kLog) +
+                        "3,10.00,800,90.0,1.0,1.00,10.12,800,240.5,238.0,12.5,,,,,\n"
+                        "4,10.50,800,90.0,1.0,1.00,10.62,800,240.5,238.0,12.5,,,,,\n");
+    Load();
+    EXPECT_EQ(chart.gaps.size(), 1u);
+    EXPECT_EQ(chart.samples.size(), 5u);
+}
+
+TEST_F(ReplayLoopTest, TheRangesOfTheHeaderAreTakenBeforeTheFirstRow) {
+    Load();
+    data.ranges.SetMin(1, 0, -7);
+    acquisition.plot.values[0] = 99.0;
+    pump.At(pump.NowMs(), [&] { EXPECT_EQ(acquisition.plot.values[0], -7.0); });
+    state.reopenLog = false;
+    Load();
+}
+
+TEST_F(ReplayLoopTest, AnObdLogIsFollowedByNineNumbersALineForAClassicOne) {
+    Choose("o.csv",
+           "Friday,20,November,2026,10:15:30\nOBD-II,generic data\n"
+           "mark,time,PID- 012,time,PID- 013,time,PID- 005,time,PID- 000\n"
+           "mark,time,Engine speed (/min),time,Vehicle speed (km/h),time,Coolant (\xB0"
+           "C),time,none\n"
+           "0,0.00,780,0.05,0,0.10,90,,\n");
+    Load();
+    EXPECT_TRUE(state.obdFile);
+    EXPECT_EQ(panel.values[4], "PID 12");
+    EXPECT_EQ(dialog.title, "Plotvane   -   OBD.LBL  -   o.csv");
+    Choose("x.csv", kLog);
+    Load();
+    EXPECT_FALSE(state.obdFile);
+    const std::string saved = test::BytesOf(ScalingFile("038-906-019-FT.SCL"));
+    EXPECT_NE(saved.find("\r\n2,0,100,0,100,0,100,0,100,\r\n"), std::string::npos);
+}
+
+TEST_F(ReplayLoopTest, StopBeforeTheFirstRowWritesNothing) {
+    After(0.0, [&] { dialog.Stop(); });
+    Load();
+    EXPECT_TRUE(chart.samples.empty());
+    EXPECT_FALSE(std::filesystem::exists(folder / "Scaling"));
+}
+
+}  // namespace
+}  // namespace plotvane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "link/Acquisition.h"
+#include "tests/unit/support/FakePump.h"
+#include "tests/unit/support/FakeViews.h"
+
+namespace plotvane::test {
+
+// The main dialog's part in an acquisition: what it was asked for, and what its run buttons show.
+class FakeDialog : public LoopOwner, public RunButtons, public TitleBar, public LogChooser {
+public:
+    // LoopOwner.
+    void Stop() override { control->Stop(); }
+    void Pause() override { control->Pause(); }
+    void Close() override {
+        ++closes;
+        control->Stop();
+    }
+    void ShowMessage(int textId, int captionId) override { messages.emplace_back(textId, captionId); }
+
+    // RunButtons.
+    void ShowStop(bool active) override { stopActive = active; }
+    void ShowPause(PauseImage image) override { pause = image; }
+    void ShowLoad(bool active) override { loadActive = active; }
+    void EnableStop(bool enabled) override { stopEnabled = enabled; }
+    void EnablePause(bool enabled) override { pauseEnabled = enabled; }
+    void EnableLoad(bool enabled) override { loadEnabled = enabled; }
+
+    // TitleBar.
+    void SetModuleTitle(std::string_view text) override {
+        title = text;
+        ++titles;
+    }
+
+    // LogChooser.
+    std::optional<ChosenLog> ChooseLog() override {
+        ++asked;
+        return choice;
+    }
+
+    RunControl* control = nullptr;
+    int closes = 0;
+    std::vector<std::pair<int, int>> messages;
+    bool stopActive = false;
+    PauseImage pause = PauseImage::Idle;
+    bool loadActive = false;
+    bool stopEnabled = false;
+    bool pauseEnabled = false;
+    bool loadEnabled = true;
+    std::string title;
+    int titles = 0;
+    std::optional<ChosenLog> choice;  // nothing: the user cancels
+    int asked = 0;
+};
+
+}  // namespace plotvane::test
