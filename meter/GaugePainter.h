@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "framework/Dc.h"
+#include "meter/DialPicture.h"
+#include "meter/Gauge.h"
+
+namespace plotvane {
+
+// Paints a gauge. The dial behind the needle is drawn when it is first needed and kept until it is discarded;
+// a new value costs one block copy, at most three small polygons and two texts.
+class GaugePainter {
+public:
+    // `peakLabel` stands before the peak value.
+    explicit GaugePainter(std::string peakLabel) : m_peakLabel(std::move(peakLabel)) {}
+
+    // Call this when the size of the client area changes, or anything of the gauge that asks for it.
+    void DiscardDial() { m_dial.reset(); }
+
+    // Covers the whole client area of `dc`, whose origin is that of the rectangle.
+    void Paint(CDC& dc, const CRect& client, const Gauge& gauge);
+
+private:
+    void DrawMarkers(CDC& dc, const Gauge& gauge) const;
+    void DrawNeedle(CDC& dc, const Gauge& gauge) const;
+    void DrawTexts(CDC& dc, const Gauge& gauge);
+
+    const std::string m_peakLabel;
+    std::optional<DialPicture> m_dial;
+    std::string m_text;  // kept for its memory: painting a value allocates nothing once warm
+};
+
+}  // namespace plotvane
