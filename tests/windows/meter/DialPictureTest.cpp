@@ -1,0 +1,224 @@
+#include "meter/DialPicture.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/windows/support/Canvas.h"
+
+namespace plotvane {
+namespace {
+
+using test::Canvas;
+
+constexpr COLORREF kBlackPen = RGB(0, 0, 0);
+constexpr COLORREF kBack = RGB(0, 0, 90);
+constexpr COLORREF kFace = RGB(20, 60, 20);
+constexpr COLORREF kTicks = RGB(250, 240, 10);
+
+Gauge ColouredGauge() {
+    Gauge gauge;
+    gauge.SetBackColor(kBack);
+    gauge.SetFaceColor(kFace);
+    gauge.SetTicksColor(kTicks);
+    return gauge;
+}
+
+// A dial alone, as the cache has it: no needle, no markers, no value.
+class DialPictureTest : public testing::Test {
+protected:
+    COLORREF At(DialPoint point) const { return At(m_dial, point); }
+
+    static COLORREF At(const DialPicture& dial, DialPoint point) {
+        return ::GetPixel(dial.Dc(), point.x, point.y);
+    }
+
+    Canvas m_screen{1, 1};
+    DialPicture m_dial{m_screen.Dc(), CRect{0, 0, 184, 161}, ColouredGauge()};
+};
+
+TEST_F(DialPictureTest, FillsTheWindowInsideABlackFrame) {
+    for (const DialPoint corner : {DialPoint{0, 0}, {183, 0}, {0, 160}, {183, 160}})
+        EXPECT_EQ(At(corner), kBlackPen);
+    EXPECT_EQ(At({92, 0}), kBlackPen);
+    EXPECT_EQ(At({183, 80}), kBlackPen);
+    EXPECT_EQ(At({1, 1}), kBack);
+    EXPECT_EQ(At({182, 159}), kBack);
+    EXPECT_EQ(At({20, 80}), kBack);
+}
+
+TEST_F(DialPictureTest, FillsTheFaceAndLeavesHubAndGapFree) {
+    EXPECT_EQ(At({92, 50}), kFace);
+    EXPECT_EQ(At({60, 80}), kFace);
+    EXPECT_EQ(At({125, 80}), kFace);
+    EXPECT_EQ(At({65, 115}), kFace);
+    EXPECT_EQ(At({92, 80}), kBack);   // inside the inner arc
+    EXPECT_EQ(At({92, 110}), kBack);  // between the two ends of the scale
+    EXPECT_EQ(At({92, 132}), kBack);
+}
+
+TEST_F(DialPictureTest, OutlinesTheFaceWithTheColourOfTheTicks) {
+    const FacePoints face = m_dial.Geometry().Face();
+    for (std::size_t i = 0; i < face.size(); ++i)
+        EXPECT_EQ(At(face[i]), kTicks) << i << ": " << face[i].x << ", " << face[i].y;
+    // The two straight edges: half way from (78, 131) to (91, 85), from (106, 131) to (93, 85), give or take
+    // the pixel that the line is rounded to.
+    const auto edgeIsNear = [this](int x, int y) { return At({x, y}) == kTicks || At({x + 1, y}) == kTicks; };
+    EXPECT_TRUE(edgeIsNear(84, 108));
+    EXPECT_TRUE(edgeIsNear(99, 108));
+}
+
+TEST_F(DialPictureTest, ShadowsTheOuterEdgeAndLightsTheInner) {
+    const COLORREF shadow = ::GetSysColor(COLOR_BTNSHADOW);
+    const COLORREF highlight = ::GetSysColor(COLOR_BTNHIGHLIGHT);
+    ASSERT_NE(shadow, highlight);
+    const FacePoints bevel = BevelOf(m_dial.Geometry().Face());
+    // Where the arc is flat the bevel lies clear of the outline: from 60 to 120 degrees.
+    for (std::size_t i = 27; i <= 39; ++i) EXPECT_EQ(At(bevel[i]), shadow) << i;
+    EXPECT_EQ(At({92, 26}), shadow);
+    EXPECT_EQ(At({92, 25}), kBack);
+    EXPECT_EQ(At({91, 76}), highlight);
+    EXPECT_EQ(At({92, 76}), highlight);
+    EXPECT_EQ(At({93, 76}), highlight);
+    EXPECT_EQ(At({92, 77}), kBack);
+}
+
+TEST_F(DialPictureTest, CoversTheBevelThatLiesUnderTheFace) {
+    // Below the centre the outer bevel is one pixel inside the face, the inner one below the hub.
+    const FacePoints bevel = BevelOf(m_dial.Geometry().Face());
+    EXPECT_EQ(At(bevel[3]), kFace);  // -60 degrees, beside the tick
+    EXPECT_EQ(At({92, 81}), kBack);
+}
+
+TEST_F(DialPictureTest, DrawsAllTicksFromTheRimAndLeavesOutTheirLastPixel) {
+    for (const auto& [from, to] : m_dial.Geometry().Ticks()) {
+        EXPECT_EQ(At(from), kTicks) << from.x << ", " << from.y;
+        EXPECT_EQ(At(to), kFace) << to.x << ", " << to.y;
+    }
+    for (int step = 0; step < 5; ++step) {
+        EXPECT_EQ(At({92, 27 + step}), kTicks) << step;   // 90 degrees
+        EXPECT_EQ(At({145 - step, 80}), kTicks) << step;  // 0
+        EXPECT_EQ(At({39 + step, 80}), kTicks) << step;   // 180
+    }
+    for (int step = 0; step < 3; ++step) {
+        EXPECT_EQ(At({129 - step, 43 + step}), kTicks) << step;   // 45
+        EXPECT_EQ(At({55 + step, 43 + step}), kTicks) << step;    // 135
+        EXPECT_EQ(At({129 - step, 117 - step}), kTicks) << step;  // -45
+        EXPECT_EQ(At({55 + step, 117 - step}), kTicks) << step;   // 225
+    }
+}
+
+TEST_F(DialPictureTest, DrawsEveryTickBetweenItsEnds) {
+    // On a dial of this size a tick has 27 pixels; its middle may be rounded to either side.
+    const DialPicture large{m_screen.Dc(), CRect{0, 0, 900, 900}, ColouredGauge()};
+    ASSERT_EQ(large.Geometry().Radius(), 300);
+    int ticks = 0;
+    for (const auto& [from, to] : large.Geometry().Ticks()) {
+        const DialPoint middle{(from.x + to.x) / 2, (from.y + to.y) / 2};
+        bool found = false;
+        for (int dx = -1; dx <= 1; ++dx)
+            for (int dy = -1; dy <= 1; ++dy)
+                found = found || At(large, {middle.x + dx, middle.y + dy}) == kTicks;
+        EXPECT_TRUE(found) << middle.x << ", " << middle.y;
+        ticks += found;
+    }
+    EXPECT_EQ(ticks, 21);
+}
+
+TEST_F(DialPictureTest, UsesABoldArialSizedByTheWindow) {
+    LOGFONTW font{};
+    ASSERT_NE(::GetObjectW(m_dial.Font().Get(), sizeof font, &font), 0);
+    EXPECT_EQ(font.lfHeight, 13);
+    EXPECT_EQ(font.lfWidth, 0);
+    EXPECT_EQ(font.lfWeight, 700);
+    EXPECT_EQ(font.lfItalic, 0);
+    EXPECT_EQ(font.lfUnderline, 0);
+    EXPECT_EQ(font.lfStrikeOut, 0);
+    EXPECT_EQ(font.lfCharSet, ANSI_CHARSET);
+    EXPECT_EQ(font.lfPitchAndFamily, 0x20);
+    EXPECT_STREQ(font.lfFaceName, L"Arial");
+}
+
+TEST_F(DialPictureTest, PlacesTheTextsByTheMetricsOfItsFont) {
+    CDC dc{m_dial.Dc()};
+    const Selected font{dc, m_dial.Font()};
+    const int height = dc.GetTextMetrics().tmHeight;
+    ASSERT_GT(height, 0);
+    EXPECT_EQ(m_dial.TextPlaces().minLabel, (DialPoint{78, 133 + height}));
+    EXPECT_EQ(m_dial.TextPlaces().maxLabel, (DialPoint{106, 133 + height}));
+    EXPECT_EQ(m_dial.TextPlaces().value, (DialPoint{92, 27 - height / 2}));
+}
+
+// Where pixels that are not background stand in a rectangle.
+CRect InkIn(const DialPicture& dial, const CRect& rect) {
+    CRect ink{rect.right, rect.bottom, rect.left, rect.top};
+    for (LONG y = rect.top; y < rect.bottom; ++y) {
+        for (LONG x = rect.left; x < rect.right; ++x) {
+            if (::GetPixel(dial.Dc(), x, y) == kBack) continue;
+            ink = CRect{std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + 1),
+                        std::max(ink.bottom, y + 1)};
+        }
+    }
+    return ink;
+}
+
+TEST_F(DialPictureTest, WritesTheEndsOfTheScaleBelowThem) {
+    Gauge gauge = ColouredGauge();
+    gauge.SetRange(0, 8);
+    gauge.SetRangeDecimalsZero();
+    const DialPicture dial{m_screen.Dc(), CRect{0, 0, 600, 480}, gauge};
+    const DialTextPlaces& places = dial.TextPlaces();
+    ASSERT_EQ(places.minLabel.x, 259);
+    ASSERT_EQ(places.maxLabel.x, 341);
+    for (const DialPoint& place : {places.minLabel, places.maxLabel}) {
+        // One digit stands on the baseline, centred, and is less high than the font.
+        const CRect around{place.x - 30, 402, place.x + 30, 470};
+        const CRect ink = InkIn(dial, around);
+        ASSERT_LT(ink.left, ink.right);
+        EXPECT_NEAR((ink.left + ink.right) / 2.0, place.x, 2.5);
+        EXPECT_NEAR(ink.bottom, place.y, 1.5);
+        EXPECT_GT(ink.top, place.y - dial.Geometry().FontHeight());
+    }
+}
+
+TEST_F(DialPictureTest, WritesInTheTextColour) {
+    const DialPicture dial{m_screen.Dc(), CRect{0, 0, 600, 480}, ColouredGauge()};
+    const DialPoint place = dial.TextPlaces().minLabel;
+    int inTextColour = 0;
+    for (int y = place.y - 30; y <= place.y; ++y)
+        for (int x = place.x - 30; x < place.x + 30; ++x)
+            inTextColour += At(dial, {x, y}) == RGB(0xC8, 0xC8, 0xC8);
+    EXPECT_GT(inTextColour, 20);
+}
+
+TEST_F(DialPictureTest, KeepsTheDialInTheMiddleOfAWideWindow) {
+    const DialPicture wide{m_screen.Dc(), CRect{0, 0, 600, 161}, ColouredGauge()};
+    EXPECT_EQ(At(wide, {300, 27}), kTicks);
+    EXPECT_EQ(At(wide, {247, 80}), kTicks);
+    EXPECT_EQ(At(wide, {353, 80}), kTicks);
+    EXPECT_EQ(At(wide, {300, 50}), kFace);
+    EXPECT_EQ(At(wide, {100, 80}), kBack);
+    EXPECT_EQ(At(wide, {500, 80}), kBack);
+    EXPECT_EQ(At(wide, {599, 160}), kBlackPen);
+}
+
+TEST_F(DialPictureTest, IsBackgroundAloneInAWindowOfAFewPixels) {
+    const DialPicture tiny{m_screen.Dc(), CRect{0, 0, 40, 5}, ColouredGauge()};
+    ASSERT_TRUE(tiny);
+    EXPECT_EQ(tiny.FaceRegion(), nullptr);
+    for (int x = 1; x < 39; ++x)
+        for (int y = 1; y < 4; ++y) ASSERT_EQ(At(tiny, {x, y}), kBack) << x << ", " << y;
+    EXPECT_EQ(At(tiny, {0, 0}), kBlackPen);
+}
+
+TEST_F(DialPictureTest, SaysWhenWindowsHasNoRoomForIt) {
+    const DialPicture impossible{nullptr, CRect{0, 0, 184, 161}, ColouredGauge()};
+    EXPECT_FALSE(impossible);
+}
+
+TEST_F(DialPictureTest, GivesBackEverything) {
+    const int objects = LivingGdiObjects();
+    for (int i = 0; i < 1000; ++i) const DialPicture dial{m_screen.Dc(), CRect{0, 0, 60, 50}, Gauge{}};
+    EXPECT_EQ(LivingGdiObjects(), objects);
+}
+
+}  // namespace
+}  // namespace plotvane

@@ -1,0 +1,131 @@
+#include "meter/MemoryDc.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/windows/support/Canvas.h"
+
+namespace plotvane {
+namespace {
+
+using test::Canvas;
+using test::kUntouched;
+
+constexpr COLORREF kGround = RGB(10, 20, 30);
+constexpr COLORREF kInk = RGB(200, 100, 50);
+
+TEST(MemoryDc, ReachesTheTargetInOnePieceWhenItDies) {
+    Canvas canvas{20, 20};
+    canvas.Dc().SetBkColor(kGround);
+    const CRect rect{0, 0, 20, 20};
+    {
+        CMemoryDC memory{canvas.Dc(), &rect};
+        EXPECT_TRUE(memory.IsOffScreen());
+        EXPECT_NE(memory.GetSafeHdc(), canvas.Dc().GetSafeHdc());
+        memory.SetPixel(3, 4, kInk);
+        EXPECT_EQ(canvas.At(3, 4), kUntouched);
+        EXPECT_EQ(canvas.At(0, 0), kUntouched);
+    }
+    EXPECT_EQ(canvas.At(3, 4), kInk);
+    EXPECT_EQ(canvas.At(0, 0), kGround);
+    EXPECT_EQ(canvas.At(19, 19), kGround);
+}
+
+TEST(MemoryDc, DrawsAtTheTargetsCoordinatesAndNowhereElse) {
+    Canvas canvas{20, 20};
+    canvas.Dc().SetBkColor(kGround);
+    const CRect rect{5, 6, 15, 12};
+    {
+        CMemoryDC memory{canvas.Dc(), &rect};
+        memory.SetPixel(5, 6, kInk);
+        memory.SetPixel(14, 11, kInk);
+        memory.SetPixel(4, 6, kInk);    // left of the rectangle
+        memory.SetPixel(15, 11, kInk);  // right of it
+    }
+    EXPECT_EQ(canvas.At(5, 6), kInk);
+    EXPECT_EQ(canvas.At(14, 11), kInk);
+    EXPECT_EQ(canvas.At(14, 6), kGround);
+    EXPECT_EQ(canvas.At(4, 6), kUntouched);
+    EXPECT_EQ(canvas.At(15, 11), kUntouched);
+    EXPECT_EQ(canvas.At(5, 12), kUntouched);
+}
+
+TEST(MemoryDc, CoversTheClipBoxWhenItIsGivenNoRectangle) {
+    Canvas canvas{20, 20};
+    canvas.Dc().SetBkColor(kGround);
+    const CRgn clip{::CreateRectRgn(2, 3, 8, 9)};
+    canvas.Dc().SelectClipRgn(clip.Get());
+    { const CMemoryDC memory{canvas.Dc()}; }
+    canvas.Dc().SelectClipRgn(nullptr);
+    EXPECT_EQ(canvas.At(2, 3), kGround);
+    EXPECT_EQ(canvas.At(7, 8), kGround);
+    EXPECT_EQ(canvas.At(8, 8), kUntouched);
+    EXPECT_EQ(canvas.At(1, 3), kUntouched);
+}
+
+TEST(MemoryDc, FollowsATargetWhoseOriginIsMoved) {
+    Canvas canvas{30, 30};
+    canvas.Dc().SetBkColor(kGround);
+    ::SetWindowOrgEx(canvas.Dc(), 5, 7, nullptr);
+    const CRect rect{15, 17, 25, 27};  // on the canvas from (10, 10) to (20, 20)
+    {
+        CMemoryDC memory{canvas.Dc(), &rect};
+        memory.SetPixel(16, 18, kInk);
+    }
+    EXPECT_EQ(canvas.At(10, 10), kGround);
+    EXPECT_EQ(canvas.At(19, 19), kGround);
+    EXPECT_EQ(canvas.At(11, 11), kInk);
+    EXPECT_EQ(canvas.At(9, 10), kUntouched);
+    EXPECT_EQ(canvas.At(20, 19), kUntouched);
+}
+
+TEST(MemoryDc, TakesOverTheMappingMode) {
+    Canvas canvas{40, 40};
+    canvas.Dc().SetBkColor(kGround);
+    ::SetMapMode(canvas.Dc(), MM_LOMETRIC);  // y points upwards
+    const RECT device{10, 10, 30, 30};
+    CRect logical{device};
+    ::DPtoLP(canvas.Dc(), reinterpret_cast<POINT*>(static_cast<RECT*>(&logical)), 2);
+    ASSERT_LT(logical.bottom, logical.top);
+    {
+        const CMemoryDC memory{canvas.Dc(), &logical};
+        EXPECT_EQ(::GetMapMode(memory), MM_LOMETRIC);
+    }
+    EXPECT_EQ(canvas.At(20, 20), kGround);
+    EXPECT_EQ(canvas.At(5, 5), kUntouched);
+    EXPECT_EQ(canvas.At(35, 35), kUntouched);
+}
+
+TEST(MemoryDc, DrawsStraightOnWhatIsNoScreen) {
+    const HDC metafile = ::CreateMetaFileW(nullptr);
+    ASSERT_NE(metafile, nullptr);
+    ASSERT_NE(::GetDeviceCaps(metafile, TECHNOLOGY), DT_RASDISPLAY);
+    const int objects = LivingGdiObjects();
+    {
+        CDC target{metafile};
+        const CRect rect{0, 0, 20, 20};
+        const CMemoryDC memory{target, &rect};
+        EXPECT_FALSE(memory.IsOffScreen());
+        EXPECT_EQ(memory.GetSafeHdc(), metafile);
+        EXPECT_EQ(LivingGdiObjects(), objects);
+    }
+    // The borrowed device context is left alone.
+    EXPECT_EQ(::GetObjectType(metafile), static_cast<DWORD>(OBJ_METADC));
+    ::DeleteMetaFile(::CloseMetaFile(metafile));
+}
+
+TEST(MemoryDc, TakesAnEmptyRectangle) {
+    Canvas canvas{10, 10};
+    const CRect nothing{0, 0, 0, 0};
+    { const CMemoryDC memory{canvas.Dc(), &nothing}; }
+    EXPECT_EQ(canvas.At(0, 0), kUntouched);
+}
+
+TEST(MemoryDc, GivesBackEverything) {
+    Canvas canvas{10, 10};
+    const int objects = LivingGdiObjects();
+    for (int i = 0; i < 1000; ++i) const CMemoryDC memory{canvas.Dc()};
+    EXPECT_EQ(LivingGdiObjects(), objects);
+}
+
+}  // namespace
+}  // namespace plotvane
