@@ -1,0 +1,82 @@
+#include "tests/windows/meter/TestMeter.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <unordered_map>
+#include <utility>
+
+namespace plotvane::test {
+namespace {
+
+std::unordered_map<UINT_PTR, Ticker*>& Tickers() {
+    static std::unordered_map<UINT_PTR, Ticker*> tickers;
+    return tickers;
+}
+
+void DispatchQueued() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
+MeterSlot::~MeterSlot() {
+    if (meter) meter->DestroyWindow();
+}
+
+void MeterSlot::Show(HWND owner, const RECT& rect, DWORD style) {
+    ASSERT_TRUE(meter->Create(CMeterWnd::WindowClass(), style, rect, owner));
+    Settle(*meter);
+}
+
+void* BuriedMeter::operator new(std::size_t size) {
+    if (size > s_memory.size()) throw std::bad_alloc{};
+    s_isDead = false;
+    return s_memory.data();
+}
+
+void BuriedMeter::operator delete(void*) {
+    s_atDeath = s_memory;
+    s_isDead = true;
+}
+
+bool DispatchUntil(const std::function<bool()>& holds) {
+    const Deadline deadline;
+    for (;;) {
+        DispatchQueued();
+        if (holds()) return true;
+        if (deadline.HasPassed()) return false;
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    }
+}
+
+void Settle(CMeterWnd& meter) {
+    DispatchQueued();
+    meter.UpdateWindow();
+    ASSERT_FALSE(HasSomethingToPaint(meter));
+}
+
+bool HasSomethingToPaint(const CMeterWnd& meter) {
+    return ::GetUpdateRect(meter.GetSafeHwnd(), nullptr, FALSE) != 0;
+}
+
+Ticker::Ticker(std::function<void()> run)
+    : m_run(std::move(run)), m_timer(::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &OnTick)) {
+    Tickers()[m_timer] = this;
+}
+
+Ticker::~Ticker() {
+    ::KillTimer(nullptr, m_timer);
+    Tickers().erase(m_timer);
+}
+
+void CALLBACK Ticker::OnTick(HWND, UINT, UINT_PTR id, DWORD) {
+    const auto found = Tickers().find(id);
+    if (found != Tickers().end()) found->second->m_run();
+}
+
+}  // namespace plotvane::test

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+
+#include "meter/MeterWnd.h"
+
+namespace plotvane::test {
+
+// The style of the meters that belong to a field.
+constexpr DWORD kFieldMeterStyle = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
+constexpr CRect kMeterRect{32, 64, 232, 264};
+
+// An owner's variable with a meter in it, as the main dialog has them. Destroys the meter that is still open.
+class MeterSlot {
+public:
+    MeterSlot() = default;
+    ~MeterSlot();
+    MeterSlot(const MeterSlot&) = delete;
+    MeterSlot& operator=(const MeterSlot&) = delete;
+
+    // A meter of this class (CMeterWnd or one that a test derives), shown and painted; fails the test if that
+    // does not work.
+    template <typename Meter = CMeterWnd>
+    Meter& Open(HWND owner = nullptr, const RECT& rect = kMeterRect, DWORD style = kFieldMeterStyle) {
+        auto* made = new Meter{&meter};
+        meter = made;
+        Show(owner, rect, style);
+        return *made;
+    }
+
+    CMeterWnd* meter = nullptr;
+
+private:
+    void Show(HWND owner, const RECT& rect, DWORD style);
+};
+
+// A meter whose memory is kept when it has died, to see whether anybody touches it then. One at a time.
+class BuriedMeter : public CMeterWnd {
+public:
+    using CMeterWnd::CMeterWnd;
+
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory);
+
+    // False as long as the last one lives, or when its memory has been written to since it died.
+    static bool RestsUntouched() { return s_isDead && s_memory == s_atDeath; }
+
+private:
+    using Memory = std::array<std::byte, sizeof(CMeterWnd)>;
+    alignas(CMeterWnd) static inline Memory s_memory;
+    static inline Memory s_atDeath;
+    static inline bool s_isDead = false;
+};
+
+// The time that a test waits for anything: five seconds from here on.
+class Deadline {
+public:
+    bool HasPassed() const { return std::chrono::steady_clock::now() > m_end; }
+
+private:
+    std::chrono::steady_clock::time_point m_end = std::chrono::steady_clock::now() + std::chrono::seconds{5};
+};
+
+// Dispatches messages until the condition holds. False if it does not before the deadline.
+bool DispatchUntil(const std::function<bool()>& holds);
+
+// Dispatches what is in the queue; nothing of the window is left to paint then.
+void Settle(CMeterWnd& meter);
+
+bool HasSomethingToPaint(const CMeterWnd& meter);
+
+// While this lives, `run` is called every few milliseconds, also by the message loops of menus and dialogs.
+class Ticker {
+public:
+    explicit Ticker(std::function<void()> run);
+    ~Ticker();
+    Ticker(const Ticker&) = delete;
+    Ticker& operator=(const Ticker&) = delete;
+
+private:
+    static void CALLBACK OnTick(HWND, UINT, UINT_PTR id, DWORD);
+
+    const std::function<void()> m_run;
+    UINT_PTR m_timer;
+};
+
+}  // namespace plotvane::test
