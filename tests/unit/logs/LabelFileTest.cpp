@@ -238,6 +238,24 @@ TEST_F(LoadLabelsTest, RedirectsAModuleOfElevenCharactersByAnEmptyItem) {
     EXPECT_EQ(TitleFor("038-906-019-FT"), "Part");
 }
 
+// The example of docs/file-formats-logs.md.
+TEST_F(LoadLabelsTest, ReadsTheExampleOfTheDocumentation) {
+    Write("038-906-019.LBL",
+          "; engine control, all suffixes\r\n"
+          "REDIRECT,038-906-019-G.LBL,GH,GK\r\n"
+          "001,0,Basic values\r\n"
+          "001,1,Engine speed,actual\r\n"
+          "001,2,Coolant,temperature ; measured at the outlet\r\n");
+    Write("038-906-019-G.LBL", "001,0,Others\r\n");
+    const LabelTable table = Loaded("038-906-019-FT");
+    EXPECT_EQ(table.GroupTitle(1), "Basic values");
+    EXPECT_EQ(table.FieldName(1, 1), "Engine speed");
+    EXPECT_EQ(table.FieldSecondText(1, 1), "actual");
+    EXPECT_EQ(table.FieldName(1, 2), "Coolant");
+    EXPECT_EQ(table.FieldSecondText(1, 2), "temperature ");
+    EXPECT_EQ(TitleFor("038-906-019-GH"), "Others");
+}
+
 TEST_F(LoadLabelsTest, IsEmptyIfTheTargetCannotBeOpened) {
     for (const auto* target : {"none.LBL", "..", ".", "", "NUL", "con.LBL", "COM1"}) {
         Write("038-906-019.LBL", "001,0,Part\nREDIRECT," + std::string(target) + ",FT\n");
