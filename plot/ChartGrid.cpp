@@ -34,6 +34,9 @@ CFont LabelFont() {
 void DrawLabels(CDC& dc, std::span<const ChartLabel> labels) {
     const CFont font = LabelFont();
     const Selected fontInDc(dc, font);
+    // The lines stand closer than their characters are high: an opaque text would cut its neighbour, and
+    // "mg" would read "ma".
+    dc.SetBkMode(TRANSPARENT);
     for (const ChartLabel& label : labels) {
         dc.SetTextAlign(TA_RIGHT | (label.upright == ChartLabel::Upright::Top ? TA_TOP : TA_BASELINE));
         dc.SetTextColor(DrawableColour(label.colour));
@@ -44,9 +47,8 @@ void DrawLabels(CDC& dc, std::span<const ChartLabel> labels) {
 }  // namespace
 
 void DrawChartGrid(const Picture& picture, const ChartGeometry& geometry, const GridCounts& counts,
-                   Colour gridColour, Colour backgroundColour, std::span<const ChartLabel> labels) {
+                   Colour gridColour, std::span<const ChartLabel> labels) {
     CDC dc(picture.Dc());
-    dc.SetBkColor(DrawableColour(backgroundColour));
     {
         const CPen pen{::CreatePen(PS_SOLID, 1, DrawableColour(gridColour))};
         const Selected penInDc(dc, pen);

@@ -19,6 +19,6 @@ struct GridCounts {
 // filled already. Dear (some thousand dots, up to 24 texts), so it is drawn only when something in it
 // changes.
 void DrawChartGrid(const Picture& picture, const ChartGeometry& geometry, const GridCounts& counts,
-                   Colour gridColour, Colour backgroundColour, std::span<const ChartLabel> labels);
+                   Colour gridColour, std::span<const ChartLabel> labels);
 
 }  // namespace plotvane

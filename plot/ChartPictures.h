@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 
 #include "framework/Gdi.h"
@@ -19,18 +20,24 @@ public:
 
     explicit operator bool() const { return m_grid.has_value(); }
 
-    // To draw on; only while the pictures exist.
+    // To draw on, while the pictures exist. Who has drawn says where, so that the combined picture follows.
     const Picture& Grid() const { return *m_grid; }
     const Picture& Traces() const { return *m_traces; }
+    void ChangedFrom(int column) { m_staleFrom = std::min(m_staleFrom, column); }
 
-    // Lays the traces over the grid.
-    void Combine();
-    const Picture& Combined() const { return *m_combined; }
+    // Moves what lies inside `area` of the traces to the left; the strip laid bare is left to the caller.
+    // `keepCombined` leaves the combined picture as it is until it is asked for again.
+    void ScrollTraces(const PixelRect& area, int shift, bool keepCombined);
+
+    // Traces over grid, with everything that has changed, and as it was when last asked for.
+    const Picture& Combined();
+    const Picture& LastCombined() const { return *m_combined; }
 
 private:
     std::optional<Picture> m_grid;
     std::optional<Picture> m_traces;
     std::optional<Picture> m_combined;
+    int m_staleFrom = 0;  // the combined picture is right in all columns before this one
 };
 
 // The memory of a picture, with everything drawn so far.

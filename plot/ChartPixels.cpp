@@ -15,6 +15,15 @@ std::uint32_t PixelOf(Colour colour) {
            static_cast<std::uint32_t>(GreenOf(colour)) << 8 | BlueOf(colour);
 }
 
+void ScrollRow(std::uint32_t* row, int width, int shift) {
+    if (shift <= 0 || width <= shift) return;
+    std::memmove(row, row + shift, static_cast<std::size_t>(width - shift) * sizeof *row);
+}
+
+void CombineRow(std::uint32_t* row, const std::uint32_t* under, const std::uint32_t* over, int width) {
+    for (int x = 0; x < width; ++x) row[x] = under[x] | over[x];
+}
+
 }  // namespace
 
 std::uint32_t* ChartPixels::Row(int y) const {
@@ -25,17 +34,15 @@ void ChartPixels::Dot(int x, int y, std::uint32_t pixel) const {
     if (x >= 0 && x < width && y >= 0 && y < height) Row(y)[x] = pixel;
 }
 
-void ChartPixels::ScrollLeft(const PixelRect& area, int shift) const {
-    const int left = std::max(area.left, 0);
-    const int right = std::min(area.right, width);
-    if (shift <= 0 || right - left <= shift) return;
+PixelRect ChartPixels::Clipped(const PixelRect& area) const {
+    return {std::max(area.left, 0), std::max(area.top, 0), std::min(area.right, width),
+            std::min(area.bottom, height)};
+}
 
-    const std::size_t bytes = static_cast<std::size_t>(right - left - shift) * sizeof(std::uint32_t);
-    const int bottom = std::min(area.bottom, height);
-    for (int y = std::max(area.top, 0); y < bottom; ++y) {
-        std::uint32_t* const row = Row(y) + left;
-        std::memmove(row, row + shift, bytes);
-    }
+void ChartPixels::ScrollLeft(const PixelRect& area, int shift) const {
+    const PixelRect part = Clipped(area);
+    if (part.IsEmpty()) return;
+    for (int y = part.top; y < part.bottom; ++y) ScrollRow(Row(y) + part.left, part.Width(), shift);
 }
 
 void ChartPixels::DotRow(const PixelRect& area, int y, Colour colour) const {
@@ -48,9 +55,22 @@ void ChartPixels::DotColumn(const PixelRect& area, int x, Colour colour) const {
     for (int y = area.top; y < area.bottom; y += kDotDistancePx) Dot(x, y, pixel);
 }
 
-void ChartPixels::Combine(const ChartPixels& under, const ChartPixels& over) const {
-    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    for (std::size_t i = 0; i < count; ++i) pixels[i] = under.pixels[i] | over.pixels[i];
+void ChartPixels::Combine(const ChartPixels& under, const ChartPixels& over, const PixelRect& area) const {
+    const PixelRect part = Clipped(area);
+    if (part.IsEmpty()) return;
+    for (int y = part.top; y < part.bottom; ++y) {
+        CombineRow(Row(y) + part.left, under.Row(y) + part.left, over.Row(y) + part.left, part.Width());
+    }
+}
+
+void ChartPixels::ScrollAndCombine(const ChartPixels& under, const ChartPixels& over, const PixelRect& area,
+                                   int shift) const {
+    const PixelRect part = Clipped(area);
+    if (part.IsEmpty()) return;
+    for (int y = part.top; y < part.bottom; ++y) {
+        ScrollRow(over.Row(y) + part.left, part.Width(), shift);
+        CombineRow(Row(y) + part.left, under.Row(y) + part.left, over.Row(y) + part.left, part.Width());
+    }
 }
 
 }  // namespace plotvane

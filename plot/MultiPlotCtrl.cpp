@@ -69,7 +69,6 @@ void CMultiPlotCtrl::SetYUnits(std::string_view label, std::string_view minimumT
 }
 
 void CMultiPlotCtrl::SetBackgroundColor(Colour colour) {
-    m_backgroundColour = colour;
     m_backgroundBrush = CBrush{::CreateSolidBrush(DrawableColour(colour))};
     InvalidateCtrl();
 }
@@ -96,7 +95,7 @@ void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
     TakeValues(values);
     const int shift = ShiftFor(m_state.pixelShift);
     if (m_pictures) {
-        Scroll(shift);
+        ScrollTraces(shift);
         CDC dc(m_pictures.Traces().Dc());
         for (std::size_t i = 0; i < m_traces.size(); ++i) {
             DrawSegment(dc, m_traces[i].TakeSegment(m_geometry, shift), m_pens[i]);
@@ -110,7 +109,7 @@ void CMultiPlotCtrl::AppendGap(const TraceValues& values) {
     TakeValues(values);
     const int shift = ShiftFor(kGapPx);
     if (m_pictures) {
-        Scroll(shift);
+        ScrollTraces(shift);
         for (PlotTrace& trace : m_traces) trace.TakeGap(m_geometry);
     }
     Changed();
@@ -125,7 +124,7 @@ void CMultiPlotCtrl::SetRedraw(bool on) {
     m_isRedrawOn = on;
     if (!on) return;
     RedrawIfDue();
-    if (m_isCombinedStale) Changed();
+    if (m_hasChangedUnseen) Changed();
 }
 
 void CMultiPlotCtrl::RedrawIfDue() {
@@ -150,14 +149,15 @@ void CMultiPlotCtrl::RedrawPictures() {
                                .scaleColour = m_gridColour};
         const auto labels = ChartLabels(m_slots, m_traces, rules, m_geometry.Plot());
         FillWithBackground(m_pictures.Grid(), client);
-        DrawChartGrid(m_pictures.Grid(), m_geometry, m_gridCounts, m_gridColour, m_backgroundColour, labels);
+        DrawChartGrid(m_pictures.Grid(), m_geometry, m_gridCounts, m_gridColour, labels);
         FillWithBackground(m_pictures.Traces(), client);
+        m_pictures.ChangedFrom(0);
     }
     Changed();
 }
 
 void CMultiPlotCtrl::Changed() {
-    m_isCombinedStale = true;
+    m_hasChangedUnseen = !m_isRedrawOn;
     if (m_isRedrawOn && m_hWnd) Invalidate();
 }
 
@@ -169,10 +169,12 @@ void CMultiPlotCtrl::TakeValues(const TraceValues& values) {
     for (std::size_t i = 0; i < m_traces.size(); ++i) m_traces[i].current = values[i];
 }
 
-void CMultiPlotCtrl::Scroll(int shift) {
-    if (shift == 0) return;
-    PixelsOf(m_pictures.Traces()).ScrollLeft(m_geometry.ScrolledArea(), shift);
-    FillWithBackground(m_pictures.Traces(), m_geometry.BaredStrip(shift));
+void CMultiPlotCtrl::ScrollTraces(int shift) {
+    if (shift > 0) {
+        m_pictures.ScrollTraces(m_geometry.ScrolledArea(), shift, !m_isRedrawOn);
+        FillWithBackground(m_pictures.Traces(), m_geometry.BaredStrip(shift));
+    }
+    m_pictures.ChangedFrom(m_geometry.Plot().right - shift - 1 - kWidestPenPx);
 }
 
 void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen) {
@@ -197,16 +199,14 @@ void CMultiPlotCtrl::FillWithBackground(const Picture& picture, const PixelRect&
 
 void CMultiPlotCtrl::Draw(CDC& dc) {
     const PixelRect client = m_geometry.Client();
-    if (!m_pictures || m_pictures.Combined().Width() != client.Width() ||
-        m_pictures.Combined().Height() != client.Height()) {
+    if (!m_pictures) {
+        dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
+        return;
+    }
+    const Picture& picture = m_isRedrawOn ? m_pictures.Combined() : m_pictures.LastCombined();
+    if (picture.Width() != client.Width() || picture.Height() != client.Height()) {
         dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
     }
-    if (!m_pictures) return;
-    if (m_isCombinedStale && m_isRedrawOn) {
-        m_pictures.Combine();
-        m_isCombinedStale = false;
-    }
-    const Picture& picture = m_pictures.Combined();
     dc.BitBlt(0, 0, picture.Width(), picture.Height(), picture.Dc(), 0, 0, SRCCOPY);
 }
 

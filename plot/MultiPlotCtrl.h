@@ -82,7 +82,7 @@ private:
     void Changed();
     int ShiftFor(int shift);
     void TakeValues(const TraceValues& values);
-    void Scroll(int shift);
+    void ScrollTraces(int shift);
     void DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen);
     void FillWithBackground(const Picture& picture, const PixelRect& area);
 
@@ -96,7 +96,6 @@ private:
     AxisTexts m_yTexts{"Y units", "", ""};
     GridCounts m_gridCounts;
     int m_labelMargin = 3;  // characters
-    Colour m_backgroundColour = kBlack;
     Colour m_gridColour = kWhite;
     SampleSpread m_spread;
     std::array<PlotTrace, kTraceCount> m_traces;
@@ -105,8 +104,8 @@ private:
     ChartGeometry m_geometry;
     ChartPictures m_pictures;
     bool m_isRedrawOn = true;
-    bool m_isRedrawDue = false;      // a full redraw was asked for while off
-    bool m_isCombinedStale = false;  // grid or traces changed since they were combined
+    bool m_isRedrawDue = false;       // a full redraw was asked for while off
+    bool m_hasChangedUnseen = false;  // the pictures changed while off
 };
 
 }  // namespace plotvane

@@ -22,9 +22,10 @@ public:
         int height;
         int plotLeft;
         int gridLines;  // both ways
-        COLORREF background;
-        COLORREF grid;
-        std::array<COLORREF, kTraceCount> traces;
+        int penWidth;
+        Colour background;
+        Colour grid;
+        std::array<Colour, kTraceCount> traces;
         std::array<double, kTraceCount> lower;
         std::array<double, kTraceCount> upper;
     };
@@ -38,7 +39,7 @@ public:
           m_shown(look.width, look.height) {
         m_previousY.fill(-1);
         for (std::size_t i = 0; i < m_pens.size(); ++i)
-            m_pens[i] = CPen{::CreatePen(PS_SOLID, 0, look.traces[i])};
+            m_pens[i] = CPen{::CreatePen(PS_SOLID, look.penWidth, look.traces[i])};
         FillTraces({0, 0, look.width, look.height});
         DrawGrid();
     }
