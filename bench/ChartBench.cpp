@@ -1,0 +1,167 @@
+// What one sample costs on the chart: AppendPoints of twelve traces and its paint dispatched, against the
+// same drawing in bare calls, in the same process and on the same window system. Prints microseconds and
+// ratios; the ratios are what can be compared between machines.
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "plot/MultiPlotCtrl.h"
+#include "tests/windows/plot/BareChart.h"
+
+namespace plotvane {
+namespace {
+
+constexpr int kRounds = 15;
+constexpr int kSamplesPerRound = 100;
+constexpr int kShift = 3;
+
+double NowUs() {
+    LARGE_INTEGER count{}, frequency{};
+    ::QueryPerformanceCounter(&count);
+    ::QueryPerformanceFrequency(&frequency);
+    return static_cast<double>(count.QuadPart) * 1e6 / static_cast<double>(frequency.QuadPart);
+}
+
+void DispatchAll() {
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+// Lets the window system settle, so that no leftover work of it falls into a measurement.
+void Settle() {
+    const double end = NowUs() + 300e3;
+    while (NowUs() < end) {
+        DispatchAll();
+        ::Sleep(1);
+    }
+}
+
+TraceValues Sample(int i) {
+    TraceValues values{};
+    for (std::size_t k = 0; k < values.size(); ++k) {
+        values[k] = 50.0 + 45.0 * std::sin(i * 0.01 * static_cast<double>(k + 1) + static_cast<double>(k));
+    }
+    return values;
+}
+
+// Shows a bare chart through WM_PAINT.
+class BareWindow : public CWnd {
+public:
+    explicit BareWindow(const test::BareChart& chart) : m_chart(chart) {}
+
+private:
+    void OnPaint() {
+        CPaintDC dc(m_hWnd);
+        m_chart.Show(dc);
+    }
+    DECLARE_MESSAGE_MAP()
+    const test::BareChart& m_chart;
+};
+
+BEGIN_MESSAGE_MAP(BareWindow, CWnd)
+    ON_WM_PAINT()
+END_MESSAGE_MAP()
+
+struct Contender {
+    const char* name;
+    HWND window;
+    std::function<void(const TraceValues&)> append;
+    double bestUs = 1e18;
+};
+
+void Measure(Contender& contender) {
+    // Each on top while it runs: what is covered costs less to paint.
+    ::SetWindowPos(contender.window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    Settle();
+    static int sample = 0;
+    const double start = NowUs();
+    for (int i = 0; i < kSamplesPerRound; ++i) contender.append(Sample(sample++));
+    contender.bestUs = std::min(contender.bestUs, (NowUs() - start) / kSamplesPerRound);
+}
+
+void Compare(int width, int height) {
+    const Prefs prefs;
+    const RunState state;
+    const SlotTable slots;
+    CWnd parent;
+    parent.CreateEx(0, L"ChartBench", "", WS_POPUP | WS_VISIBLE, CRect{0, 0, width + 6, height + 6}, nullptr,
+                    0);
+
+    CMultiPlotCtrl chart(prefs, state, slots);
+    chart.SetGridCounts({.vertical = 9, .horizontal = 9});
+    chart.SetLabelMargin(1);
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+    chart.Create(kStyle, CRect{0, 0, width + 6, height + 6}, parent.m_hWnd, 1);
+
+    test::BareChart::Look look{.width = width,
+                               .height = height,
+                               .plotLeft = 54,
+                               .gridLines = 9,
+                               .penWidth = 0,
+                               .background = kBlack,
+                               .grid = kWhite,
+                               .traces = prefs.lineColor,
+                               .lower = {},
+                               .upper = {}};
+    look.upper.fill(100.0);
+    test::BareChart bare(look);
+    CWnd direct;
+    direct.CreateEx(0, L"ChartBench", "", kStyle, CRect{0, 0, width, height}, parent.m_hWnd, 2);
+    BareWindow painted(bare);
+    painted.CreateEx(0, L"ChartBench", "", kStyle, CRect{0, 0, width, height}, parent.m_hWnd, 3);
+    const CClientDC directDc(direct.m_hWnd);
+
+    std::array contenders = {
+        Contender{"bare calls, no messages", direct.m_hWnd,
+                  [&](const TraceValues& values) {
+                      bare.Append(values, kShift);
+                      bare.Show(directDc);
+                  }},
+        Contender{"bare calls through WM_PAINT, kept bitmap", painted.m_hWnd,
+                  [&](const TraceValues& values) {
+                      bare.Append(values, kShift);
+                      painted.Invalidate();
+                      DispatchAll();
+                  }},
+        Contender{"CMultiPlotCtrl", chart.m_hWnd,
+                  [&](const TraceValues& values) {
+                      chart.AppendPoints(values);
+                      DispatchAll();
+                  }},
+    };
+    for (int round = 0; round < kRounds; ++round) {
+        for (Contender& contender : contenders) Measure(contender);
+    }
+    std::printf("client %d x %d, best of %d rounds of %d samples\n", width, height, kRounds,
+                kSamplesPerRound);
+    for (const Contender& contender : contenders) {
+        std::printf("  %-42s %8.1f us   %5.2f of bare, %5.2f of bare through WM_PAINT\n", contender.name,
+                    contender.bestUs, contender.bestUs / contenders[0].bestUs,
+                    contender.bestUs / contenders[1].bestUs);
+    }
+
+    const double start = NowUs();
+    constexpr int kRedraws = 50;
+    for (int i = 0; i < kRedraws; ++i) chart.InvalidateCtrl();
+    std::printf("  %-42s %8.1f us\n", "a full redraw, without painting", (NowUs() - start) / kRedraws);
+    std::fflush(stdout);
+}
+
+}  // namespace
+}  // namespace plotvane
+
+int main() {
+    if (!RegisterWindowClass(L"ChartBench", 0)) return 1;
+    plotvane::Compare(602, 262);
+    plotvane::Compare(1600, 800);
+    return 0;
+}
