@@ -1,0 +1,38 @@
+#include "tools/Drive.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "model/Numbers.h"
+
+namespace plotvane {
+namespace {
+
+// Keeps twelve values, with unit and tag, inside one block.
+constexpr double kLargestValue = 999'999'999.0;
+
+// "-0.0" would be a strange thing for an instrument to show.
+bool IsNegativeZero(std::string_view text) {
+    return text.find_first_not_of("-0.") == std::string_view::npos;
+}
+
+}  // namespace
+
+std::string ValueText(const Drive& drive, int slot, double seconds) {
+    const DriveChannel& channel = drive.Channels().at(static_cast<std::size_t>(slot));
+    std::string text;
+    AppendFixed(text, std::clamp(drive.Value(slot, seconds), -kLargestValue, kLargestValue),
+                channel.decimals);
+    if (text.starts_with('-') && IsNegativeZero(text)) text.erase(0, 1);
+    return text;
+}
+
+int RawByte(const Drive& drive, int slot, double seconds) {
+    const DriveChannel& channel = drive.Channels().at(static_cast<std::size_t>(slot));
+    const double range = channel.highest - channel.lowest;
+    if (range <= 0) return 0;
+    const double share = (drive.Value(slot, seconds) - channel.lowest) / range;
+    return static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * 255.0));
+}
+
+}  // namespace plotvane
