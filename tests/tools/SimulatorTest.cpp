@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "tests/support/TempFolder.h"
+#include "tools/DriveRecord.h"
+#include "tools/RecordText.h"
+#include "tools/ScriptedDrive.h"
+
+namespace plotvane {
+namespace {
+
+using test::BytesOf;
+using test::TempFolder;
+
+constexpr std::string_view kControlCodes = "\xFF\xFE\xFD";
+
+std::wstring WideOf(const std::filesystem::path& path) {
+    return path.wstring();
+}
+
+std::filesystem::path FolderOfTest() {
+    std::wstring self(32768, L'\0');
+    self.resize(GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size())));
+    return std::filesystem::path(self).parent_path();
+}
+
+bool WaitUntil(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        Sleep(5);
+    }
+    return true;
+}
+
+// The stand-in host with a program that only reads, in a folder of its own.
+class Simulator : public testing::Test {
+protected:
+    void SetUp() override { SetEnvironmentVariableW(L"PIPE_READER", nullptr); }
+
+    void TearDown() override {
+        test::WriteBytes(m_folder / "enough.txt", "");
+        if (m_process.hProcess == nullptr) return;
+        if (WaitForSingleObject(m_process.hProcess, 0) == WAIT_TIMEOUT)
+            TerminateProcess(m_process.hProcess, 99);
+        CloseHandle(m_process.hThread);
+        CloseHandle(m_process.hProcess);
+        CloseHandle(m_output);
+    }
+
+    void Start(const std::wstring& options) {
+        SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+        m_output = CreateFileW(WideOf(m_folder / "output.txt").c_str(), GENERIC_WRITE,
+                               FILE_SHARE_READ | FILE_SHARE_WRITE, &inheritable, CREATE_ALWAYS, 0, nullptr);
+        ASSERT_NE(m_output, INVALID_HANDLE_VALUE);
+        std::wstring command = L"\"" + WideOf(FolderOfTest() / L"diagnel-sim.exe") + L"\" --folder \"" +
+                               WideOf(m_folder.Path()) + L"\" " + options + L" \"" +
+                               WideOf(FolderOfTest() / L"pipe-reader.exe") + L"\"";
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdOutput = startup.hStdError = m_output;
+        ASSERT_NE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                                 &startup, &m_process),
+                  0);
+    }
+
+    int ExitCode() {
+        if (!WaitUntil([&] { return WaitForSingleObject(m_process.hProcess, 0) == WAIT_OBJECT_0; }))
+            return -1;
+        DWORD code = 0;
+        GetExitCodeProcess(m_process.hProcess, &code);
+        return static_cast<int>(code);
+    }
+
+    int Run(const std::wstring& options) {
+        Start(options);
+        return ExitCode();
+    }
+
+    std::string Output() { return BytesOf(m_folder / "output.txt"); }
+    std::string Received() { return BytesOf(m_folder / "received.bin"); }
+    std::string EndOfReader() { return BytesOf(m_folder / "end.txt"); }
+
+    TempFolder m_folder;
+
+private:
+    PROCESS_INFORMATION m_process{};
+    HANDLE m_output = nullptr;
+};
+
+// The blocks of a stream, without the control codes between them.
+std::vector<std::string> BlocksOf(const std::string& stream) {
+    std::vector<std::string> blocks;
+    for (std::size_t i = 0; i < stream.size();) {
+        const bool isControl = kControlCodes.find(stream[i]) != std::string_view::npos;
+        const std::size_t length = isControl ? 1 : RecordBuffer::kBlockSize;
+        if (!isControl) blocks.push_back(stream.substr(i, length));
+        i += length;
+    }
+    return blocks;
+}
+
+TEST_F(Simulator, PlaysTheBuiltInDriveAndClosesTheProgram) {
+    EXPECT_EQ(Run(L"--seconds 1 --rate 20 --pause 0.1"), 0);
+    EXPECT_EQ(EndOfReader(), "told to close");
+    const std::string stream = Received();
+    const std::vector<std::string> blocks = BlocksOf(stream);
+    ASSERT_EQ(blocks.size(), 20u);
+    const ScriptedDrive drive;
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        const std::string record =
+            RecordOf(drive, static_cast<double>(i) / 20.0, RecordForm::Normal, "038 906 019 FT");
+        EXPECT_EQ(blocks[i], record + std::string(RecordBuffer::kBlockSize - record.size(), '\0')) << i;
+    }
+    EXPECT_EQ(stream.substr(stream.size() - 2), "\xFE\xFD");
+    EXPECT_NE(Output().find("records"), std::string::npos) << Output();
+}
+
+TEST_F(Simulator, SaysBetweenRecordsThatNothingIsNew) {
+    EXPECT_EQ(Run(L"--seconds 1 --rate 2 --end close"), 0);
+    const std::string stream = Received();
+    const std::size_t first = RecordBuffer::kBlockSize;
+    ASSERT_GT(stream.size(), first);
+    EXPECT_EQ(stream[first], '\xFF');
+    // Half a second between the records, one byte in 50 ms.
+    const std::size_t idle = stream.find_first_not_of('\xFF', first) - first;
+    EXPECT_GE(idle, 4u);
+    EXPECT_LE(idle, 9u);
+}
+
+TEST_F(Simulator, RemovesTheExchangeFileThatTheProgramLeft) {
+    EXPECT_EQ(Run(L"--seconds 0.2 --pause 0"), 0);
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "MB-PIPE.TXT"));
+}
+
+TEST_F(Simulator, EndsWithTheExitCodeOfAProgramThatDies) {
+    SetEnvironmentVariableW(L"PIPE_READER", L"quit 600");
+    EXPECT_EQ(Run(L"--loop"), 7);
+    EXPECT_EQ(EndOfReader(), "quit");
+    EXPECT_NE(Output().find("exit code 7"), std::string::npos) << Output();
+}
+
+TEST_F(Simulator, NeverHangsOnAProgramThatDoesNotRead) {
+    SetEnvironmentVariableW(L"PIPE_READER", L"deaf");
+    Start(L"--rate 200 --loop");
+    // Far more than the pipe holds has become due when records are left out.
+    ASSERT_TRUE(WaitUntil([&] { return Output().find("left out") != std::string::npos; })) << Output();
+    test::WriteBytes(m_folder / "enough.txt", "");
+    EXPECT_EQ(ExitCode(), 0);
+}
+
+TEST_F(Simulator, TheProgramMeetsTheEndOfThePipeWhenTheHostDies) {
+    EXPECT_EQ(Run(L"--fault die@0.2"), 0);
+    ASSERT_TRUE(WaitUntil([&] { return EndOfReader() == "end of pipe"; })) << EndOfReader();
+    // Two records, and half of the third.
+    const std::vector<std::string> blocks = BlocksOf(Received());
+    ASSERT_EQ(blocks.size(), 3u);
+    EXPECT_EQ(blocks.back().size(), RecordBuffer::kBlockSize / 2);
+}
+
+TEST_F(Simulator, ClosesThePipeInTheMiddleOfABlock) {
+    EXPECT_EQ(Run(L"--seconds 0.5 --fault stop-mid-block@0.2"), 10);
+    EXPECT_EQ(EndOfReader(), "end of pipe");
+    EXPECT_EQ(BlocksOf(Received()).back().size(), RecordBuffer::kBlockSize / 2);
+}
+
+TEST_F(Simulator, RefusesToBeASecondHost) {
+    const HANDLE other = CreateMutexW(nullptr, FALSE, L"DIAGNEL-Running");
+    EXPECT_EQ(Run(L"--seconds 0.2"), 3);
+    EXPECT_NE(Output().find("a host runs already"), std::string::npos) << Output();
+    CloseHandle(other);
+}
+
+TEST_F(Simulator, ComplainsAboutArgumentsItDoesNotKnow) {
+    EXPECT_EQ(Run(L"--sedonds 3"), 2);
+    EXPECT_NE(Output().find("unknown option --sedonds"), std::string::npos) << Output();
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "MB-PIPE.TXT"));
+}
+
+}  // namespace
+}  // namespace plotvane
