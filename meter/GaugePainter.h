@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "framework/Dc.h"
 #include "meter/DialPicture.h"

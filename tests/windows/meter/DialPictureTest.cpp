@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/windows/support/Canvas.h"
 
 namespace plotvane {

@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <memory>
+#include <ostream>
 
 #include "framework/Gdi.h"
 #include "res/resource.h"
