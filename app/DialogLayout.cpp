@@ -1,0 +1,37 @@
+#include "app/DialogLayout.h"
+
+#include <algorithm>
+
+namespace plotvane {
+
+CRect PlaceOfControl(const CWnd& dialog, int id) {
+    CRect place;
+    ::GetWindowRect(dialog.GetDlgItem(id), &place);
+    return dialog.ScreenToClient(place);
+}
+
+void MoveControlsDown(CWnd& dialog, int firstId, int lastId, int pixels) {
+    for (int id = firstId; id <= lastId; ++id) {
+        const HWND control = dialog.GetDlgItem(id);
+        if (!control) continue;
+        const CRect place = PlaceOfControl(dialog, id);
+        ::SetWindowPos(control, nullptr, place.left, place.top + pixels, 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+    }
+}
+
+void GrowControl(CWnd& dialog, int id, int width, int height) {
+    const CRect place = PlaceOfControl(dialog, id);
+    ::SetWindowPos(dialog.GetDlgItem(id), nullptr, 0, 0, place.Width() + width, place.Height() + height,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+}
+
+// The size comes from a file: one that no screen holds would leave a window that cannot be used.
+void ResizeOnTop(CWnd& dialog, int width, int height) {
+    const int widest = ::GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    const int highest = std::max(::GetSystemMetrics(SM_CYVIRTUALSCREEN), kLeastHeight);
+    ::SetWindowPos(dialog.m_hWnd, HWND_TOP, 0, 0, std::clamp(width, 0, widest),
+                   std::clamp(height, kLeastHeight, highest), SWP_NOMOVE);
+}
+
+}  // namespace plotvane

@@ -1,0 +1,51 @@
+#include "app/LogFileDialog.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "framework/Text.h"
+#include "res/resource.h"
+
+namespace plotvane {
+namespace {
+
+// Windows wants the parts of a filter apart by NULs and the whole ended by two.
+std::wstring Filter() {
+    std::wstring filter =
+        ToWide(LoadText(IDS_DIAGNEL_LOGS) + " (*.csv)|*.csv|" + LoadText(IDS_ALL_FILES) + " (*.*)|*.*||");
+    std::ranges::replace(filter, L'|', L'\0');
+    return filter;
+}
+
+}  // namespace
+
+std::optional<ChosenLog> AskForLogFile(HWND owner) {
+    std::error_code ignored;
+    const auto current = std::filesystem::current_path(ignored);
+    const std::wstring filter = Filter();
+    const std::wstring folder = (current / "LOGS").wstring();
+    const std::wstring title = ToWide(LoadText(IDS_CHOOSE_LOG));
+    std::array<wchar_t, 32768> path{};
+
+    OPENFILENAMEW question{};
+    question.lStructSize = sizeof question;
+    question.hwndOwner = owner;
+    question.lpstrFilter = filter.c_str();
+    question.lpstrFile = path.data();
+    question.nMaxFile = static_cast<DWORD>(path.size());
+    question.lpstrInitialDir = folder.c_str();
+    question.lpstrTitle = title.c_str();
+    question.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    const bool chosen = ::GetOpenFileNameW(&question) != 0;
+
+    // The flag alone does not keep the dialog from changing the directory.
+    std::filesystem::current_path(current, ignored);
+    if (!chosen) return std::nullopt;
+    const std::filesystem::path log(path.data());
+    return ChosenLog{log, ToBytes(log.filename().wstring())};
+}
+
+}  // namespace plotvane

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/LogFileDialog.h"
+#include "app/MeterWindows.h"
+#include "app/RunButtonControls.h"
+#include "app/SlotControls.h"
+#include "framework/Dialog.h"
+#include "link/Acquisition.h"
+#include "link/DriveData.h"
+#include "link/InheritedPipe.h"
+#include "link/WindowPump.h"
+#include "plot/MultiPlotCtrl.h"
+
+namespace plotvane {
+
+// The main dialog: puts the rooms together, and passes on what the user does. It lives as long as the
+// program. The acquisition runs inside its handlers and dispatches its messages meanwhile, so any handler
+// may find a run below it on the stack.
+class CPlotvaneDlg : public CDialog, private LoopOwner, private TitleBar, private LogChooser {
+public:
+    CPlotvaneDlg();
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override {}  // Enter must not end the program
+    void OnCancel() override { OnClose(); }
+
+private:
+    // LoopOwner.
+    void Stop() override { m_acquisition.control.Stop(); }
+    void Pause() override { m_acquisition.control.Pause(); }
+    void Close() override { OnClose(); }
+    void ShowMessage(int textId, int captionId) override;
+
+    // TitleBar.
+    void SetModuleTitle(std::string_view title) override;
+
+    // LogChooser.
+    std::optional<ChosenLog> ChooseLog() override { return AskForLogFile(m_hWnd); }
+
+    // The window.
+    void OnClose();
+    void OnContextMenu(HWND window, POINT screen);
+    void OnPaint();
+    HICON OnQueryDragIcon() { return m_icon; }
+    void OnSize(UINT type, int width, int height);
+    void OnSysCommand(UINT id, LPARAM lParam);
+    void OnTimer(UINT_PTR timer);
+
+    // Run buttons.
+    void OnStop() { Stop(); }
+    void OnPause() { Pause(); }
+    void OnLoadLog() { m_acquisition.control.LoadLog(); }
+    void OnReplayFaster();
+    void OnReplaySlower();
+
+    // Scale boxes.
+    void OnScaleNext() { m_acquisition.selection.SelectNext(); }
+    void OnScalePrevious() { m_acquisition.selection.SelectPrevious(); }
+    void OnScaleMinLeft();
+    void OnScaleMaxLeft();
+    void OnShiftDown();
+    void OnShiftUp();
+
+    // Slots and fuel.
+    void OnValueFocus(UINT id);
+    void OnAirFuel(UINT) { m_data.state.redrawRequest = true; }
+    void OnMileage() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Mileage); }
+    void OnConsumption() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Consumption); }
+
+    // Setting up.
+    void AppendSystemMenu();
+    void CreateChart();
+    void ApplyColours();
+    void SetIcons();
+
+    void DecideMode();
+    void StepTitleHint();
+    void Relayout();
+    void ShowPreferences();
+    void ShowReplaySpeed();
+    DECLARE_MESSAGE_MAP()
+
+    DriveData m_data;
+    CMultiPlotCtrl m_chart;
+    SlotControls m_panel;
+    MeterWindows m_meters;
+    RunButtonControls m_buttons;
+    InheritedPipe m_pipe;
+    WindowPump m_pump;
+    Acquisition m_acquisition;
+
+    HICON m_icon = nullptr;  // shared, the system's to free
+    std::string m_title;     // of the window once the title-bar hint is over
+    std::string m_hintText;
+    bool m_hintShown = true;  // to come, or on
+    bool m_closing = false;
+    int m_lastWidth = 0;  // outer size in pixels for which the controls are placed
+    int m_lastHeight = 0;
+};
+
+}  // namespace plotvane

@@ -1,0 +1,67 @@
+#include "app/RunButtonControls.h"
+
+#include "res/resource.h"
+
+namespace plotvane {
+namespace {
+
+constexpr int kImageSize = 16;
+
+}  // namespace
+
+void RunButtonControls::SetUp() {
+    ShowStop(false);
+    ShowPause(PauseImage::Idle);
+    ShowLoad(false);
+    for (const int plus : {IDC_SCALE_NEXT, IDC_SHIFT_UP, IDC_REPLAY_FASTER}) SetImage(plus, IDI_PLUS);
+    for (const int minus : {IDC_SCALE_PREVIOUS, IDC_SHIFT_DOWN, IDC_REPLAY_SLOWER})
+        SetImage(minus, IDI_MINUS);
+    EnableStop(false);
+    EnablePause(false);
+}
+
+void RunButtonControls::ShowStop(bool active) {
+    SetImage(IDC_STOP, active ? IDI_STOP_ACTIVE : IDI_STOP_IDLE);
+}
+
+void RunButtonControls::ShowPause(PauseImage image) {
+    switch (image) {
+        case PauseImage::Idle:
+            SetImage(IDC_PAUSE, IDI_PAUSE_IDLE);
+            break;
+        case PauseImage::Pause:
+            SetImage(IDC_PAUSE, IDI_PAUSE_ACTIVE);
+            break;
+        case PauseImage::Resume:
+            SetImage(IDC_PAUSE, IDI_PLAY_ACTIVE);
+            break;
+        case PauseImage::StartOver:
+            SetImage(IDC_PAUSE, IDI_PLAY_IDLE);
+            break;
+    }
+}
+
+void RunButtonControls::ShowLoad(bool active) {
+    SetImage(IDC_LOAD_LOG, active ? IDI_LOAD_ACTIVE : IDI_LOAD_IDLE);
+}
+
+void RunButtonControls::EnableStop(bool enabled) {
+    m_dialog.EnableDlgItem(IDC_STOP, enabled);
+}
+
+void RunButtonControls::EnablePause(bool enabled) {
+    m_dialog.EnableDlgItem(IDC_PAUSE, enabled);
+}
+
+void RunButtonControls::EnableLoad(bool enabled) {
+    m_dialog.EnableDlgItem(IDC_LOAD_LOG, enabled);
+}
+
+// Shared icons are the system's to free.
+void RunButtonControls::SetImage(int button, int icon) {
+    const HANDLE image = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icon), IMAGE_ICON,
+                                      kImageSize, kImageSize, LR_SHARED);
+    m_dialog.SendDlgItemMessage(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
+}
+
+}  // namespace plotvane

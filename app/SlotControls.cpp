@@ -1,0 +1,236 @@
+#include "app/SlotControls.h"
+
+#include "model/Numbers.h"
+#include "plot/AirFuelRule.h"
+#include "res/resource.h"
+
+namespace plotvane {
+namespace {
+
+// Pixels at 96 dpi, as the value boxes of the template are 74 wide.
+constexpr int kWideBox = 70;
+constexpr int kAirFuelWidth = 31;
+
+int FrameOf(int slot) {
+    constexpr int kFirstOfRow[] = {IDC_FRAME_ROW_A_FIRST, IDC_FRAME_ROW_B_FIRST, IDC_FRAME_ROW_C_FIRST};
+    return kFirstOfRow[RowOf(slot)] + ColumnOf(slot);
+}
+
+int AirFuelIdOf(int slot) {
+    return IDC_AIR_FUEL_FIRST + AirFuelButtonOf(slot);
+}
+
+std::size_t Index(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+void SetColour(CColorBox& box, Colour colour) {
+    if (box.GetFillColor() == colour) return;
+    box.SetFillColor(colour);
+    box.SetFrameColor(colour);
+}
+
+}  // namespace
+
+void SlotControls::SetUp() {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        m_dialog.SendDlgItemMessage(IDC_VALUE_FIRST + slot, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    }
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        CreateSwatch(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot, IDC_SWATCH_WINDOW_FIRST + slot);
+    }
+    for (int field = 0; field < kObdFieldCount; ++field) {
+        CreateSwatch(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field,
+                     IDC_OBD_SWATCH_WINDOW_FIRST + field);
+    }
+    ShowObdRow(false);
+}
+
+void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id) {
+    box.Create(WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, CRect(), m_dialog.m_hWnd, id);
+    Place(box, placeholder);
+    SetColour(box, InactiveColour());
+    m_dialog.ShowDlgItem(placeholder, true);
+}
+
+// On top of its placeholder, which would paint over it otherwise.
+void SlotControls::Place(CColorBox& box, int placeholder) {
+    CRect place;
+    ::GetWindowRect(m_dialog.GetDlgItem(placeholder), &place);
+    place = m_dialog.ScreenToClient(place);
+    ::SetWindowPos(box.m_hWnd, HWND_TOP, place.left, place.top, place.Width(), place.Height(),
+                   SWP_NOACTIVATE);
+}
+
+void SlotControls::PlaceSwatches() {
+    for (int slot = 0; slot < kSlotCount; ++slot) Place(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot);
+    for (int field = 0; field < kObdFieldCount; ++field) {
+        Place(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field);
+    }
+}
+
+int SlotControls::SlotAt(POINT screen) const {
+    return HitAmong(screen, IDC_SWATCH_FIRST, kSlotCount);
+}
+
+int SlotControls::ObdFieldAt(POINT screen) const {
+    return HitAmong(screen, IDC_OBD_SWATCH_FIRST, kObdFieldCount);
+}
+
+int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const {
+    for (int i = 0; i < count; ++i) {
+        CRect place;
+        ::GetWindowRect(m_dialog.GetDlgItem(firstPlaceholder + i), &place);
+        if (place.Contains(screen)) return i;
+    }
+    return -1;
+}
+
+void SlotControls::ShowValue(int slot, std::string_view text) {
+    m_values[Index(slot)].Show(m_dialog, IDC_VALUE_FIRST + slot, text);
+}
+
+bool SlotControls::IsTraceShown(int slot) const {
+    return m_dialog.IsDlgButtonChecked(IDC_SHOW_FIRST + slot);
+}
+
+void SlotControls::SetTraceShown(int slot, bool shown) {
+    SetChecked(IDC_SHOW_FIRST + slot, shown);
+}
+
+void SlotControls::SetSwatch(int slot, Colour colour) {
+    SetColour(m_swatches[Index(slot)], colour);
+}
+
+void SlotControls::ShowAirFuelButton(int slot, bool shown) {
+    const HWND box = m_dialog.GetDlgItem(IDC_VALUE_FIRST + slot);
+    CRect place;
+    ::GetWindowRect(box, &place);
+    place = m_dialog.ScreenToClient(place);
+    if (shown && place.Width() > kWideBox) {
+        ::MoveWindow(box, place.left, place.top, place.Width() - kAirFuelWidth, place.Height(), TRUE);
+    } else if (!shown && place.Width() < kWideBox) {
+        ::MoveWindow(box, place.left, place.top, place.Width() + kAirFuelWidth, place.Height(), TRUE);
+    }
+    if (m_airFuelShown[Index(slot)] == shown) return;
+    m_airFuelShown[Index(slot)] = shown;
+    m_dialog.ShowDlgItem(AirFuelIdOf(slot), shown);
+}
+
+bool SlotControls::IsAirFuelOn(int slot) const {
+    return m_dialog.IsDlgButtonChecked(AirFuelIdOf(slot));
+}
+
+void SlotControls::ShowSelection(int slot, int minimum, int maximum) {
+    if (m_frame != slot) {
+        if (m_frame != kNoFrame) m_dialog.ShowDlgItem(FrameOf(m_frame), false);
+        m_frame = slot;
+        m_dialog.ShowDlgItem(FrameOf(slot), true);
+        // The frame paints over what it encloses.
+        for (const int id :
+             {IDC_VALUE_FIRST + slot, IDC_SHOW_FIRST + slot, IDC_SWATCH_FIRST + slot, AirFuelIdOf(slot)}) {
+            ::InvalidateRect(m_dialog.GetDlgItem(id), nullptr, TRUE);
+        }
+        m_swatches[Index(slot)].Invalidate();
+    }
+    ShowLimit(IDC_SCALE_MIN, minimum);
+    ShowLimit(IDC_SCALE_MAX, maximum);
+}
+
+void SlotControls::HideFrame(int slot) {
+    if (m_frame != slot) return;
+    m_dialog.ShowDlgItem(FrameOf(slot), false);
+    m_frame = kNoFrame;
+}
+
+// The user types into these boxes, so what they show is asked of them.
+void SlotControls::ShowLimit(int id, int limit) {
+    std::string text;
+    AppendDecimal(text, limit);
+    if (m_dialog.GetDlgItemText(id) != text) m_dialog.SetDlgItemText(id, text);
+}
+
+void SlotControls::ApplyLayout(bool tenChannels) {
+    ShowRowA(!tenChannels);
+    ShowObdRow(tenChannels);
+    MakeRoomForObdRow(tenChannels);
+    m_dialog.EnableDlgItem(IDC_SCALE_MIN, !tenChannels);
+    m_dialog.EnableDlgItem(IDC_SCALE_MAX, !tenChannels);
+    PlaceSwatches();
+    for (CColorBox& box : m_swatches) SetColour(box, InactiveColour());
+    for (CColorBox& box : m_obdSwatches) SetColour(box, InactiveColour());
+    m_dialog.Invalidate();
+}
+
+void SlotControls::ShowRowA(bool shown) {
+    for (int slot = 0; slot < kSlotColumns; ++slot) {
+        if (!shown) {
+            HideFrame(slot);
+            ShowAirFuelButton(slot, false);
+        }
+        m_dialog.ShowDlgItem(IDC_VALUE_FIRST + slot, shown);
+        m_dialog.ShowDlgItem(IDC_SHOW_FIRST + slot, shown);
+        m_dialog.ShowDlgItem(IDC_SWATCH_FIRST + slot, shown);
+        m_swatches[Index(slot)].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
+    }
+}
+
+void SlotControls::ShowObdRow(bool shown) {
+    for (int field = 0; field < kObdFieldCount; ++field) {
+        m_dialog.ShowDlgItem(IDC_OBD_VALUE_FIRST + field, shown);
+        m_dialog.ShowDlgItem(IDC_OBD_SHOW_FIRST + field, shown);
+        m_dialog.ShowDlgItem(IDC_OBD_SWATCH_FIRST + field, shown);
+        m_obdSwatches[Index(field)].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
+    }
+}
+
+// The first two OBD values lie where the replay speed is set.
+void SlotControls::MakeRoomForObdRow(bool made) {
+    if (made) m_replaySpeedHidden = ::IsWindowVisible(m_dialog.GetDlgItem(IDC_REPLAY_SPEED)) != FALSE;
+    if (!m_replaySpeedHidden) return;
+    for (const int id : {IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_REPLAY_FASTER})
+        m_dialog.ShowDlgItem(id, !made);
+}
+
+void SlotControls::ShowObdValue(int field, std::string_view text) {
+    m_obdValues[Index(field)].Show(m_dialog, IDC_OBD_VALUE_FIRST + field, text);
+}
+
+bool SlotControls::IsObdTraceShown(int field) const {
+    return m_dialog.IsDlgButtonChecked(IDC_OBD_SHOW_FIRST + field);
+}
+
+void SlotControls::SetObdTraceShown(int field, bool shown) {
+    SetChecked(IDC_OBD_SHOW_FIRST + field, shown);
+}
+
+void SlotControls::SetObdSwatch(int field, Colour colour) {
+    SetColour(m_obdSwatches[Index(field)], colour);
+}
+
+Colour SlotControls::InactiveColour() const {
+    return ::GetSysColor(COLOR_3DFACE);
+}
+
+void SlotControls::ShowFuelButtons(bool shown) {
+    if (shown == m_fuelButtonsShown) return;
+    m_fuelButtonsShown = shown;
+    m_dialog.ShowDlgItem(IDC_MILEAGE, shown);
+    m_dialog.ShowDlgItem(IDC_CONSUMPTION, shown);
+}
+
+void SlotControls::ShowPixelShift(int pixels) {
+    std::string text = m_pixelShiftText;
+    AppendDecimal(text, pixels);
+    m_dialog.SetDlgItemText(IDC_SHIFT_LABEL, text);
+}
+
+void SlotControls::ShowElapsed(std::string_view text) {
+    m_elapsed.Show(m_dialog, IDC_ELAPSED, text);
+}
+
+void SlotControls::SetChecked(int id, bool checked) {
+    if (m_dialog.IsDlgButtonChecked(id) != checked) m_dialog.CheckDlgButton(id, checked);
+}
+
+}  // namespace plotvane

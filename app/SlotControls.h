@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "app/ShownText.h"
+#include "plot/ColorBox.h"
+#include "plot/SlotPanel.h"
+
+namespace plotvane {
+
+// The controls below the chart that show the slots: value boxes, check boxes, swatches, frames, scale box.
+class SlotControls : public SlotPanel {
+public:
+    // `pixelShiftText` goes before the number of the pixel shift.
+    SlotControls(CWnd& dialog, std::string pixelShiftText)
+        : m_dialog(dialog), m_pixelShiftText(std::move(pixelShiftText)) {}
+
+    // Once the dialog has its controls: the swatch windows over their placeholders, and all of a value box's
+    // width for its text.
+    void SetUp();
+
+    // Puts every swatch over its placeholder again, wherever that is now.
+    void PlaceSwatches();
+
+    // The slot or OBD field whose swatch lies under a point of the screen; -1 for none.
+    int SlotAt(POINT screen) const;
+    int ObdFieldAt(POINT screen) const;
+
+    // SlotPanel.
+    void ShowValue(int slot, std::string_view text) override;
+    bool IsTraceShown(int slot) const override;
+    void SetTraceShown(int slot, bool shown) override;
+    void SetSwatch(int slot, Colour colour) override;
+    void ShowAirFuelButton(int slot, bool shown) override;
+    bool IsAirFuelOn(int slot) const override;
+    void ShowSelection(int slot, int minimum, int maximum) override;
+    void HideFrame(int slot) override;
+    void ApplyLayout(bool tenChannels) override;
+    void ShowObdValue(int field, std::string_view text) override;
+    bool IsObdTraceShown(int field) const override;
+    void SetObdTraceShown(int field, bool shown) override;
+    void SetObdSwatch(int field, Colour colour) override;
+    Colour InactiveColour() const override;
+    void ShowFuelButtons(bool shown) override;
+    void ShowPixelShift(int pixels) override;
+    void ShowElapsed(std::string_view text) override;
+
+private:
+    static constexpr int kNoFrame = -1;
+
+    void CreateSwatch(CColorBox& box, int placeholder, UINT id);
+    void Place(CColorBox& box, int placeholder);
+    int HitAmong(POINT screen, int firstPlaceholder, int count) const;
+    void ShowRowA(bool shown);
+    void ShowObdRow(bool shown);
+    void MakeRoomForObdRow(bool made);
+    void ShowLimit(int id, int limit);
+    void SetChecked(int id, bool checked);
+
+    CWnd& m_dialog;
+    const std::string m_pixelShiftText;
+    std::array<ShownText, kSlotCount> m_values;
+    std::array<ShownText, kObdFieldCount> m_obdValues;
+    std::array<CColorBox, kSlotCount> m_swatches;
+    std::array<CColorBox, kObdFieldCount> m_obdSwatches;
+    std::array<bool, kSlotCount> m_airFuelShown{};
+    ShownText m_elapsed;
+    bool m_fuelButtonsShown = false;
+    bool m_replaySpeedHidden = false;  // it was shown, but the OBD row lies there now
+    int m_frame = kNoFrame;            // the slot whose frame is shown
+};
+
+}  // namespace plotvane

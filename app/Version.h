@@ -1,0 +1,7 @@
+#pragma once
+
+namespace plotvane {
+
+constexpr const char* kVersion = "1.9f";
+
+}  // namespace plotvane
