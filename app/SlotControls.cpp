@@ -159,7 +159,8 @@ void SlotControls::ApplyLayout(bool tenChannels) {
     PlaceSwatches();
     for (CColorBox& box : m_swatches) SetColour(box, InactiveColour());
     for (CColorBox& box : m_obdSwatches) SetColour(box, InactiveColour());
-    m_dialog.Invalidate();
+    // The group boxes are transparent: erasing the dialog below them wipes them out.
+    ::RedrawWindow(m_dialog.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void SlotControls::ShowRowA(bool shown) {
