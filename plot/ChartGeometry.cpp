@@ -27,7 +27,8 @@ int Step(int from, int to, int i, int count) {
 }  // namespace
 
 std::optional<PixelLine> CutToRows(const PixelLine& line, int top, int bottom) {
-    const auto [from, to] = line;
+    const PixelPoint from = line.from;
+    const PixelPoint to = line.to;
     if (std::max(from.y, to.y) < top || std::min(from.y, to.y) > bottom) return std::nullopt;
 
     const auto cut = [&](PixelPoint end) -> PixelPoint {
