@@ -16,6 +16,8 @@ namespace {
 using test::BuriedMeter;
 using test::Deadline;
 using test::DispatchUntil;
+using test::kHiddenMeterStyle;
+using test::kMeterRect;
 using test::MeterSlot;
 using test::Ticker;
 
@@ -73,7 +75,7 @@ bool WithMenu(HWND meter, POINT place, Action act) {
 
 TEST(MeterMenu, HasNineItems) {
     MeterSlot slot;
-    auto& meter = slot.Open<NotingMeter>();
+    auto& meter = slot.Open<NotingMeter>(nullptr, kMeterRect, kHiddenMeterStyle);
     ASSERT_TRUE(WithMenu(meter.GetSafeHwnd(), {300, 300}, [] { ::EndMenu(); }));
     const std::vector<std::wstring> texts{L"EnableMaxMarker",
                                           L"EnableMinMarker",
@@ -91,7 +93,7 @@ TEST(MeterMenu, HasNineItems) {
 
 TEST(MeterMenu, ChecksWhatIsOn) {
     MeterSlot slot;
-    auto& meter = slot.Open<NotingMeter>();
+    auto& meter = slot.Open<NotingMeter>(nullptr, kMeterRect, kHiddenMeterStyle);
     const auto checks = [&] {
         meter.checks.clear();
         EXPECT_TRUE(WithMenu(meter.GetSafeHwnd(), {300, 300}, [] { ::EndMenu(); }));
@@ -121,7 +123,7 @@ std::optional<POINT> PlaceOfMenu(CMeterWnd& meter, POINT place) {
 
 TEST(MeterMenu, OpensCentredBelowThePointer) {
     MeterSlot slot;
-    const auto place = PlaceOfMenu(slot.Open(), {400, 300});
+    const auto place = PlaceOfMenu(slot.Open(nullptr, kMeterRect, kHiddenMeterStyle), {400, 300});
     ASSERT_TRUE(place);
     EXPECT_NEAR(place->x, 400, 1);
     EXPECT_EQ(place->y, 300);
@@ -129,7 +131,7 @@ TEST(MeterMenu, OpensCentredBelowThePointer) {
 
 TEST(MeterMenu, OpensAtTheMiddleOfTheMeterForTheKeyboard) {
     MeterSlot slot;
-    CMeterWnd& meter = slot.Open(nullptr, CRect{300, 200, 500, 400});
+    CMeterWnd& meter = slot.Open(nullptr, CRect{300, 200, 500, 400}, kHiddenMeterStyle);
     const CRect client = meter.GetClientRect();
     POINT middle{client.Width() / 2, client.Height() / 2};
     ::ClientToScreen(meter.GetSafeHwnd(), &middle);
@@ -141,7 +143,7 @@ TEST(MeterMenu, OpensAtTheMiddleOfTheMeterForTheKeyboard) {
 
 TEST(MeterMenu, RunsTheItemThatIsChosen) {
     MeterSlot slot;
-    CMeterWnd& meter = slot.Open();
+    CMeterWnd& meter = slot.Open(nullptr, kMeterRect, kHiddenMeterStyle);
     const HWND window = meter.GetSafeHwnd();
     ASSERT_TRUE(WithMenu(window, {300, 300}, [&] {
         for (int i = 0; i < 4; ++i) ::PostMessageW(window, WM_KEYDOWN, VK_DOWN, 0);  // to "Rice!"
@@ -152,7 +154,7 @@ TEST(MeterMenu, RunsTheItemThatIsChosen) {
 
 TEST(MeterMenu, GoesWithTheMeter) {
     MeterSlot slot;
-    const HWND window = slot.Open<BuriedMeter>().GetSafeHwnd();
+    const HWND window = slot.Open<BuriedMeter>(nullptr, kMeterRect, kHiddenMeterStyle).GetSafeHwnd();
     EXPECT_TRUE(WithMenu(window, {300, 300}, [&] { ::SendMessageW(window, WM_CLOSE, 0, 0); }));
     EXPECT_EQ(slot.meter, nullptr);
     EXPECT_TRUE(BuriedMeter::RestsUntouched());
@@ -163,7 +165,7 @@ TEST(MeterMenu, GoesWithTheOwnerOfTheMeter) {
     const HWND owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                          ::GetModuleHandleW(nullptr), nullptr);
     MeterSlot slot;
-    const HWND window = slot.Open(owner).GetSafeHwnd();
+    const HWND window = slot.Open(owner, kMeterRect, kHiddenMeterStyle).GetSafeHwnd();
     EXPECT_TRUE(WithMenu(window, {300, 300}, [&] { ::DestroyWindow(owner); }));
     EXPECT_EQ(slot.meter, nullptr);
 }

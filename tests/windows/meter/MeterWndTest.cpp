@@ -15,9 +15,11 @@ namespace {
 
 using test::HasSomethingToPaint;
 using test::kFieldMeterStyle;
+using test::kHiddenMeterStyle;
 using test::kMeterRect;
 using test::MeterSlot;
 using test::Settle;
+using test::Stage;
 
 constexpr int kObjectsOfADial = 4;  // device context, bitmap, font, region
 
@@ -29,11 +31,11 @@ COLORREF Shown(const CMeterWnd& meter, int x, int y) {
 
 TEST(MeterWnd, IsAToolWindowWithATitle) {
     MeterSlot slot;
-    const CMeterWnd& meter = slot.Open();
+    const CMeterWnd& meter = slot.Open(nullptr, kMeterRect, kHiddenMeterStyle);
     const HWND window = meter.GetSafeHwnd();
     EXPECT_EQ(meter.GetWindowText(), "Plotvane Meter");
     EXPECT_NE(::GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW, 0);
-    EXPECT_EQ(static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE)) & kFieldMeterStyle, kFieldMeterStyle);
+    EXPECT_EQ(static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE)) & kFieldMeterStyle, kHiddenMeterStyle);
     EXPECT_EQ(::GetMenu(window), nullptr);  // what an id would be taken for
     EXPECT_EQ(meter.GetWindowRect().left, kMeterRect.left);
     EXPECT_EQ(meter.GetWindowRect().top, kMeterRect.top);
@@ -244,8 +246,9 @@ TEST(MeterWnd, SetsItsTitleWithoutPainting) {
 }
 
 TEST(MeterWnd, MakesANewDialWhenItIsResized) {
+    const Stage stage;
     MeterSlot slot;
-    CMeterWnd& meter = slot.Open();
+    CMeterWnd& meter = slot.Open(stage.window, kMeterRect, WS_CHILD | WS_VISIBLE);
     meter.SetBackColor(RGB(10, 20, 130));
     Settle(meter);
     EXPECT_EQ(RepaintAfter(meter,
@@ -259,8 +262,9 @@ TEST(MeterWnd, MakesANewDialWhenItIsResized) {
 }
 
 TEST(MeterWnd, SurvivesBeingMadeAsSmallAsCanBe) {
+    const Stage stage;
     MeterSlot slot;
-    CMeterWnd& meter = slot.Open(nullptr, CRect{0, 0, 0, 0}, WS_POPUP | WS_VISIBLE);
+    CMeterWnd& meter = slot.Open(stage.window, CRect{0, 0, 0, 0}, WS_CHILD | WS_VISIBLE);
     EXPECT_EQ(meter.GetClientRect().Height(), 0);
     meter.SetRange(0, 1);
     meter.SetValue(0.5);
@@ -331,11 +335,8 @@ void OpenAndClose(DWORD style, HWND parent) {
 }
 
 TEST(MeterWnd, OpensAndClosesAThousandTimesWithoutALeak) {
-    // Inside another window, as that takes the display a twentieth of the time.
-    const HWND parent = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 300, nullptr,
-                                          nullptr, ::GetModuleHandleW(nullptr), nullptr);
-    for (int i = 0; i < 1000 && !HasFatalFailure(); ++i) OpenAndClose(WS_CHILD, parent);
-    ::DestroyWindow(parent);
+    const Stage stage;  // which takes the display a twentieth of the time
+    for (int i = 0; i < 1000 && !HasFatalFailure(); ++i) OpenAndClose(WS_CHILD, stage.window);
 }
 
 TEST(MeterWnd, OpensAndClosesAsAFieldMeterWithoutALeak) {

@@ -24,6 +24,10 @@ void DispatchQueued() {
 
 }  // namespace
 
+Stage::Stage()
+    : window(::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 500, 500, nullptr, nullptr,
+                               ::GetModuleHandleW(nullptr), nullptr)) {}
+
 MeterSlot::~MeterSlot() {
     if (meter) meter->DestroyWindow();
 }

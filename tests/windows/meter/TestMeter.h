@@ -15,6 +15,21 @@ namespace plotvane::test {
 constexpr DWORD kFieldMeterStyle = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
 constexpr CRect kMeterRect{32, 64, 232, 264};
 
+// The same, not shown: for tests that a display would disturb, which moves windows and takes the focus from
+// them (and so closes their menus) when it finds time.
+constexpr DWORD kHiddenMeterStyle = kFieldMeterStyle & ~static_cast<DWORD>(WS_VISIBLE);
+
+// A window for meters inside of it, which the display does not move, size or map.
+class Stage {
+public:
+    Stage();
+    ~Stage() { ::DestroyWindow(window); }
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    HWND window;
+};
+
 // An owner's variable with a meter in it, as the main dialog has them. Destroys the meter that is still open.
 class MeterSlot {
 public:
