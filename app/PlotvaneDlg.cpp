@@ -49,6 +49,17 @@ MeterTexts LoadMeterTexts() {
             LoadText(IDS_LITRES_PER_100KM)};
 }
 
+// Asks the windows that belong to the dialog to close: meters, and dialogs and messages that are open over
+// it. Each of these may have a loop of its own on the stack, in which the program would go on for ever.
+void CloseOwnedWindows(HWND dialog) {
+    const auto closeOne = [](HWND window, LPARAM owner) -> BOOL {
+        if (::GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner))
+            ::SendMessageW(window, WM_CLOSE, 0, 0);
+        return TRUE;
+    };
+    ::EnumThreadWindows(::GetCurrentThreadId(), closeOne, reinterpret_cast<LPARAM>(dialog));
+}
+
 AcquisitionTexts LoadAcquisitionTexts() {
     return {LoadText(IDS_LIVE_TITLE),
             {LoadText(IDS_MPG), LoadText(IDS_LITRES_PER_100KM), LoadText(IDS_GALLONS_PER_HOUR)}};
@@ -264,6 +275,7 @@ void CPlotvaneDlg::OnSysCommand(UINT id, LPARAM lParam) {
 void CPlotvaneDlg::OnClose() {
     if (m_closing) return;
     m_closing = true;
+    CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
     Stop();
     if (m_data.prefs.saveWindowSize) {
         static_cast<void>(
