@@ -3,14 +3,14 @@
 #include "tools/HostLink.h"
 #include "tools/sim/Console.h"
 #include "tools/sim/HostedProgram.h"
-#include "tools/sim/InheritedPipe.h"
+#include "tools/sim/PipeToProgram.h"
 
 namespace plotvane {
 
 // The real world of the stand-in host: a pipe, a process, the system's clock and the console.
 class PipeLink final : public HostLink {
 public:
-    PipeLink(InheritedPipe& pipe, const HostedProgram& program, Console& console)
+    PipeLink(PipeToProgram& pipe, const HostedProgram& program, Console& console)
         : m_pipe(pipe), m_program(program), m_console(console) {}
 
     WriteResult Write(std::string_view bytes) override;
@@ -22,7 +22,7 @@ public:
     void Report(const PlayProgress& progress) override;
 
 private:
-    InheritedPipe& m_pipe;
+    PipeToProgram& m_pipe;
     const HostedProgram& m_program;
     Console& m_console;
     double m_nextReport = 0;  // seconds since playing began

@@ -9,12 +9,13 @@
 
 #include "files/AtomicFile.h"
 #include "tools/DrivePlayer.h"
+#include "tools/PlainCsv.h"
 #include "tools/ScriptedDrive.h"
 #include "tools/SimOptions.h"
 #include "tools/sim/Console.h"
 #include "tools/sim/HostedProgram.h"
-#include "tools/sim/InheritedPipe.h"
 #include "tools/sim/PipeLink.h"
+#include "tools/sim/PipeToProgram.h"
 #include "tools/sim/WideText.h"
 
 namespace plotvane {
@@ -51,10 +52,20 @@ private:
         return code;
     }
 
+    // The drive to play. 0, or the exit code.
     int LoadDrive() {
-        if (!m_options.csv.empty() || !m_options.script.empty())
-            return Fail(kBadRequest, L"only the built-in drive can be played so far");
-        m_drive = std::make_unique<ScriptedDrive>();
+        if (m_options.csv.empty()) {
+            m_drive = std::make_unique<ScriptedDrive>();
+            return 0;
+        }
+        PlainCsvResult csv = LoadPlainCsv(m_options.csv);
+        if (!csv.drive)
+            return Fail(kBadRequest, m_options.csv.wstring() + L" " + WideFromCodePage(CP_UTF8, csv.error));
+        for (const std::string& name : csv.ignored)
+            m_console.Line(L"no place for the column " + WideFromCodePage(CP_UTF8, name));
+        if (csv.droppedRows > 0)
+            m_console.Line(std::to_wstring(csv.droppedRows) + L" rows have no usable time");
+        m_drive = std::move(csv.drive);
         return 0;
     }
 
@@ -129,7 +140,7 @@ private:
     Console m_console;
     SimOptions m_options;
     std::unique_ptr<Drive> m_drive;
-    InheritedPipe m_pipe;
+    PipeToProgram m_pipe;
     HostedProgram m_program;
 };
 

@@ -1,4 +1,4 @@
-#include "tools/sim/InheritedPipe.h"
+#include "tools/sim/PipeToProgram.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -20,13 +20,13 @@ void Close(int& descriptor) {
 
 }  // namespace
 
-InheritedPipe::~InheritedPipe() {
+PipeToProgram::~PipeToProgram() {
     CloseWriteEnd();
     DropInherited();
     Close(m_read);
 }
 
-bool InheritedPipe::Open() {
+bool PipeToProgram::Open() {
     int ends[2] = {-1, -1};
     if (_pipe(ends, kCapacity, _O_BINARY | _O_NOINHERIT) != 0) return false;
     m_read = ends[0];
@@ -36,29 +36,29 @@ bool InheritedPipe::Open() {
            SetHandleInformation(InheritedHandle(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT) != 0;
 }
 
-HANDLE InheritedPipe::InheritedHandle() const {
+HANDLE PipeToProgram::InheritedHandle() const {
     return HandleOf(m_inherited);
 }
 
-void InheritedPipe::DropInherited() {
+void PipeToProgram::DropInherited() {
     Close(m_inherited);
 }
 
-void InheritedPipe::CloseWriteEnd() {
+void PipeToProgram::CloseWriteEnd() {
     Close(m_write);
 }
 
-std::size_t InheritedPipe::Unread() const {
+std::size_t PipeToProgram::Unread() const {
     DWORD bytes = 0;
     if (PeekNamedPipe(HandleOf(m_read), nullptr, 0, nullptr, &bytes, nullptr) == 0) return 0;
     return bytes;
 }
 
-bool InheritedPipe::HasRoomFor(std::size_t bytes) const {
+bool PipeToProgram::HasRoomFor(std::size_t bytes) const {
     return Unread() + bytes <= kCapacity;
 }
 
-bool InheritedPipe::Write(std::string_view bytes) {
+bool PipeToProgram::Write(std::string_view bytes) {
     if (!IsOpen()) return false;
     const int written = _write(m_write, bytes.data(), static_cast<unsigned>(bytes.size()));
     return written >= 0 && static_cast<std::size_t>(written) == bytes.size();

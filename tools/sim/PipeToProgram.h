@@ -9,12 +9,12 @@ namespace plotvane {
 
 // The pipe to the program. A descriptor of its read end is the only thing that the program inherits: were it
 // to inherit the write end too, it would never meet the end of the pipe.
-class InheritedPipe {
+class PipeToProgram {
 public:
-    InheritedPipe() = default;
-    InheritedPipe(const InheritedPipe&) = delete;
-    InheritedPipe& operator=(const InheritedPipe&) = delete;
-    ~InheritedPipe();
+    PipeToProgram() = default;
+    PipeToProgram(const PipeToProgram&) = delete;
+    PipeToProgram& operator=(const PipeToProgram&) = delete;
+    ~PipeToProgram();
 
     // Makes the pipe, binary at both ends. False if the system refuses.
     bool Open();
