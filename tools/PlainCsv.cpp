@@ -9,6 +9,7 @@
 
 #include "files/TextInput.h"
 #include "tools/CsvColumns.h"
+#include "tools/TextLine.h"
 
 namespace plotvane {
 namespace {
@@ -18,16 +19,6 @@ constexpr std::size_t kMaxColumns = 64;
 constexpr int kMaxRows = 200'000;
 constexpr std::size_t kMaxDecimals = 3;
 constexpr double kLongestDrive = 1e7;  // seconds; four months
-
-bool ReadLine(TextInput& input, std::string& line) {
-    line.clear();
-    int c = input.Get();
-    if (c == TextInput::kEnd) return false;
-    for (; c != TextInput::kEnd && c != '\n'; c = input.Get()) {
-        if (line.size() < kMaxLineLength) line += static_cast<char>(c);
-    }
-    return true;
-}
 
 std::string_view Trimmed(std::string_view text) {
     constexpr std::string_view kAround = " \t\r\"";
@@ -67,7 +58,7 @@ public:
         if (!m_input.IsOpen()) return Failed("cannot be opened");
         if (!ReadHeader()) return Failed("has no column named t or t_..., with channels behind it");
         int rows = 0;
-        while (ReadLine(m_input, m_line)) {
+        while (ReadTextLine(m_input, m_line, kMaxLineLength)) {
             if (Trimmed(m_line).empty()) continue;
             if (++rows > kMaxRows) return Failed("has more than 200,000 lines");
             SplitCells(m_line, m_cells);
@@ -87,7 +78,7 @@ private:
     }
 
     bool ReadHeader() {
-        if (!ReadLine(m_input, m_line)) return false;
+        if (!ReadTextLine(m_input, m_line, kMaxLineLength)) return false;
         constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
         std::string_view line = m_line;
         if (line.starts_with(kUtf8Mark)) line.remove_prefix(kUtf8Mark.size());

@@ -169,6 +169,46 @@ TEST_F(Simulator, ClosesThePipeInTheMiddleOfABlock) {
     EXPECT_EQ(BlocksOf(Received()).back().size(), RecordBuffer::kBlockSize / 2);
 }
 
+TEST_F(Simulator, SendsExactlyWhatAScriptSays) {
+    test::WriteBytes(m_folder / "s.txt",
+                     "bytes FF 4D 2C\nwait 60\nbytes 1A 0D 0A 0A FF\ndrain 5000\nrecord \xB0\\xFF\nclose\n");
+    EXPECT_EQ(Run(L"--script \"" + WideOf(m_folder / "s.txt") + L"\""), 10);
+    // No line end is folded, no byte ends the stream.
+    EXPECT_EQ(Received(), "\xFFM,\x1A\r\n\n\xFF\xB0\xFF" + std::string(511, '\0'));
+}
+
+TEST_F(Simulator, ComplainsAboutAWrongScript) {
+    test::WriteBytes(m_folder / "s.txt", "wait 1\nsend FF\n");
+    EXPECT_EQ(Run(L"--script \"" + WideOf(m_folder / "s.txt") + L"\""), 2);
+    EXPECT_NE(Output().find("line 2"), std::string::npos) << Output();
+}
+
+TEST_F(Simulator, PlaysAPlainCsv) {
+    test::WriteBytes(m_folder / "d.csv", "t,rpm,coolant_c\n0,780,90.5\n60,790,91\n");
+    EXPECT_EQ(Run(L"--seconds 0.1 --pause 0 --csv \"" + WideOf(m_folder / "d.csv") + L"\" --module \"A 1\""),
+              0);
+    EXPECT_TRUE(
+        Received().starts_with("A 1,G001,F0,780,/min,G001,F1,90.5,\xB0"
+                               "C,G000,,,,"))
+        << Received();
+}
+
+TEST_F(Simulator, ComplainsAboutACsvThatIsNone) {
+    EXPECT_EQ(Run(L"--csv \"" + WideOf(m_folder / "none.csv") + L"\""), 2);
+    EXPECT_NE(Output().find("cannot be opened"), std::string::npos) << Output();
+}
+
+TEST_F(Simulator, KeepsThePipeOpenAndPlaysAgain) {
+    SetEnvironmentVariableW(L"PIPE_READER", L"quit 1029");
+    EXPECT_EQ(Run(L"--keep-open --seconds 0.1 --rate 10"), 7);
+    const std::string stream = Received();
+    EXPECT_EQ(stream.size(), 1029u);
+    const std::size_t stop = stream.find('\xFE');
+    ASSERT_NE(stop, std::string::npos);
+    EXPECT_EQ(stream.substr(stop, 2), "\xFE\xFF");
+    EXPECT_EQ(stream.substr(stop + 2, 15), "038 906 019 FT,");
+}
+
 TEST_F(Simulator, RefusesToBeASecondHost) {
     const HANDLE other = CreateMutexW(nullptr, FALSE, L"DIAGNEL-Running");
     EXPECT_EQ(Run(L"--seconds 0.2"), 3);

@@ -9,6 +9,7 @@
 
 #include "files/AtomicFile.h"
 #include "tools/DrivePlayer.h"
+#include "tools/HostScript.h"
 #include "tools/PlainCsv.h"
 #include "tools/ScriptedDrive.h"
 #include "tools/SimOptions.h"
@@ -40,16 +41,23 @@ public:
             return 0;
         }
         m_options = std::move(options);
-        if (const int code = LoadDrive()) return code;
+        const bool isScripted = !m_options.script.empty();
+        if (const int code = isScripted ? LoadScript() : LoadDrive()) return code;
         if (const int code = Begin()) return code;
         PipeLink link(m_pipe, m_program, m_console);
-        return End(Play(link, *m_drive, m_options.play));
+        return End(isScripted ? RunScript(link, m_script.steps) : Play(link, *m_drive, m_options.play));
     }
 
 private:
     int Fail(int code, const std::wstring& what) {
         m_console.Line(L"diagnel-sim: " + what);
         return code;
+    }
+
+    int LoadScript() {
+        m_script = LoadHostScript(m_options.script);
+        if (m_script.error.empty()) return 0;
+        return Fail(kBadRequest, m_options.script.wstring() + L" " + WideFromWindows1252(m_script.error));
     }
 
     // The drive to play. 0, or the exit code.
@@ -114,7 +122,7 @@ private:
                 return Fail(kDoesNotClose, L"the program did not close");
         } else if (result != PlayResult::ProgramGone) {
             m_console.Line(result == PlayResult::Stopped
-                               ? L"stopped sending; waiting for the program to end"
+                               ? L"nothing more to send; waiting for the program to end"
                                : L"closed the pipe; waiting for the program to end");
             m_program.WaitForEnd(INFINITE);
         }
@@ -139,6 +147,7 @@ private:
 
     Console m_console;
     SimOptions m_options;
+    HostScript m_script;
     std::unique_ptr<Drive> m_drive;
     PipeToProgram m_pipe;
     HostedProgram m_program;
