@@ -16,7 +16,7 @@ namespace {
 
 using Milliseconds = std::chrono::milliseconds;
 
-constexpr std::size_t kMaxLineLength = 16 * 1024;
+constexpr std::size_t kMaxLineLength = 16'384;
 constexpr std::size_t kMaxSteps = 10'000;
 constexpr std::size_t kMaxBytes = 4096;  // of one command: must fit the pipe in one piece
 constexpr int kLongestWaitMs = 600'000;
