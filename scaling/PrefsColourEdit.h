@@ -1,0 +1,36 @@
+#pragma once
+
+#include "scaling/Prefs.h"
+
+namespace plotvane {
+
+// The colours that the Preferences dialog edits, one a row, and the parts of a colour in slider order.
+enum class ColourRow { Background, Grid, Trace };
+enum class ColourPart { Red, Green, Blue };
+
+// Edits the colours of the preferences in place; of the twelve traces one at a time. What it shows is what
+// is stored: a colour from the file may carry a high byte, which it loses when it comes into view.
+class PrefsColourEdit {
+public:
+    explicit PrefsColourEdit(Prefs& prefs) : m_prefs(prefs) {}
+
+    // Takes the record as it now is, with the first trace in the trace row.
+    void Begin();
+
+    Colour ColourOf(ColourRow row) const { return Stored(row); }
+    std::uint8_t PartOf(ColourRow row, ColourPart part) const;
+
+    // Each answers whether the row shows another colour now. Numbers out of range change nothing.
+    bool SelectTrace(int trace);                              // 0..11
+    bool SetPart(ColourRow row, ColourPart part, int value);  // 0..255
+    bool UsePreset(ColourRow row, int preset);                // a place in kPresetColours
+
+private:
+    Colour& Stored(ColourRow row) const;
+    bool Store(ColourRow row, Colour colour);
+
+    Prefs& m_prefs;
+    std::size_t m_trace = 0;
+};
+
+}  // namespace plotvane
