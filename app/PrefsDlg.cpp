@@ -70,6 +70,7 @@ private:
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CPrefsDlg, CDialog)
+    ON_WM_CLOSE()
     // Colours. Of the sliders every redraw is heard, also while one is dragged.
     ON_NOTIFY_RANGE(NM_CUSTOMDRAW, IDC_PREFS_BACK_RED, IDC_PREFS_TRACE_BLUE, OnSliderDrawn)
     ON_CONTROL_RANGE(CBN_SELENDOK, IDC_PREFS_BACK_PRESET, IDC_PREFS_TRACE_PRESET, OnPresetChosen)
@@ -245,6 +246,7 @@ void CPrefsDlg::Reject(UINT textId, UINT captionId, UINT edit, const std::string
     const auto id = static_cast<int>(edit);
     const Meanwhile rejecting{m_rejecting};
     MessageBoxText(m_hWnd, textId, captionId);
+    if (m_closing) return;
     SetDlgItemText(id, shownText);
     ::SetFocus(GetDlgItem(id));
     SendDlgItemMessage(id, EM_SETSEL, 0, -1);
@@ -324,10 +326,16 @@ void CPrefsDlg::OnOK() {
 }
 
 void CPrefsDlg::OnCancel() {
-    if (m_rejecting) return;
     m_closing = true;
     LoadPrefs(m_prefsFile, m_prefs);
     EndDialog(IDCANCEL);
+    // The program may end while a box is up; the box would keep it alive for as long as nobody answers.
+    if (m_rejecting) ::PostMessageW(::GetLastActivePopup(m_hWnd), WM_CLOSE, 0, 0);
+}
+
+// At once, where the default would come later: whoever closes the program saves the preferences next.
+void CPrefsDlg::OnClose() {
+    OnCancel();
 }
 
 }  // namespace plotvane

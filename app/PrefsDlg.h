@@ -29,6 +29,7 @@ protected:
     void OnCancel() override;
 
 private:
+    void OnClose();
     LRESULT OnSliderDrawn(UINT id, const NMHDR& notification);
     void OnPresetChosen(UINT id);
     void OnTraceChosen();

@@ -33,6 +33,8 @@ public:
     std::string TextOf(int id) const;
     bool IsChecked(int id) const;
     LRESULT Ask(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    HWND Focus() const;
+    HWND ShownBox() const;  // null for none
     bool HasFocus(int id) const { return Focus() == Control(id); }
     bool IsOver() const { return !::IsWindow(m_dialog); }
 
@@ -55,10 +57,7 @@ public:
 
     bool WaitUntil(const char* what, const std::function<bool()>& isSo) const;
 
-    HWND Focus() const;
-
 private:
-    HWND ShownBox() const;
     HWND FindDialog() const;
 
     const DWORD m_uiThread;

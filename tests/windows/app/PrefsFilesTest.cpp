@@ -122,6 +122,31 @@ TEST_F(PrefsDlgFiles, EscAndTheCloseBoxDiscard) {
     EXPECT_EQ(m_prefs.backColor, 0x102030u);
 }
 
+TEST_F(PrefsDlgFiles, AreAsStoredWhenWhoeverClosedTheDialogGoesOn) {
+    Use([this](DialogUser& user) {
+        user.Choose(1226, 13);
+        ::SendMessageW(user.Dialog(), WM_CLOSE, 0, 0);
+        EXPECT_EQ(m_prefs.backColor, 0x102030u);
+    });
+    EXPECT_EQ(m_result, IDCANCEL);
+}
+
+TEST_F(PrefsDlgFiles, ClosingTheDialogClosesAMessageOverItToo) {
+    Use([this](DialogUser& user) {
+        user.Type(1234, "11");
+        user.GoTo(1225);
+        user.WaitUntil("a box is shown", [&] { return user.ShownBox() != nullptr; });
+        EXPECT_EQ(m_prefs.thickness, 11);
+        ::SendMessageW(user.Dialog(), WM_COMMAND, IDOK, 0);  // not past the box
+        ::SendMessageW(user.Dialog(), WM_CLOSE, 0, 0);
+        EXPECT_TRUE(user.Ends());
+        EXPECT_EQ(user.BoxCount(), 1);
+    });
+    EXPECT_EQ(m_result, IDCANCEL);
+    EXPECT_EQ(m_prefs.thickness, 2);
+    EXPECT_EQ(BytesOf(PrefsFile()), kStoredPrefs);
+}
+
 TEST_F(PrefsDlgFiles, FilesThatCannotBeWrittenAreNoReasonToStay) {
     std::filesystem::remove(PrefsFile());
     std::filesystem::remove(TableFile());
