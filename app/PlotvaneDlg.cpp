@@ -277,11 +277,13 @@ void CPlotvaneDlg::OnClose() {
     m_closing = true;
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
     Stop();
+    std::error_code ignored;
     if (m_data.prefs.saveWindowSize) {
+        // A run without the host has made no folder yet; what the user set must not be lost for that.
+        std::filesystem::create_directory(m_data.PrefsFile().parent_path(), ignored);
         static_cast<void>(
             SavePrefs(m_data.PrefsFile(), m_data.prefs, m_data.state.width, m_data.state.height));
     }
-    std::error_code ignored;
     std::filesystem::remove(kExchangeFileName, ignored);
     EndDialog(IDCANCEL);
 }

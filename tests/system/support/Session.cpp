@@ -1,0 +1,82 @@
+#include "tests/system/support/Session.h"
+
+#include "tests/system/support/MainDialog.h"
+
+namespace plotvane::test {
+
+namespace {
+
+// Any free number will do; this one shows that the program reads it from the file.
+constexpr int kDescriptor = 5;
+
+}  // namespace
+
+void Session::Start() {
+    Launch(nullptr, -1);
+}
+
+void Session::StartWithHost() {
+    WriteBytes(ExchangeFile(), std::to_string(kDescriptor) + "\n");
+    StartWithHostButNoExchangeFile();
+}
+
+void Session::StartWithHostButNoExchangeFile() {
+    m_host = std::make_unique<PipeHost>();
+    Launch(m_host->ReadEnd(), kDescriptor);
+}
+
+void Session::StartThroughStandIn(const std::wstring& options) {
+    m_throughStandIn = true;
+    const std::wstring host = (ProgramFolder() / "diagnel-sim.exe").wstring();
+    m_process = std::make_unique<ChildProcess>(
+        L'"' + host + L"\" --folder \"" + Folder().wstring() + L"\" " + options, Folder());
+}
+
+void Session::Launch(HANDLE inheritedPipe, int descriptor) {
+    const std::wstring program = (ProgramFolder() / "plotvane.exe").wstring();
+    m_process = std::make_unique<ChildProcess>(L'"' + program + L'"', Folder(), inheritedPipe, descriptor);
+}
+
+RemoteWindow Session::Main() const {
+    if (!m_main.Exists()) {
+        EXPECT_TRUE(Becomes(
+            [this] {
+                m_main = FindMainDialog(m_throughStandIn ? 0 : m_process->Id());
+                return m_main.Exists();
+            },
+            true))
+            << "the main window did not come; exit code of the process: " << m_process->ExitCode();
+    }
+    return m_main;
+}
+
+RemoteWindow Session::DialogWith(int id) const {
+    RemoteWindow dialog;
+    EXPECT_TRUE(Becomes(
+        [&] {
+            for (const RemoteWindow& window : WindowsOf(m_process->Id())) {
+                if (window.Control(id).Exists() && !window.Control(IDC_CHART_FRAME).Exists()) dialog = window;
+            }
+            return dialog.Exists();
+        },
+        true))
+        << "no dialog with the control " << id << " came";
+    return dialog;
+}
+
+::testing::AssertionResult Session::Shows(int slot, const std::wstring& text) const {
+    return Becomes([&] { return ValueText(slot); }, text);
+}
+
+::testing::AssertionResult Session::Closes() const {
+    const RemoteWindow main = Main();
+    const Handle program(::OpenProcess(SYNCHRONIZE, FALSE, main.ProcessId()));
+    main.Close();
+    if (::WaitForSingleObject(program.Get(), static_cast<DWORD>(kDeadline.count())) == WAIT_OBJECT_0) {
+        return ::testing::AssertionSuccess();
+    }
+    return ::testing::AssertionFailure()
+           << "the program still runs " << kDeadline.count() << " ms after its window was closed";
+}
+
+}  // namespace plotvane::test

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "res/resource.h"
+#include "tests/support/TempFolder.h"
+#include "tests/system/support/Await.h"
+#include "tests/system/support/ChildProcess.h"
+#include "tests/system/support/PipeHost.h"
+#include "tests/system/support/RemoteWindow.h"
+
+namespace plotvane::test {
+
+// One run of the real program in a working folder of its own. Whatever still runs ends with the object.
+class Session {
+public:
+    // Without a host the program offers logs to replay; with one it plots live.
+    void Start();
+    void StartWithHost();
+    // The same without the file in which the host says where its pipe is.
+    void StartWithHostButNoExchangeFile();
+
+    // Through the stand-in host, which inherits its pipe to the program as the real one does. `options` are
+    // its own; the working folder is added.
+    void StartThroughStandIn(const std::wstring& options);
+
+    PipeHost& Host() { return *m_host; }
+    // The program, or the stand-in host where that started it.
+    ChildProcess& Process() { return *m_process; }
+
+    // The program's main dialog, waited for; an empty window if it does not come.
+    RemoteWindow Main() const;
+    // A window of the program beside the main one that holds the control `id`, such as a message box (whose
+    // text is the control 0xFFFF) or the About dialog. Waited for; an empty window if it does not come.
+    RemoteWindow DialogWith(int id) const;
+
+    // Waits until value box `slot` reads `text`, which is how a test knows that a record has arrived.
+    ::testing::AssertionResult Shows(int slot, const std::wstring& text) const;
+    std::wstring ValueText(int slot) const { return Main().Text(IDC_VALUE_FIRST + slot); }
+
+    // Closes the main window and waits for the end of the program.
+    ::testing::AssertionResult Closes() const;
+
+    const std::filesystem::path& Folder() const { return m_folder.Path(); }
+    std::filesystem::path Scaling(std::string_view name) const { return Folder() / "Scaling" / name; }
+    std::filesystem::path ExchangeFile() const { return Folder() / "MB-PIPE.TXT"; }
+
+private:
+    void Launch(HANDLE inheritedPipe, int descriptor);
+
+    TempFolder m_folder;
+    std::unique_ptr<PipeHost> m_host;
+    std::unique_ptr<ChildProcess> m_process;
+    bool m_throughStandIn = false;
+    mutable RemoteWindow m_main;
+};
+
+}  // namespace plotvane::test
