@@ -20,8 +20,8 @@ die() {
     exit 1
 }
 
-build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix)
-test_packages=(googletest libgtest-dev libgmock-dev)
+build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
+test_packages=(libgtest-dev libgmock-dev)
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
 
 # need_packages PACKAGE...: installs by apt what is missing of them.
