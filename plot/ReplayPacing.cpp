@@ -35,7 +35,7 @@ bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
         m_plot.chart.AppendGap(m_plot.values);
         step = std::min(step, kLongestJumpWait);
     }
-    WaitForStep(step, run);
+    if (!WaitForStep(step, run)) return false;
 
     m_text.clear();
     AppendFixed(m_text, now, 2);
@@ -45,8 +45,9 @@ bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
 }
 
 // The next step counts from when this one was due: the replay keeps its pace however late a single wake-up
-// comes. The speed may be changed during the wait. Messages are dispatched at least once in every step.
-void ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
+// comes. The speed may be changed during the wait. Messages are dispatched at least once in every step. False
+// if the run ended meanwhile.
+bool ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
     const bool first = m_stepMs == kNever;
     double dueMs = 0.0;
     do {
@@ -55,7 +56,10 @@ void ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
         dueMs = first ? m_pump.NowMs() : m_stepMs + waitMs;
         if (m_pump.NowMs() < dueMs) m_pump.DispatchAndSleep(kReplayPumpMs);
     } while (m_pump.NowMs() < dueMs && !run.Ended());
+    // A newer replay may have begun, and what is remembered here is that one's.
+    if (run.Ended()) return false;
     m_stepMs = m_pump.NowMs() - dueMs > kLatestMs ? m_pump.NowMs() : dueMs;
+    return true;
 }
 
 void ReplayPacing::WaitWhilePaused(const LoopRun& run) {

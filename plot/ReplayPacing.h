@@ -32,7 +32,7 @@ public:
     void WaitWhilePaused(const LoopRun& run);
 
 private:
-    void WaitForStep(double seconds, const LoopRun& run);
+    bool WaitForStep(double seconds, const LoopRun& run);
 
     static constexpr double kNever = -1.0;
 

@@ -88,6 +88,31 @@ TEST_F(ReplayPacingTest, StopEndsTheWait) {
     EXPECT_LE(Step(4.9), 110.0);
 }
 
+TEST_F(ReplayPacingTest, AStepThatIsCutShortShowsNothing) {
+    Step(0.0);
+    pump.At(pump.NowMs() + 100.0, [this] {
+        state.stopped = true;
+        panel.ShowElapsed("0.00");  // as the Stop button does
+    });
+    Step(4.9);
+    EXPECT_EQ(panel.elapsed, "0.00");
+}
+
+TEST_F(ReplayPacingTest, AStepThatIsCutShortLeavesTheNextReplayAlone) {
+    prefs.autorun = false;
+    Step(0.0);
+    pump.At(pump.NowMs() + 100.0, [this] {
+        ++state.generation;  // stopped and started again, all in one go
+        pacing.Restart();
+    });
+    Step(4.9);
+    EXPECT_FALSE(halted);
+    EXPECT_EQ(Step(0.0), 0.0);
+    EXPECT_FALSE(halted);
+    EXPECT_EQ(Step(0.3), 295.0);  // 0.3 s after 0, not after what the older replay had reached
+    EXPECT_TRUE(halted);
+}
+
 TEST_F(ReplayPacingTest, WithoutAutorunItHaltsOnceOneRowIsDrawn) {
     prefs.autorun = false;
     Step(0.0);
