@@ -23,12 +23,6 @@ struct TracePlot {
 
     ScaleRange RangeOf(const FieldSlot& slot) const { return ranges.RangeOf(slot.group, slot.field); }
 
-    // The slot's range on its own trace.
-    void ApplyRange(int slot) const {
-        const ScaleRange range = RangeOf(slots[slot]);
-        chart.SetRange(range.min, range.max, slot);
-    }
-
     // The slot's range on its own trace and on its meter, which also takes the unit; an edit of the range
     // is thereby done.
     void ApplyRangeAndUnits(int slot) {

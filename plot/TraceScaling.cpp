@@ -101,8 +101,7 @@ void TraceScaling::TakeUnitDefaults(int slot) {
 // A group outside the table keeps 0..100; setting that anew at each sample would erase the traces.
 void TraceScaling::ApplyIfChanged(int slot, const ScaleRange& before) {
     if (m_plot.RangeOf(m_plot.slots[slot]) == before) return;
-    m_plot.ApplyRange(slot);
-    m_plot.slots[slot].rangeChanged = false;
+    m_plot.ApplyRangeAndUnits(slot);
 }
 
 void TraceScaling::BindSlot(int slot) {

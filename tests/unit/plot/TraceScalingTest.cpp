@@ -106,6 +106,19 @@ TEST_F(TraceScalingTest, UnitsAreMatchedWholeAndCaseSensitive) {
     EXPECT_EQ(chart.ranges[2], (Range{0, 100}));
 }
 
+// The slot keeps its group, so nothing but the unit brings the new range.
+TEST_F(TraceScalingTest, TheRangeOfTheUnitReachesTheMeterOfAnotherModuleToo) {
+    FillEngineGroup();
+    Tick();
+    LoadModule("038-906-019-GH.SCL");
+    scaling.ApplyLoadedRanges();
+    EXPECT_EQ(meters.slots[0].maximum, 100.0);
+    scaling.UpdateSlots();
+    EXPECT_EQ(chart.ranges[0], (Range{0, 6000}));
+    EXPECT_EQ(meters.slots[0].maximum, 6000.0);
+    EXPECT_EQ(meters.slots[1].minimum, -10.0);
+}
+
 TEST_F(TraceScalingTest, AnEditedRangeReachesTraceAndMeterAtTheNextTick) {
     FillEngineGroup();
     Tick();
