@@ -1,0 +1,277 @@
+#include "app/SlotControls.h"
+
+#include "app/DialogLayout.h"
+#include "plot/AirFuelRule.h"
+#include "tests/windows/app/SlotControlsFixture.h"
+
+namespace plotvane::test {
+namespace {
+
+constexpr Colour kTraceColour = 0x3070B0;
+
+using SlotControlsTest = SlotControlsFixture;
+
+// Swatches.
+
+TEST_F(SlotControlsTest, SwatchesLieOverTheirPlaceholders) {
+    ExpectSwatchesOverTheirPlaceholders();
+}
+
+TEST_F(SlotControlsTest, SwatchesFollowTheirPlaceholdersInBothLayouts) {
+    MoveControlsDown(dialog, IDC_MOVED_FIRST, IDC_MOVED_LAST, 17);
+    panel.PlaceSwatches();
+    ExpectSwatchesOverTheirPlaceholders();
+    panel.ApplyLayout(true);
+    MoveControlsDown(dialog, IDC_MOVED_FIRST, IDC_MOVED_LAST, -5);
+    panel.PlaceSwatches();
+    ExpectSwatchesOverTheirPlaceholders();
+}
+
+TEST_F(SlotControlsTest, ASwatchWithoutATraceHasTheColourOfTheDialog) {
+    EXPECT_EQ(panel.InactiveColour(), ::GetSysColor(COLOR_3DFACE));
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + slot), ::GetSysColor(COLOR_3DFACE)) << slot;
+}
+
+TEST_F(SlotControlsTest, ASwatchTakesAColourAndLosesItAgain) {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        panel.SetSwatch(slot, kTraceColour);
+        EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + slot), kTraceColour) << slot;
+        panel.SetSwatch(slot, panel.InactiveColour());
+        EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + slot), ::GetSysColor(COLOR_3DFACE)) << slot;
+    }
+}
+
+TEST_F(SlotControlsTest, ASwatchKeepsItsColourInItsFrame) {
+    panel.SetSwatch(5, kTraceColour);
+    panel.ShowSelection(5, 0, 100);
+    EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + 5), kTraceColour);
+}
+
+TEST_F(SlotControlsTest, AnObdSwatchTakesItsColourInTheTenChannelLayout) {
+    panel.ApplyLayout(true);
+    for (int field = 0; field < kObdFieldCount; ++field) {
+        EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), ::GetSysColor(COLOR_3DFACE)) << field;
+        panel.SetObdSwatch(field, kTraceColour);
+        EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), kTraceColour) << field;
+    }
+}
+
+TEST_F(SlotControlsTest, AnotherLayoutTakesTheColoursOfAllSwatches) {
+    for (int slot = 0; slot < kSlotCount; ++slot) panel.SetSwatch(slot, kTraceColour);
+    panel.ApplyLayout(true);
+    for (int slot = kSlotColumns; slot < kSlotCount; ++slot)
+        EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + slot), ::GetSysColor(COLOR_3DFACE)) << slot;
+    for (int field = 0; field < kObdFieldCount; ++field) panel.SetObdSwatch(field, kTraceColour);
+    panel.ApplyLayout(false);
+    panel.ApplyLayout(true);
+    for (int field = 0; field < kObdFieldCount; ++field)
+        EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), ::GetSysColor(COLOR_3DFACE)) << field;
+}
+
+// Air/fuel switches.
+
+TEST_F(SlotControlsTest, TheAirFuelButtonTakes31PixelsOfItsBoxAndGivesThemBack) {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        const CRect before = PlaceOf(IDC_VALUE_FIRST + slot);
+        ASSERT_EQ(before.Width(), 74) << slot;
+        for (int round = 0; round < 2; ++round) {
+            panel.ShowAirFuelButton(slot, false);  // where it is not shown, that changes nothing
+            EXPECT_EQ(WidthOfBox(slot), 74) << slot;
+            panel.ShowAirFuelButton(slot, true);
+            EXPECT_EQ(WidthOfBox(slot), 43) << slot;
+            panel.ShowAirFuelButton(slot, true);
+            EXPECT_EQ(EdgesOf(IDC_VALUE_FIRST + slot),
+                      (Edges{before.left, before.top, before.left + 43, before.bottom}))
+                << slot;
+            panel.ShowAirFuelButton(slot, false);
+            EXPECT_EQ(EdgesOf(IDC_VALUE_FIRST + slot), EdgesOf(before)) << slot;
+        }
+    }
+}
+
+TEST_F(SlotControlsTest, EachSlotHasItsOwnAirFuelButton) {
+    constexpr int kButtons[] = {1101, 1102, 1103, 1104, 1106, 1105, 1107, 1108, 1110, 1109, 1111, 1112};
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        panel.ShowAirFuelButton(slot, true);
+        for (int id = IDC_AIR_FUEL_FIRST; id <= IDC_AIR_FUEL_LAST; ++id)
+            EXPECT_EQ(IsShown(id), id == kButtons[slot]) << slot << ": " << id;
+        EXPECT_FALSE(panel.IsAirFuelOn(slot));
+        dialog.CheckDlgButton(kButtons[slot], true);
+        EXPECT_TRUE(panel.IsAirFuelOn(slot));
+        panel.ShowAirFuelButton(slot, false);
+        EXPECT_FALSE(IsShown(kButtons[slot])) << slot;
+        EXPECT_TRUE(panel.IsAirFuelOn(slot)) << "the switch keeps its position while it is hidden";
+        dialog.CheckDlgButton(kButtons[slot], false);
+    }
+}
+
+TEST_F(SlotControlsTest, TheAirFuelButtonStandsBetweenItsBoxAndTheSwatch) {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        panel.ShowAirFuelButton(slot, true);
+        const CRect box = PlaceOf(IDC_VALUE_FIRST + slot);
+        const CRect button = PlaceOf(IDC_AIR_FUEL_FIRST + AirFuelButtonOf(slot));
+        EXPECT_GE(button.left, box.right) << slot;
+        EXPECT_LE(button.right, PlaceOf(IDC_SWATCH_FIRST + slot).left) << slot;
+        EXPECT_EQ(button.top, box.top) << slot;
+    }
+}
+
+// The selected slot.
+
+TEST_F(SlotControlsTest, AtFirstNoFrameIsShown) {
+    EXPECT_EQ(ShownFrames(), std::vector<int>{});
+}
+
+TEST_F(SlotControlsTest, OnlyTheFrameOfTheSelectedSlotIsShown) {
+    for (const int slot : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0, 7, 7}) {
+        panel.ShowSelection(slot, 0, 100);
+        EXPECT_EQ(ShownFrames(), std::vector<int>{slot});
+    }
+}
+
+TEST_F(SlotControlsTest, TheFrameEnclosesTheControlsOfItsSlot) {
+    constexpr int kFrames[] = {1092, 1093, 1094, 1095, 1088, 1089, 1090, 1091, 1084, 1085, 1086, 1087};
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        const CRect frame = PlaceOf(kFrames[slot]);
+        for (const int id : {IDC_VALUE_FIRST + slot, IDC_SWATCH_FIRST + slot}) {
+            const CRect control = PlaceOf(id);
+            EXPECT_TRUE(frame.left < control.left && control.right < frame.right && frame.top < control.top &&
+                        control.bottom < frame.bottom)
+                << slot << ": " << id;
+        }
+    }
+}
+
+TEST_F(SlotControlsTest, HidingTheFrameOfOneSlotLeavesThatOfAnotherAlone) {
+    panel.ShowSelection(3, 0, 100);
+    panel.HideFrame(0);
+    EXPECT_EQ(ShownFrames(), std::vector<int>{3});
+    panel.HideFrame(3);
+    EXPECT_EQ(ShownFrames(), std::vector<int>{});
+    panel.ShowSelection(3, 0, 100);
+    EXPECT_EQ(ShownFrames(), std::vector<int>{3});
+}
+
+TEST_F(SlotControlsTest, TheLimitsOfTheSelectedSlotStandInTheScaleBox) {
+    panel.ShowSelection(2, -10, 120);
+    EXPECT_EQ(dialog.GetDlgItemText(IDC_SCALE_MIN), "-10");
+    EXPECT_EQ(dialog.GetDlgItemText(IDC_SCALE_MAX), "120");
+    dialog.SetDlgItemText(IDC_SCALE_MAX, "7");
+    panel.ShowSelection(2, -10, 120);
+    EXPECT_EQ(dialog.GetDlgItemText(IDC_SCALE_MAX), "120");
+}
+
+// The right click.
+
+TEST_F(SlotControlsTest, FindsTheSlotUnderAPoint) {
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_SWATCH_FIRST + slot)), slot);
+    for (int field = 0; field < kObdFieldCount; ++field)
+        EXPECT_EQ(panel.ObdFieldAt(MiddleOnScreen(IDC_OBD_SWATCH_FIRST + field)), field);
+}
+
+TEST_F(SlotControlsTest, ASwatchReachesFromItsFirstToItsLastPixel) {
+    CRect place;
+    ::GetWindowRect(dialog.GetDlgItem(IDC_SWATCH_FIRST + 6), &place);
+    EXPECT_EQ(panel.SlotAt({place.left, place.top}), 6);
+    EXPECT_EQ(panel.SlotAt({place.right - 1, place.bottom - 1}), 6);
+    EXPECT_EQ(panel.SlotAt({place.left - 1, place.top}), -1);
+    EXPECT_EQ(panel.SlotAt({place.left, place.top - 1}), -1);
+    EXPECT_EQ(panel.SlotAt({place.right, place.top}), -1);
+    EXPECT_EQ(panel.SlotAt({place.left, place.bottom}), -1);
+}
+
+TEST_F(SlotControlsTest, ThereIsNoSlotBesideTheSwatches) {
+    EXPECT_EQ(panel.SlotAt({-1, -1}), -1);  // what the keyboard gives
+    EXPECT_EQ(panel.ObdFieldAt({-1, -1}), -1);
+    EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_VALUE_FIRST)), -1);
+    EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_CHART_FRAME)), -1);
+}
+
+// Texts and check boxes.
+
+TEST_F(SlotControlsTest, ValuesStandInTheirBoxes) {
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        panel.ShowValue(slot, std::to_string(slot) +
+                                  " \xB0"
+                                  "C");
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        EXPECT_EQ(dialog.GetDlgItemText(1031 + slot), std::to_string(slot) +
+                                                          " \xB0"
+                                                          "C");
+    panel.ShowValue(4, "");
+    EXPECT_EQ(dialog.GetDlgItemText(1035), "");
+}
+
+TEST_F(SlotControlsTest, ObdValuesStandInTheirBoxes) {
+    for (int field = 0; field < kObdFieldCount; ++field)
+        panel.ShowObdValue(field, std::to_string(field * 25));
+    for (int field = 0; field < kObdFieldCount; ++field)
+        EXPECT_EQ(dialog.GetDlgItemText(1043 + field), std::to_string(field * 25));
+}
+
+TEST_F(SlotControlsTest, ReadsAndSetsTheCheckBoxes) {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        EXPECT_FALSE(panel.IsTraceShown(slot));
+        panel.SetTraceShown(slot, true);
+        EXPECT_TRUE(dialog.IsDlgButtonChecked(1056 + slot));
+        dialog.CheckDlgButton(1056 + slot, false);
+        EXPECT_FALSE(panel.IsTraceShown(slot));
+    }
+    for (int field = 0; field < kObdFieldCount; ++field) {
+        panel.SetObdTraceShown(field, true);
+        EXPECT_TRUE(dialog.IsDlgButtonChecked(1068 + field));
+        dialog.CheckDlgButton(1068 + field, false);
+        EXPECT_FALSE(panel.IsObdTraceShown(field));
+    }
+}
+
+TEST_F(SlotControlsTest, TheSpeedStandsBetweenItsButtonsFromTheStart) {
+    EXPECT_EQ(dialog.GetDlgItemText(IDC_REPLAY_SPEED), "1x");
+}
+
+TEST_F(SlotControlsTest, PixelShiftAndElapsedTimeAreShown) {
+    panel.ShowPixelShift(3);
+    EXPECT_EQ(dialog.GetDlgItemText(1079), "PixelShift:3");
+    panel.ShowElapsed("12.50");
+    EXPECT_EQ(dialog.GetDlgItemText(1053), "12.50");
+    EXPECT_EQ(dialog.GetDlgItemText(1078), "1x");
+}
+
+TEST_F(SlotControlsTest, BothFuelButtonsComeAndGo) {
+    EXPECT_FALSE(IsShown(1099));
+    EXPECT_FALSE(IsShown(1100));
+    panel.ShowFuelButtons(true);
+    EXPECT_TRUE(IsShown(1099));
+    EXPECT_TRUE(IsShown(1100));
+    panel.ShowFuelButtons(false);
+    EXPECT_FALSE(IsShown(1099));
+    EXPECT_FALSE(IsShown(1100));
+}
+
+// What a click at that point of the dialog would reach.
+TEST_F(SlotControlsTest, InAReplayTheSpeedButtonsLieOnTheFuelButtonsAndBothCanBeClicked) {
+    for (const int id :
+         {IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED})
+        dialog.ShowDlgItem(id, true);
+    panel.ShowFuelButtons(true);
+    ::SetWindowPos(dialog.m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    const auto clicked = [this](POINT point) {
+        ::ClientToScreen(dialog.m_hWnd, &point);
+        return ::GetDlgCtrlID(::WindowFromPoint(point));
+    };
+    for (const int id : {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER}) {
+        const CRect place = PlaceOf(id);
+        EXPECT_EQ(clicked({(place.left + place.right) / 2, (place.top + place.bottom) / 2}), id);
+    }
+    const CRect mileage = PlaceOf(IDC_MILEAGE);
+    EXPECT_EQ(clicked({mileage.right - 2, mileage.top + 2}), IDC_MILEAGE);
+    EXPECT_EQ(clicked({mileage.left + 2, mileage.top + 1}), IDC_MILEAGE);
+    const CRect consumption = PlaceOf(IDC_CONSUMPTION);
+    EXPECT_EQ(clicked({consumption.left + 2, (consumption.top + consumption.bottom) / 2}), IDC_CONSUMPTION);
+    EXPECT_EQ(clicked({consumption.right - 2, (consumption.top + consumption.bottom) / 2}), IDC_CONSUMPTION);
+}
+
+}  // namespace
+}  // namespace plotvane::test

@@ -1,0 +1,109 @@
+// The exchange of the two layouts of the main dialog's controls.
+#include "tests/windows/app/SlotControlsFixture.h"
+
+namespace plotvane::test {
+namespace {
+
+using TenChannelLayoutTest = SlotControlsFixture;
+
+std::set<int> Range(int first, int count) {
+    std::set<int> ids;
+    for (int id = first; id < first + count; ++id) ids.insert(id);
+    return ids;
+}
+
+std::set<int> RowA() {
+    std::set<int> ids;
+    for (const int first : {IDC_VALUE_FIRST, IDC_SHOW_FIRST, IDC_SWATCH_FIRST})
+        ids.merge(Range(first, kSlotColumns));
+    return ids;
+}
+
+std::set<int> ObdRow() {
+    std::set<int> ids;
+    for (const int first : {IDC_OBD_VALUE_FIRST, IDC_OBD_SHOW_FIRST, IDC_OBD_SWATCH_FIRST})
+        ids.merge(Range(first, kObdFieldCount));
+    return ids;
+}
+
+// Row A gone, the ten fields come; all else as it was.
+std::set<int> WithObdRowInPlaceOfRowA(std::set<int> ids) {
+    for (const int id : RowA()) ids.erase(id);
+    ids.merge(ObdRow());
+    return ids;
+}
+
+TEST_F(TenChannelLayoutTest, TheTwelveSlotsAreShownAtFirst) {
+    std::set<int> expected;
+    for (const int first : {IDC_VALUE_FIRST, IDC_SHOW_FIRST, IDC_SWATCH_FIRST})
+        expected.merge(Range(first, kSlotCount));
+    for (const int id : {IDC_PAUSE, IDC_SCALE_NEXT, IDC_SCALE_PREVIOUS, IDC_SHIFT_DOWN, IDC_SHIFT_UP,
+                         IDC_SCALE_MIN, IDC_SCALE_MAX, IDC_SHIFT_LABEL, IDC_VERTICAL_SCALE,
+                         IDC_HORIZONTAL_SCALE, IDC_MAX_LABEL, IDC_MIN_LABEL})
+        expected.insert(id);
+    EXPECT_EQ(ShownControls(), expected);
+}
+
+TEST_F(TenChannelLayoutTest, TheTenChannelLayoutExchangesRowAForTheTenFields) {
+    const std::set<int> twelve = ShownControls();
+    panel.ApplyLayout(true);
+    EXPECT_EQ(ShownControls(), WithObdRowInPlaceOfRowA(twelve));
+    panel.ApplyLayout(false);
+    EXPECT_EQ(ShownControls(), twelve);
+}
+
+TEST_F(TenChannelLayoutTest, TheSwatchWindowsGoWithTheirRow) {
+    for (const bool tenChannels : {false, true, false, true}) {
+        panel.ApplyLayout(tenChannels);
+        for (int slot = 0; slot < kSlotCount; ++slot)
+            EXPECT_EQ(IsShown(IDC_SWATCH_WINDOW_FIRST + slot), !tenChannels || slot >= kSlotColumns) << slot;
+        for (int field = 0; field < kObdFieldCount; ++field)
+            EXPECT_EQ(IsShown(IDC_OBD_SWATCH_WINDOW_FIRST + field), tenChannels) << field;
+    }
+}
+
+TEST_F(TenChannelLayoutTest, TheScaleBoxIsLockedInTheTenChannelLayout) {
+    panel.ApplyLayout(true);
+    EXPECT_FALSE(IsEnabled(IDC_SCALE_MIN));
+    EXPECT_FALSE(IsEnabled(IDC_SCALE_MAX));
+    panel.ApplyLayout(false);
+    EXPECT_TRUE(IsEnabled(IDC_SCALE_MIN));
+    EXPECT_TRUE(IsEnabled(IDC_SCALE_MAX));
+}
+
+TEST_F(TenChannelLayoutTest, FrameAndAirFuelButtonOfRowAGoWithIt) {
+    const std::set<int> twelve = ShownControls();
+    panel.ShowSelection(1, 0, 100);
+    panel.ShowAirFuelButton(2, true);
+    panel.ApplyLayout(true);
+    EXPECT_EQ(ShownControls(), WithObdRowInPlaceOfRowA(twelve));
+    panel.ApplyLayout(false);
+    EXPECT_EQ(ShownControls(), twelve);
+    EXPECT_EQ(WidthOfBox(2), 74);
+}
+
+TEST_F(TenChannelLayoutTest, FrameAndAirFuelButtonOfTheOtherRowsStay) {
+    panel.ShowSelection(6, 0, 100);
+    panel.ShowAirFuelButton(9, true);
+    panel.ApplyLayout(true);
+    EXPECT_EQ(ShownFrames(), std::vector<int>{6});
+    EXPECT_TRUE(IsShown(1109));
+    EXPECT_EQ(WidthOfBox(9), 43);
+}
+
+// The first two OBD fields lie upon the speed buttons.
+TEST_F(TenChannelLayoutTest, WhereTheReplaySpeedIsOfferedItMakesRoomForTheTenFields) {
+    for (const int id :
+         {IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED})
+        dialog.ShowDlgItem(id, true);
+    const std::set<int> twelve = ShownControls();
+    panel.ApplyLayout(true);
+    std::set<int> ten = WithObdRowInPlaceOfRowA(twelve);
+    for (const int id : {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED}) ten.erase(id);
+    EXPECT_EQ(ShownControls(), ten);
+    panel.ApplyLayout(false);
+    EXPECT_EQ(ShownControls(), twelve);
+}
+
+}  // namespace
+}  // namespace plotvane::test
