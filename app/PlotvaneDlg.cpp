@@ -4,6 +4,7 @@
 
 #include "app/AboutDlg.h"
 #include "app/DialogLayout.h"
+#include "app/PrefsDlg.h"
 #include "app/TitleHint.h"
 #include "app/Version.h"
 #include "framework/Dc.h"
@@ -263,12 +264,22 @@ void CPlotvaneDlg::OnPaint() {
 
 void CPlotvaneDlg::OnSysCommand(UINT id, LPARAM lParam) {
     switch (id & 0xFFF0) {
+        case ID_SYSMENU_PREFERENCES:
+            ShowPreferences();
+            break;
         case ID_SYSMENU_ABOUT:
             CAboutDlg(m_hWnd).DoModal();
             return;
-        default:
-            CDialog::OnSysCommand(id, lParam);
     }
+    CDialog::OnSysCommand(id, lParam);
+}
+
+void CPlotvaneDlg::ShowPreferences() {
+    CPrefsDlg(m_hWnd, m_data.prefs, m_data.PrefsFile(), m_data.defaults, m_data.state).DoModal();
+    LoadPrefs(m_data.PrefsFile(), m_data.prefs);
+    ApplyColours();
+    m_meters.ApplyPrefs();
+    m_data.state.redrawRequest = true;
 }
 
 // The window ends only once: a message box or the default handling may bring a second close.
