@@ -2,6 +2,8 @@
 # run.sh [live] [OPTION...]: builds the program and plays a drive through it. The stand-in host starts it, as
 # the real host would; the options are the host's (run.sh live --help), for instance --csv FILE.
 #
+# run.sh replay [FILE]: builds the program and has it play a log, without any host (default: the sample drive).
+#
 # With a display the window is shown and stays until it is closed. Without one the drive plays for some
 # twenty seconds on a display of its own; then the window's picture, its values and its files are shown.
 set -euo pipefail
@@ -10,6 +12,7 @@ cd "$(dirname "$0")/.."
 source scripts/common.sh
 
 seconds_to_watch=20
+meters_width=0  # pixels of the picture beside the main window
 
 # Options for the stand-in host in host_options: files by a name that it finds, and, where the caller does
 # not say how the drive ends, the window left open at its end.
@@ -44,12 +47,12 @@ make_folder() {
     [[ ! -d samples ]] || cp -r samples/. "$folder"
 }
 
-# The window and its frame, which the window manager draws a little beside where Wine believes it.
+# The window with the meters beside it. The frame is drawn by the window manager, a little beside where Wine
+# believes it.
 take_picture() {
-    local width height left top margin=4
+    local width height left top margin=4 meters=${1:-0}
     IFS=x+ read -r width height left top < <(remote place | tr -d '\r')
-    left=$((left > margin ? left - margin : 0)) top=$((top > margin ? top - margin : 0))
-    import -window root -crop "$((width + 2 * margin))x$((height + 2 * margin))+$left+$top" +repage "$picture"
+    import -window root -crop "$((left + width + meters + margin))x$((top + height + margin))+0+0" +repage "$picture"
 }
 
 show_results() {
@@ -78,35 +81,77 @@ live() {
 
 # Plays without anybody looking.
 watch_live() {
-    local status=0 host_process texts
+    local host_process
     picture=$build/run/live.png
     say "playing $seconds_to_watch s on a display of its own"
     setsid wine "$build/windows/diagnel-sim.exe" --folder "Z:$folder" "${host_options[@]}" </dev/null 9>&- &
     host_process=$!
     groups+=("$host_process")
-    local end=$((SECONDS + seconds_to_watch))
+    [[ " ${host_options[*]} " == *" --form "* ]] || open_two_meters
+    watch_for "$seconds_to_watch" "$host_process" "the stand-in host"
+    close_and_show "$host_process" "the stand-in host"
+}
+
+# Those of the first two slots.
+open_two_meters() {
+    remote meter 0
+    remote meter 1
+    meters_width=216
+}
+
+# Waits while a program plays; fails if it ends by itself.
+watch_for() {
+    local end=$((SECONDS + $1))
     while ((SECONDS < end)); do
-        kill -0 "$host_process" 2>/dev/null || die "the stand-in host ended early"
+        kill -0 "$2" 2>/dev/null || die "$3 ended early"
         sleep 0.2
     done
+}
 
-    take_picture
+# Takes the picture and the texts, closes the window and shows what there is.
+close_and_show() {
+    local status=0 texts
+    take_picture "$meters_width"
     texts=$(remote texts)
     say "closing"
     remote close
-    wait "$host_process" || status=$?
-    ((status == 0)) || die "the stand-in host ended with $status"
+    wait "$1" || status=$?
+    ((status == 0)) || die "$2 ended with $status"
     printf '\n%s\n' "$texts"
     show_results
 }
 
-usage="usage: scripts/run.sh [live] [OPTION...]"
+replay() {
+    (($# <= 1)) || die "$usage"
+    local log program
+    log=$(cd "$caller" && realpath -e -- "${1:-$sample_log}") || die "there is no file $1"
+    make_folder replay
+    cd "$folder"
+    if [[ -z $own_display ]]; then
+        say "choose $log in the program (Load log file); close the window to end"
+        watched wine "$build/windows/plotvane.exe"
+        return
+    fi
+    picture=$build/run/replay.png
+    say "replaying at eight times the speed on a display of its own"
+    setsid wine "$build/windows/plotvane.exe" </dev/null 9>&- &
+    program=$!
+    groups+=("$program")
+    remote load "Z:${log//\//\\}"
+    remote faster
+    open_two_meters
+    watch_for "$((seconds_to_watch / 2))" "$program" "the program"
+    close_and_show "$program" "the program"
+}
+
+usage="usage: scripts/run.sh [live] [OPTION...] | replay [FILE]"
+sample_log=$PWD/samples/LOGS/drive.csv
 job=live
 if (($#)) && [[ $1 != -* ]]; then
     job=$1
     shift
 fi
-[[ $job == live ]] || die "$usage"
+[[ $job == live || $job == replay ]] || die "$usage"
 
 need_packages "${build_packages[@]}" "${run_packages[@]}"
 take_turn

@@ -1,11 +1,17 @@
-// plotvane-remote: reads and closes a running Plotvane from outside, for scripts.
+// plotvane-remote: reads and uses a running Plotvane from outside, for scripts.
 //
-//   plotvane-remote texts    the title, then the twelve value boxes, one a line, in UTF-8
-//   plotvane-remote place    the window's rectangle on the screen: WIDTHxHEIGHT+LEFT+TOP
-//   plotvane-remote close    closes the window and waits for the end of the process
+//   plotvane-remote texts        the title, then the twelve value boxes, one a line, in UTF-8
+//   plotvane-remote place        the window's rectangle on the screen: WIDTHxHEIGHT+LEFT+TOP
+//   plotvane-remote meter SLOT   right-clicks the colour of a slot, 0 to 11; its meter goes beside the window
+//   plotvane-remote load FILE    loads a log through the file dialog
+//   plotvane-remote faster       replays at eight times the speed
+//   plotvane-remote close        closes the window and waits for the end of the process
 //
-// Each waits up to ten seconds for the window. Exit status 1: no such window, or it does not close; 2: usage.
+// Each waits up to ten seconds for what it needs. Exit status 1: it did not come; 2: usage.
+#include <algorithm>
 #include <cstdio>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +24,7 @@ using plotvane::test::RemoteWindow;
 
 constexpr DWORD kPatienceMs = 10'000;
 constexpr DWORD kPollMs = 20;
+constexpr int kGap = 8;  // pixels between the windows
 
 std::string Utf8(const std::wstring& text) {
     std::string bytes(text.size() * 3, '\0');
@@ -41,6 +48,66 @@ void PrintPlace(const RemoteWindow& main) {
                 place.top);
 }
 
+bool ComesTrue(const std::function<bool()>& condition) {
+    for (const DWORD start = ::GetTickCount(); ::GetTickCount() - start < kPatienceMs; ::Sleep(kPollMs)) {
+        if (condition()) return true;
+    }
+    return false;
+}
+
+// The meter that opens where there was none, beside the main window, so that neither hides the other.
+bool OpenMeter(const RemoteWindow& main, int slot) {
+    const auto before = plotvane::test::WindowsOf(main.ProcessId());
+    const auto isNew = [&](const RemoteWindow& window) {
+        return std::ranges::none_of(before,
+                                    [&](const RemoteWindow& old) { return old.Get() == window.Get(); });
+    };
+    RemoteWindow meter;
+    // A slot without a trace has no meter: it may take a moment until the first record comes.
+    const bool opened = ComesTrue([&] {
+        if (!main.IsChecked(IDC_SHOW_FIRST + slot)) return false;
+        const RECT swatch = main.Control(IDC_SWATCH_FIRST + slot).ScreenRect();
+        main.Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(main.Get()),
+                  MAKELPARAM(swatch.left + 1, swatch.top + 1));
+        for (const RemoteWindow& window : plotvane::test::WindowsOf(main.ProcessId())) {
+            if (isNew(window)) meter = window;
+        }
+        return meter.Exists();
+    });
+    if (!opened) return false;
+    const auto metersBefore = static_cast<int>(before.size()) - 1;
+    const RECT place = main.ScreenRect();
+    ::SetWindowPos(meter.Get(), nullptr, place.right + kGap,
+                   place.top + metersBefore * (meter.Size().cy + kGap), 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return true;
+}
+
+RemoteWindow FileDialog(const RemoteWindow& main) {
+    for (const RemoteWindow& window : plotvane::test::WindowsOf(main.ProcessId())) {
+        if (window.Text() == L"Choose a log file") return window;
+    }
+    return {};
+}
+
+bool LoadLog(const RemoteWindow& main, const wchar_t* file) {
+    constexpr int kFileNameBox = 0x47C;
+    if (!ComesTrue([&] { return main.IsShown(IDC_LOAD_LOG); })) return false;
+    main.PostClick(IDC_LOAD_LOG);
+    if (!ComesTrue([&] { return FileDialog(main).Control(kFileNameBox).Exists(); })) return false;
+    const RemoteWindow dialog = FileDialog(main);
+    dialog.Control(kFileNameBox).Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file));
+    dialog.PostClick(IDOK);
+    return ComesTrue([&] { return main.IsEnabled(IDC_STOP); });
+}
+
+bool ReplayFastest(const RemoteWindow& main) {
+    return ComesTrue([&] {
+        main.Click(IDC_REPLAY_FASTER);
+        return main.Text(IDC_REPLAY_SPEED) == L"8x";
+    });
+}
+
 bool CloseAndWait(const RemoteWindow& main) {
     HANDLE const process = ::OpenProcess(SYNCHRONIZE, FALSE, main.ProcessId());
     if (!process) return false;
@@ -50,28 +117,38 @@ bool CloseAndWait(const RemoteWindow& main) {
     return ended;
 }
 
+// Nothing for a command that does not exist, or has not the arguments it needs.
+std::optional<bool> Run(const RemoteWindow& main, std::wstring_view command, const wchar_t* argument) {
+    if (!argument) {
+        if (command == L"texts") return PrintTexts(main), true;
+        if (command == L"place") return PrintPlace(main), true;
+        if (command == L"faster") return ReplayFastest(main);
+        if (command == L"close") return CloseAndWait(main);
+    } else {
+        if (command == L"meter") return OpenMeter(main, std::wcstol(argument, nullptr, 10));
+        if (command == L"load") return LoadLog(main, argument);
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
-int main(int argc, char** argv) {
-    const std::string_view command = argc == 2 ? argv[1] : "";
-    if (command != "texts" && command != "place" && command != "close") {
-        std::fputs("usage: plotvane-remote texts | place | close\n", stderr);
-        return 2;
+int wmain(int argc, wchar_t** argv) {
+    if (argc == 2 || argc == 3) {
+        RemoteWindow main;
+        const bool found = ComesTrue([&] {
+            main = plotvane::test::FindMainDialog();
+            return main.Exists();
+        });
+        if (!found) {
+            std::fputs("plotvane-remote: there is no Plotvane window\n", stderr);
+            return 1;
+        }
+        if (const auto done = Run(main, argv[1], argc == 3 ? argv[2] : nullptr)) {
+            if (!*done) std::fprintf(stderr, "plotvane-remote: %ls did not come about\n", argv[1]);
+            return *done ? 0 : 1;
+        }
     }
-    RemoteWindow main = plotvane::test::FindMainDialog();
-    for (const DWORD start = ::GetTickCount(); !main.Exists() && ::GetTickCount() - start < kPatienceMs;) {
-        ::Sleep(kPollMs);
-        main = plotvane::test::FindMainDialog();
-    }
-    if (!main.Exists()) {
-        std::fputs("plotvane-remote: there is no Plotvane window\n", stderr);
-        return 1;
-    }
-    if (command == "texts") PrintTexts(main);
-    if (command == "place") PrintPlace(main);
-    if (command == "close" && !CloseAndWait(main)) {
-        std::fputs("plotvane-remote: Plotvane does not close\n", stderr);
-        return 1;
-    }
-    return 0;
+    std::fputs("usage: plotvane-remote texts | place | meter SLOT | load FILE | faster | close\n", stderr);
+    return 2;
 }
