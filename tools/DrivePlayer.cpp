@@ -176,7 +176,7 @@ private:
         if (m_alive && m_plan.end == HostEnd::Both) m_alive = m_link.Wait(FromSeconds(m_plan.pause));
         if (m_plan.end != HostEnd::Stop) WriteSurely({&kLeadHostClosing, 1});
         if (!m_alive) return PlayResult::ProgramGone;
-        return m_plan.end == HostEnd::Stop ? PlayResult::Stopped : PlayResult::Closed;
+        return m_plan.end == HostEnd::Close ? PlayResult::Closed : PlayResult::Stopped;
     }
 
     HostLink& m_link;

@@ -24,7 +24,7 @@ enum class Fault {
 enum class HostEnd {
     Stop,   // 0xFE: stops sending
     Close,  // 0xFD: closes, and the program with it
-    Both    // 0xFE, a pause, 0xFD
+    Both    // 0xFE, a pause, 0xFD; a stopped program reads the latter when its user lets it go on
 };
 
 struct PlayPlan {
@@ -37,13 +37,13 @@ struct PlayPlan {
     bool keepOpen = false;                  // after 0xFE plays again when the program reads again
     Fault fault = Fault::None;
     double faultAt = 5;  // seconds after playing began
-    HostEnd end = HostEnd::Both;
+    HostEnd end = HostEnd::Close;
     double pause = 1;  // seconds between 0xFE and 0xFD
 };
 
 enum class PlayResult {
     Stopped,      // the program was told that nothing more comes; the pipe is still open
-    Closed,       // the program was told to close
+    Closed,       // the program, which was reading, was told to close
     PipeClosed,   // the pipe was closed in mid-block, without a word
     ProgramGone,  // the program ended by itself
     Died          // as the fault wanted

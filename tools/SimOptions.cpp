@@ -160,6 +160,8 @@ private:
         if (m_result.options.script.empty()) {
             if (m_seen.contains("--keep-open") && m_seen.contains("--end"))
                 Complain("--keep-open goes on after each 0xFE, so there is no --end");
+            if (m_seen.contains("--pause") && m_result.options.play.end != HostEnd::Both)
+                Complain("--pause belongs to --end both");
             return;
         }
         for (const char* name : {"--csv", "--module", "--form", "--rate", "--speed", "--seconds", "--loop",
@@ -198,8 +200,8 @@ read end of a pipe and plays a drive into it. Ends when PROGRAM ends, with its e
   --seconds N       plays no longer than that (default: to the end of the drive)
   --loop            begins the drive again at its end
   --end END         stop      0xFE: stops sending; PROGRAM is left open
-                    close     0xFD: closes PROGRAM
-                    both      0xFE, a pause, 0xFD (default)
+                    close     0xFD: closes PROGRAM (default)
+                    both      0xFE, a pause, 0xFD: PROGRAM closes as soon as it reads again
   --pause N         seconds between the two (default: 1)
   --keep-open       after 0xFE waits until PROGRAM reads again (its Pause button), then plays again
   --fault KIND[@N]  goes wrong N seconds after the start (default: 5)

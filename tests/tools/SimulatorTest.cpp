@@ -106,7 +106,7 @@ std::vector<std::string> BlocksOf(const std::string& stream) {
 }
 
 TEST_F(Simulator, PlaysTheBuiltInDriveAndClosesTheProgram) {
-    EXPECT_EQ(Run(L"--seconds 1 --rate 20 --pause 0.1"), 0);
+    EXPECT_EQ(Run(L"--seconds 1 --rate 20 --end both --pause 0.1"), 0);
     EXPECT_EQ(EndOfReader(), "told to close");
     const std::string stream = Received();
     const std::vector<std::string> blocks = BlocksOf(stream);
@@ -122,7 +122,7 @@ TEST_F(Simulator, PlaysTheBuiltInDriveAndClosesTheProgram) {
 }
 
 TEST_F(Simulator, SaysBetweenRecordsThatNothingIsNew) {
-    EXPECT_EQ(Run(L"--seconds 1 --rate 2 --end close"), 0);
+    EXPECT_EQ(Run(L"--seconds 1 --rate 2"), 0);
     const std::string stream = Received();
     const std::size_t first = RecordBuffer::kBlockSize;
     ASSERT_GT(stream.size(), first);
@@ -134,7 +134,7 @@ TEST_F(Simulator, SaysBetweenRecordsThatNothingIsNew) {
 }
 
 TEST_F(Simulator, RemovesTheExchangeFileThatTheProgramLeft) {
-    EXPECT_EQ(Run(L"--seconds 0.2 --pause 0"), 0);
+    EXPECT_EQ(Run(L"--seconds 0.2"), 0);
     EXPECT_FALSE(std::filesystem::exists(m_folder / "MB-PIPE.TXT"));
 }
 
@@ -177,6 +177,26 @@ TEST_F(Simulator, SendsExactlyWhatAScriptSays) {
     EXPECT_EQ(Received(), "\xFFM,\x1A\r\n\n\xFF\xB0\xFF" + std::string(511, '\0'));
 }
 
+// The example of docs/pipe-protocol.md.
+TEST_F(Simulator, SendsTheDocumentedExampleToTheByte) {
+    test::WriteBytes(
+        m_folder / "s.txt",
+        "record 038 906 019 FT,G001,F0,780,/min,G001,F1,90.0,\\xB0C,G001,F2,50, km/h,G001,F3,4.2,l/h,"
+        "G000,,,,G000,,,,G000,,,,G000,,,,G000,,,,G000,,,,G000,,,,G000,,,,\n"
+        "bytes FF FF FE FD\n");
+    EXPECT_EQ(Run(L"--script \"" + WideOf(m_folder / "s.txt") + L"\""), 0);
+    EXPECT_EQ(EndOfReader(), "told to close");
+    const std::string stream = Received();
+    ASSERT_EQ(stream.size(), 0x205u);
+    EXPECT_EQ(stream.substr(0, 0x10), "038 906 019 FT,G");
+    EXPECT_EQ(stream.substr(0x2C, 4),
+              ",\xB0"
+              "C,");
+    EXPECT_EQ(stream.substr(0x8E, 3), std::string(",,,"));
+    EXPECT_EQ(stream.substr(0x91, 0x170), std::string(0x170, '\0'));
+    EXPECT_EQ(stream.substr(0x201), "\xFF\xFF\xFE\xFD");
+}
+
 TEST_F(Simulator, ComplainsAboutAWrongScript) {
     test::WriteBytes(m_folder / "s.txt", "wait 1\nsend FF\n");
     EXPECT_EQ(Run(L"--script \"" + WideOf(m_folder / "s.txt") + L"\""), 2);
@@ -185,8 +205,7 @@ TEST_F(Simulator, ComplainsAboutAWrongScript) {
 
 TEST_F(Simulator, PlaysAPlainCsv) {
     test::WriteBytes(m_folder / "d.csv", "t,rpm,coolant_c\n0,780,90.5\n60,790,91\n");
-    EXPECT_EQ(Run(L"--seconds 0.1 --pause 0 --csv \"" + WideOf(m_folder / "d.csv") + L"\" --module \"A 1\""),
-              0);
+    EXPECT_EQ(Run(L"--seconds 0.1 --csv \"" + WideOf(m_folder / "d.csv") + L"\" --module \"A 1\""), 0);
     EXPECT_TRUE(
         Received().starts_with("A 1,G001,F0,780,/min,G001,F1,90.5,\xB0"
                                "C,G000,,,,"))

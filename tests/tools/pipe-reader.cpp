@@ -3,7 +3,7 @@
 // "end.txt" is written last and says why the reading ended.
 //
 // The environment variable PIPE_READER makes it behave badly: "deaf" never reads and ends when the file
-// "enough.txt" appears, "quit N" ends with exit code 7 after N bytes, "deny" refuses to close.
+// "enough.txt" appears, "quit N" ends with exit code 7 after N bytes.
 
 #include <fcntl.h>
 #include <io.h>
@@ -55,7 +55,7 @@ int main() {
         if (++count == quitAfter) return EndWith("quit", 7);
         if (inBlock > 0)
             --inBlock;
-        else if (byte == 0xFD && behaviour != "deny")
+        else if (byte == 0xFD)
             return EndWith("told to close", 0);
         else if (byte < 0xFD)
             inBlock = 512;

@@ -36,6 +36,7 @@ protected:
     DrivePlayer() {
         plan.module = "M";
         plan.rate = 2;
+        plan.end = HostEnd::Both;
     }
     PlayResult Run() { return Play(link, drive, plan); }
 
@@ -45,8 +46,9 @@ protected:
 };
 
 TEST_F(DrivePlayer, PlaysToTheEndOfTheDriveAndCloses) {
+    plan.end = HostEnd::Close;
     EXPECT_EQ(Run(), PlayResult::Closed);
-    EXPECT_EQ(link.Story(), "0.0 0.5 1.0 1.5 2.0 FE FD ");
+    EXPECT_EQ(link.Story(), "0.0 0.5 1.0 1.5 2.0 FD ");
 }
 
 TEST_F(DrivePlayer, KeepsTheRateAndThePauseBeforeClosing) {
@@ -96,6 +98,11 @@ TEST_F(DrivePlayer, EndsAsAsked) {
     plan.end = HostEnd::Close;
     EXPECT_EQ(Run(), PlayResult::Closed);
     EXPECT_EQ(link.Story(), "0.0 FD ");
+    link.sent.clear();
+    // Whether a stopped program ever reads the second byte is up to its user.
+    plan.end = HostEnd::Both;
+    EXPECT_EQ(Run(), PlayResult::Stopped);
+    EXPECT_EQ(link.Story(), "0.0 FE FD ");
 }
 
 TEST_F(DrivePlayer, EndsAtOnceWhenTheProgramDoes) {
@@ -120,7 +127,7 @@ TEST_F(DrivePlayer, WaitsForRoomToTakeLeave) {
     link.capacity = RecordBuffer::kBlockSize;
     link.reads = false;
     link.onWait = [&] { link.reads = link.now > Milliseconds(9000); };
-    EXPECT_EQ(Run(), PlayResult::Closed);
+    EXPECT_EQ(Run(), PlayResult::Stopped);
     EXPECT_EQ(link.Story(), "0.0 FE FD ");
 }
 
@@ -164,7 +171,7 @@ TEST_F(DrivePlayer, MalformedSendsOneBadRecordAndGoesOn) {
 TEST_F(DrivePlayer, SilenceSendsNothingUntilTheLeave) {
     plan.fault = Fault::Silence;
     plan.faultAt = 1;
-    EXPECT_EQ(Run(), PlayResult::Closed);
+    EXPECT_EQ(Run(), PlayResult::Stopped);
     EXPECT_EQ(link.Story(true).substr(link.Story(true).find("0.5 ")),
               "0.5 FF FF FF FF FF FF FF FF FF FE FD ");
 }

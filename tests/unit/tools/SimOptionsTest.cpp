@@ -24,7 +24,7 @@ TEST(SimOptions, WithoutArgumentsPlaysTheBuiltInDriveOnce) {
     EXPECT_EQ(options.play.module, "038 906 019 FT");
     EXPECT_EQ(options.play.form, RecordForm::Normal);
     EXPECT_EQ(options.play.rate, 10);
-    EXPECT_EQ(options.play.end, HostEnd::Both);
+    EXPECT_EQ(options.play.end, HostEnd::Close);
     EXPECT_FALSE(options.play.seconds);
     EXPECT_FALSE(options.play.loop);
 }
@@ -33,7 +33,7 @@ TEST(SimOptions, ReadsEveryOption) {
     const SimOptions options = Parsed(
         {L"--folder", L"w",      L"--csv", L"d.csv",   L"--module", L"A 1",       L"--form",
          L"obd-pid",  L"--rate", L"20",    L"--speed", L"0.5",      L"--seconds", L"7.5",
-         L"--loop",   L"--end",  L"stop",  L"--pause", L"2",        L"--fault",   L"stop-mid-block@3.25",
+         L"--loop",   L"--end",  L"both",  L"--pause", L"2",        L"--fault",   L"stop-mid-block@3.25",
          L"p.exe"});
     EXPECT_EQ(options.program, "p.exe");
     EXPECT_EQ(options.folder, "w");
@@ -44,7 +44,7 @@ TEST(SimOptions, ReadsEveryOption) {
     EXPECT_EQ(options.play.speed, 0.5);
     EXPECT_EQ(options.play.seconds, 7.5);
     EXPECT_TRUE(options.play.loop);
-    EXPECT_EQ(options.play.end, HostEnd::Stop);
+    EXPECT_EQ(options.play.end, HostEnd::Both);
     EXPECT_EQ(options.play.pause, 2);
     EXPECT_EQ(options.play.fault, Fault::StopMidBlock);
     EXPECT_EQ(options.play.faultAt, 3.25);
@@ -61,6 +61,7 @@ TEST(SimOptions, ReadsEveryFaultFormAndEnd) {
     EXPECT_EQ(Parsed({L"--form", L"normal"}).play.form, RecordForm::Normal);
     EXPECT_EQ(Parsed({L"--form", L"obd"}).play.form, RecordForm::Obd);
     EXPECT_EQ(Parsed({L"--end", L"close"}).play.end, HostEnd::Close);
+    EXPECT_EQ(Parsed({L"--end", L"stop"}).play.end, HostEnd::Stop);
     EXPECT_EQ(Parsed({L"--end", L"both"}).play.end, HostEnd::Both);
     EXPECT_TRUE(Parsed({L"--keep-open"}).play.keepOpen);
     EXPECT_TRUE(Parsed({L"--help"}).help);
@@ -94,6 +95,8 @@ TEST(SimOptions, RefusesWhatDoesNotGoTogether) {
     EXPECT_NE(ErrorOf({L"--script", L"s", L"--rate", L"5"}), "");
     EXPECT_NE(ErrorOf({L"--script", L"s", L"--loop"}), "");
     EXPECT_NE(ErrorOf({L"--keep-open", L"--end", L"both"}), "");
+    EXPECT_NE(ErrorOf({L"--pause", L"2"}), "");
+    EXPECT_NE(ErrorOf({L"--pause", L"2", L"--end", L"stop"}), "");
 }
 
 TEST(SimOptions, HelpNamesEveryOption) {
