@@ -1,0 +1,262 @@
+#include <algorithm>
+#include <cmath>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "fuzz/DriveScript.h"
+#include "fuzz/DriveViews.h"
+#include "fuzz/Inputs.h"
+#include "fuzz/Promise.h"
+#include "fuzz/ScratchFolder.h"
+#include "fuzz/Slots.h"
+#include "fuzz/Targets.h"
+#include "link/Acquisition.h"
+#include "link/ExchangeFile.h"
+#include "logs/ModuleKey.h"
+#include "scaling/PrefsFile.h"
+#include "tests/unit/support/FakeDialog.h"
+#include "tests/unit/support/ScriptedPipe.h"
+
+namespace plotvane::fuzz {
+namespace {
+
+constexpr const char* kLogName = "drive.csv";
+constexpr int kPatience = 4000;    // rounds of the pump, after which the user ends the program
+constexpr int kRoundsToEnd = 200;  // within which everything must have returned then
+constexpr double kTickMs = 10.0;   // of a coarse clock: no sleep is shorter
+
+// A clock that only waiting moves, with the user's clicks, up to the moment at which the user has had enough.
+class DrivePump : public MessagePump {
+public:
+    explicit DrivePump(std::function<void()> endProgram) : m_endProgram(std::move(endProgram)) {}
+
+    double NowMs() override { return m_nowMs; }
+
+    void DispatchAndSleep(int ms) override {
+        Require(ms >= 0 && ms <= 10, "messages are dispatched every ten milliseconds");
+        ++m_rounds;
+        Require(m_rounds <= kPatience + kRoundsToEnd, "a closed program ends");
+        if (m_rounds >= kPatience) {
+            m_clicks.clear();
+            m_endProgram();
+        }
+        while (!m_clicks.empty() && m_clicks.front().first <= m_nowMs) {
+            const auto click = std::move(m_clicks.front().second);
+            m_clicks.pop_front();
+            click();
+        }
+        if (ms > 0) m_nowMs += kTickMs;
+    }
+
+    void At(double ms, std::function<void()> click) { m_clicks.emplace_back(ms, std::move(click)); }
+    void DropClicks() { m_clicks.clear(); }
+    bool HasClicks() const { return !m_clicks.empty(); }
+
+private:
+    std::function<void()> m_endProgram;
+    std::deque<std::pair<double, std::function<void()>>> m_clicks;
+    double m_nowMs = 1000.0;
+    int m_rounds = 0;
+};
+
+// The files that are there before the program starts, and the working folder for as long as it runs.
+class WorkingFolder {
+public:
+    explicit WorkingFolder(const DriveScript& script) {
+        Clear();
+        std::filesystem::current_path(ScratchPath());
+        const std::string key = ScalingFileNameOf(kFirstModule);
+        const std::string labels = LabelFileNameOf(KeyStemOf(key), LabelForm::Full);
+        Write(kExchangeFileName, script.exchangeFile);
+        Write(kLogName, script.log);
+        Write("Scaling/Defaults.cfg", script.defaults);
+        Write("Scaling/Prefs.cfg", script.prefs);
+        Write("Scaling/" + key, script.ranges);
+        Write("labels/" + labels, script.labels);
+    }
+    ~WorkingFolder() {
+        std::error_code ignored;
+        std::filesystem::current_path(m_before, ignored);
+        Clear();
+    }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+    // Nothing but what the program may make.
+    static void RequireTidy() {
+        for (const auto& entry : std::filesystem::directory_iterator(ScratchPath())) {
+            const auto name = entry.path().filename();
+            Require(name == kExchangeFileName || name == kLogName || name == "Scaling" || name == "labels",
+                    "nothing is written outside the Scaling folder");
+        }
+        if (!std::filesystem::exists(ScratchPath() / "Scaling")) return;
+        for (const auto& entry : std::filesystem::directory_iterator(ScratchPath() / "Scaling")) {
+            const std::string name = entry.path().filename().string();
+            Require(entry.is_regular_file() && (name.ends_with(kScalingExtension) || name == "Defaults.cfg" ||
+                                                name == kPrefsFileName),
+                    "only settings are written, and whole");
+        }
+    }
+
+private:
+    static void Write(const std::filesystem::path& name, std::string_view text) {
+        if (text.empty()) return;
+        const auto path = ScratchPath() / name;
+        std::filesystem::create_directories(path.parent_path());
+        test::WriteBytes(path, text);
+    }
+    static void Clear() {
+        for (const auto& entry : std::filesystem::directory_iterator(ScratchPath()))
+            std::filesystem::remove_all(entry.path());
+    }
+
+    std::filesystem::path m_before = std::filesystem::current_path();
+};
+
+// One run of the program, from its start to its close.
+class Drive {
+public:
+    // The script must outlive the drive.
+    explicit Drive(const DriveScript& script) {
+        m_dialog.control = &m_acquisition.control;
+        m_dialog.choice = ChosenLog{ScratchPath() / kLogName, kLogName};
+        m_data.state.hostRunning = script.hostRuns;
+        LoadPrefs(m_data.PrefsFile(), m_data.prefs);
+        for (const std::string& portion : script.portions) m_pipe.Write(portion);
+        m_pipe.closed = true;
+        for (const auto& click : script.clicks) {
+            m_pump.At(m_pump.NowMs() + click.atMs, [this, &click] { Perform(click.what); });
+        }
+    }
+
+    void Run() {
+        constexpr int kIdleMs = 10;
+        if (m_data.state.hostRunning) m_acquisition.loop.Start();
+        while (m_pump.HasClicks()) m_pump.DispatchAndSleep(kIdleMs);
+        m_dialog.Close();
+        RequireSane();
+        RequireSettingsSurvive();
+    }
+
+private:
+    void EndProgram() {
+        if (m_dialog.closes == 0) m_dialog.Close();
+        m_dialog.Stop();
+    }
+
+    void Perform(std::string_view clicks) {
+        // Behind the close nobody clicks any more.
+        if (m_dialog.closes > 0) return;
+        for (std::size_t i = 0; i < clicks.size(); ++i) {
+            if (clicks[i] == 'M') {
+                m_acquisition.selection.SetMinimum(clicks.substr(i + 1));
+                m_acquisition.selection.SetMaximum(clicks.substr(i + 1, 3));
+                return;
+            }
+            Click(clicks[i]);
+        }
+    }
+
+    void Click(char button) {
+        RunState& state = m_data.state;
+        switch (button) {
+            case 'S':
+                m_dialog.Stop();
+                break;
+            case 'P':
+                m_dialog.Pause();
+                break;
+            case 'L':
+                m_acquisition.control.LoadLog();
+                break;
+            case '+':
+                state.pixelShift = std::min(state.pixelShift + 1, kPixelShiftMax);
+                break;
+            case '-':
+                state.pixelShift = std::max(state.pixelShift - 1, kPixelShiftMin);
+                break;
+            case '*':
+                if (state.replayPeriodMs > kReplayPeriodMinMs) state.replayPeriodMs /= 2;
+                break;
+            case '/':
+                if (state.replayPeriodMs < kReplayPeriodMaxMs) state.replayPeriodMs *= 2;
+                break;
+            case '>':
+                m_acquisition.selection.SelectNext();
+                break;
+            case '<':
+                m_acquisition.selection.SelectPrevious();
+                break;
+            case 'A':
+                for (bool& on : m_panel.airFuelOn) on = !on;
+                break;
+            default:
+                if (button < '0' || button > '9') break;
+                const auto index = static_cast<std::size_t>(button - '0');
+                m_panel.shown.at(index) = !m_panel.shown.at(index);
+                m_panel.obdShown.at(index) = !m_panel.obdShown.at(index);
+                break;
+        }
+    }
+
+    void RequireSane() {
+        const RunState& state = m_data.state;
+        Require(state.stopped, "a closed program has stopped");
+        Require(state.pixelShift >= kPixelShiftMin && state.pixelShift <= kPixelShiftMax,
+                "the pixel shift is 1..15");
+        Require(
+            std::isfinite(m_acquisition.fuel.Consumption()) && std::isfinite(m_acquisition.fuel.Mileage()),
+            "a fuel figure is finite");
+        for (const std::string& text : m_panel.values) {
+            constexpr std::size_t kLongest = 100 + 15;  // a unit behind a "%g" number
+            Require(text.size() <= kLongest, "a value box is bounded");
+        }
+        for (const auto& [text, caption] : m_dialog.messages)
+            Require(text > 0 && caption > 0, "a message has texts");
+        WorkingFolder::RequireTidy();
+    }
+
+    void RequireSettingsSurvive() {
+        const std::string& name = m_data.ranges.LoadedName();
+        if (m_data.ranges.IsLoadedWhole() && name == m_acquisition.module.Key()) {
+            RunState state;
+            state.obdFile = m_data.state.obdFile;
+            DefaultScaling defaults(m_data.folder);
+            ModuleScaling reloaded(m_data.folder, defaults, state);
+            Require(m_data.ranges.SaveModuleScaling(name) == 0, "the ranges are saved");
+            Require(reloaded.LoadModuleScaling(name) == ModuleLoad::Loaded, "the ranges are loaded again");
+            for (int group = ModuleScaling::kFirstGroup; group <= ModuleScaling::kLastGroup; ++group)
+                Require(m_data.ranges.RangeOf(group, 0) == reloaded.RangeOf(group, 0),
+                        "the ranges survive the program");
+        }
+        const auto path = ScratchPath() / "prefs-of-the-drive";
+        Require(SavePrefs(path, m_data.prefs, 634, 433) == 0, "the preferences are saved");
+        std::filesystem::remove(path);
+    }
+
+    DriveData m_data{ScratchPath() / "Scaling"};
+    test::FakePanel m_panel;
+    LineChart m_chart{m_data.prefs, m_data.state, m_data.slots};
+    OpenMeters m_meters;
+    test::ScriptedPipe m_pipe;
+    test::FakeDialog m_dialog;
+    DrivePump m_pump{[this] { EndProgram(); }};
+    Acquisition m_acquisition{m_data,
+                              {m_chart, m_panel, m_meters, m_dialog, m_dialog, m_dialog, m_dialog},
+                              m_pipe,
+                              m_pump,
+                              {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}};
+};
+
+}  // namespace
+
+int FuzzDrive(Bytes input) {
+    const DriveScript script(AsText(input));
+    const WorkingFolder folder(script);
+    Drive(script).Run();
+    return 0;
+}
+
+}  // namespace plotvane::fuzz

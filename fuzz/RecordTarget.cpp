@@ -1,0 +1,53 @@
+#include <algorithm>
+
+#include "fuzz/Inputs.h"
+#include "fuzz/Promise.h"
+#include "fuzz/Slots.h"
+#include "fuzz/Targets.h"
+#include "link/RecordParser.h"
+#include "model/RecordBuffer.h"
+
+namespace plotvane::fuzz {
+namespace {
+
+void RequireSaneAnswer(std::string_view text, std::size_t position) {
+    SlotTable slots;
+    RunState state;
+    state.obdNow = true;
+    const bool whole = ParseRecord(text, position, slots, state);
+    RequireSaneSlots(slots);
+    Require(state.obdPrevious, "the form of the record before is remembered");
+
+    // A second time into the used slots: nothing of a record may depend on the one before.
+    SlotTable again = slots;
+    RunState stateAgain;
+    Require(ParseRecord(text, position, again, stateAgain) == whole, "the same record parses the same");
+    Require(AreEqual(slots, again) && state.obdNow == stateAgain.obdNow, "the same record parses the same");
+
+    if (!whole || state.obdNow) return;
+    const std::string rewritten = RecordOf(slots);
+    if (rewritten.empty()) return;
+    SlotTable reread;
+    Require(ParseRecord(rewritten, 0, reread, state), "what the slots hold makes a record");
+    Require(AreEqual(slots, reread), "what the slots hold survives a record");
+}
+
+}  // namespace
+
+// A block of the pipe; what is behind its 513 bytes picks other positions to parse from.
+int FuzzRecord(Bytes input) {
+    RecordBuffer record;
+    const std::size_t length = std::min(input.size(), RecordBuffer::kBlockSize);
+    std::copy_n(AsText(input).begin(), length, record.Block().begin());
+    const std::string_view text = record.Text();
+
+    const std::size_t comma = text.find(',');
+    RequireSaneAnswer(text, comma == std::string_view::npos ? 0 : comma + 1);
+    for (const std::uint8_t byte :
+         input.subspan(length).first(std::min<std::size_t>(input.size() - length, 4)))
+        RequireSaneAnswer(text, byte * std::size_t{3});
+    RequireSaneAnswer(text, text.size());
+    return 0;
+}
+
+}  // namespace plotvane::fuzz

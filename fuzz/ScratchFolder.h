@@ -1,0 +1,41 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "tests/support/TempFolder.h"
+
+namespace plotvane::fuzz {
+
+// The folder into which targets write their input as files; one for the whole process, because making one
+// for each input would cost more than the readers do. Empty whenever a target has ended.
+inline const std::filesystem::path& ScratchPath() {
+    static const test::TempFolder folder;
+    return folder.Path();
+}
+
+// A file of that folder, with the given bytes, for the length of a scope.
+class ScratchFile {
+public:
+    ScratchFile(const std::filesystem::path& name, std::string_view bytes) : m_path(ScratchPath() / name) {
+        Write(bytes);
+    }
+    ~ScratchFile() {
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
+    }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+
+    // In place of the former bytes.
+    void Write(std::string_view bytes) const { test::WriteBytes(m_path, bytes); }
+
+    std::string Bytes() const { return test::BytesOf(m_path); }
+
+    const std::filesystem::path& Path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+}  // namespace plotvane::fuzz
