@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds both presets and runs every test of both: natively with sanitizers, and under Wine on a
-# display of its own. Needs no setting up; leaves nothing running.
+# display of its own; and each fuzzer for some seconds. Needs no setting up; leaves nothing running.
 #
 # The last line is "N passed, N failed" (and ", N skipped" if any); the exit status is 0 only if at
 # least one test ran and none failed.
@@ -8,11 +8,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" "${fuzz_packages[@]}"
 take_turn
 
 say "building the portable code with sanitizers (build/native)"
 build_preset native
+say "building the fuzzers (build/fuzz)"
+build_preset fuzz fuzzers
 say "building the Win64 program and its tests (build/windows)"
 build_preset windows
 
@@ -29,9 +31,11 @@ run_tests() {
 
 say "running the native tests"
 run_tests native "$(nproc)"
+say "running the fuzzers"
+run_tests fuzz "$(nproc)"
 say "running the tests under Wine"
 start_display
 prepare_wine
 run_tests windows 1
 
-scripts/test-summary.sh native windows
+scripts/test-summary.sh native fuzz windows
