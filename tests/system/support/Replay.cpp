@@ -1,0 +1,107 @@
+#include "tests/system/support/Replay.h"
+
+#include <dlgs.h>
+
+namespace plotvane::test {
+
+namespace {
+
+constexpr int kMessageText = 0xFFFF;
+
+}  // namespace
+
+void Replay::Start() {
+    session.Start();
+    main = session.Main();
+    ASSERT_TRUE(Becomes([this] { return main.IsShown(IDC_LOAD_LOG); }, true));
+}
+
+std::filesystem::path Replay::WriteLog(std::string_view name, std::string_view bytes) {
+    const auto folder = session.Folder() / "LOGS";
+    std::filesystem::create_directory(folder);
+    WriteBytes(folder / name, bytes);
+    return folder / name;
+}
+
+void Replay::Press(int button) {
+    ASSERT_TRUE(main.IsShown(button)) << button;
+    ASSERT_TRUE(Becomes([&] { return main.IsEnabled(button); }, true)) << button;
+    main.PostClick(button);
+}
+
+RemoteWindow Replay::FileDialog() const {
+    RemoteWindow dialog;
+    EXPECT_TRUE(Becomes(
+        [&] {
+            for (const RemoteWindow& window : WindowsOf(main.ProcessId())) {
+                if (window.Text() == L"Choose a log file") dialog = window;
+            }
+            return dialog.Exists();
+        },
+        true))
+        << "the dialog for choosing a log did not come";
+    return dialog;
+}
+
+void Replay::Choose(const std::filesystem::path& path) {
+    const RemoteWindow dialog = FileDialog();
+    // Which of the two it has depends on the system.
+    const int name = dialog.Control(cmb13).Exists() ? cmb13 : edt1;
+    dialog.Control(name).Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    EXPECT_EQ(dialog.Text(name), path.wstring());
+    dialog.PostClick(IDOK);
+    EXPECT_TRUE(Becomes([&] { return dialog.Exists(); }, false));
+}
+
+void Replay::Load(const std::filesystem::path& path) {
+    Press(IDC_LOAD_LOG);
+    Choose(path);
+}
+
+void Replay::ConfirmMessage(const std::wstring& text, const std::wstring& caption) {
+    const RemoteWindow message = session.DialogWith(kMessageText);
+    EXPECT_EQ(message.Text(kMessageText), text);
+    EXPECT_EQ(message.Text(), caption);
+    EXPECT_FALSE(::IsWindowEnabled(main.Get())) << "the message belongs to the main window";
+    message.PostClick(IDOK);
+    EXPECT_TRUE(Becomes([&] { return message.Exists(); }, false));
+}
+
+// The images are asked of the program's thread, which answers between two handlers and never in the midst of
+// one: what is looked at behind them belongs together.
+RunButtonsSeen Replay::Buttons() const {
+    const auto image = [this](int id) { return main.Control(id).Send(BM_GETIMAGE, IMAGE_ICON); };
+    RunButtonsSeen seen;
+    seen.stopImage = image(IDC_STOP);
+    seen.pauseImage = image(IDC_PAUSE);
+    seen.loadImage = image(IDC_LOAD_LOG);
+    seen.stopEnabled = main.IsEnabled(IDC_STOP);
+    seen.pauseEnabled = main.IsEnabled(IDC_PAUSE);
+    seen.loadEnabled = main.IsEnabled(IDC_LOAD_LOG);
+    return seen;
+}
+
+std::string ClassicLog(const std::vector<LogRowText>& rows) {
+    std::string text =
+        "Friday,20,November,2026,10:15:30\r\n"
+        "038 906 019 FT,Engine control\r\n"
+        "\r\n"
+        ",Row A,'001,,,,Row B,none,,,,Row C,none\r\n"
+        ",,Speed,Coolant,Speed,Flow,,,,,,,,,,\r\n"
+        ",,actual,temp.,actual,,,,,,,,,,,\r\n"
+        "mark,time, /min,\xB0"
+        "C, km/h, l/h,time,,,,,time,,,,\r\n";
+    for (const LogRowText& row : rows) text += "0," + row.time + "," + row.values + ",,,,,,,,,,\r\n";
+    return text;
+}
+
+std::string LogThatLingersAt(const char* values) {
+    return ClassicLog({{"0.01", kIdle},
+                       {"0.02", kIdle},
+                       {"0.03", kIdle},
+                       {"0.04", kIdle},
+                       {"4.94", values},
+                       {"9.84", kIdle}});
+}
+
+}  // namespace plotvane::test
