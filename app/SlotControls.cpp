@@ -10,6 +10,8 @@ namespace {
 // Pixels at 96 dpi, as the value boxes of the template are 74 wide.
 constexpr int kWideBox = 70;
 constexpr int kAirFuelWidth = 31;
+constexpr int kNarrowFaster = 16;
+constexpr int kFuelImageSize = 12;
 
 int FrameOf(int slot) {
     constexpr int kFirstOfRow[] = {IDC_FRAME_ROW_A_FIRST, IDC_FRAME_ROW_B_FIRST, IDC_FRAME_ROW_C_FIRST};
@@ -216,8 +218,36 @@ Colour SlotControls::InactiveColour() const {
 void SlotControls::ShowFuelButtons(bool shown) {
     if (shown == m_fuelButtonsShown) return;
     m_fuelButtonsShown = shown;
+    if (shown && ::IsWindowVisible(m_dialog.GetDlgItem(IDC_REPLAY_GROUP))) TrimFuelButtons();
     m_dialog.ShowDlgItem(IDC_MILEAGE, shown);
     m_dialog.ShowDlgItem(IDC_CONSUMPTION, shown);
+}
+
+// In a replay the controls of its speed lie over the fuel buttons. What is left of these, their right ends,
+// is all that is shown then, with a picture in place of the text; "+" leaves some room for the one of
+// Mileage.
+void SlotControls::TrimFuelButtons() {
+    CRect faster;
+    const HWND plus = m_dialog.GetDlgItem(IDC_REPLAY_FASTER);
+    ::GetWindowRect(plus, &faster);
+    ::SetWindowPos(plus, nullptr, 0, 0, kNarrowFaster, faster.Height(),
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    TrimFuelButton(IDC_MILEAGE, IDC_REPLAY_FASTER);
+    TrimFuelButton(IDC_CONSUMPTION, IDC_ELAPSED);
+}
+
+void SlotControls::TrimFuelButton(int id, int coveredBy) {
+    const HWND button = m_dialog.GetDlgItem(id);
+    CRect place;
+    CRect cover;
+    ::GetWindowRect(button, &place);
+    ::GetWindowRect(m_dialog.GetDlgItem(coveredBy), &cover);
+    ::SetWindowLongPtrW(button, GWL_STYLE, ::GetWindowLongPtrW(button, GWL_STYLE) | BS_ICON | BS_RIGHT);
+    const HANDLE image = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_FUEL), IMAGE_ICON,
+                                      kFuelImageSize, kFuelImageSize, LR_SHARED);
+    m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
+    // The region is the window's from now on.
+    ::SetWindowRgn(button, ::CreateRectRgn(cover.right - place.left, 0, place.Width(), place.Height()), TRUE);
 }
 
 void SlotControls::ShowPixelShift(int pixels) {

@@ -56,6 +56,8 @@ private:
     void ShowObdRow(bool shown);
     void MakeRoomForObdRow(bool made);
     void ShowLimit(int id, int limit);
+    void TrimFuelButtons();
+    void TrimFuelButton(int id, int coveredBy);
     void SetChecked(int id, bool checked);
 
     CWnd& m_dialog;

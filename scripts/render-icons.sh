@@ -38,5 +38,6 @@ for source in *.svg; do
     icon=${source%.svg}
     [[ $icon == plotvane* ]] && continue
     for size in 16 24 32; do render "$icon" "$size"; done
+    if [[ $icon == fuel ]]; then render fuel 12; fi
     pack "$icon"
 done

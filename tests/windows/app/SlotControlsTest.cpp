@@ -265,12 +265,32 @@ TEST_F(SlotControlsTest, InAReplayTheSpeedButtonsLieOnTheFuelButtonsAndBothCanBe
         const CRect place = PlaceOf(id);
         EXPECT_EQ(clicked({(place.left + place.right) / 2, (place.top + place.bottom) / 2}), id);
     }
-    const CRect mileage = PlaceOf(IDC_MILEAGE);
-    EXPECT_EQ(clicked({mileage.right - 2, mileage.top + 2}), IDC_MILEAGE);
-    EXPECT_EQ(clicked({mileage.left + 2, mileage.top + 1}), IDC_MILEAGE);
-    const CRect consumption = PlaceOf(IDC_CONSUMPTION);
-    EXPECT_EQ(clicked({consumption.left + 2, (consumption.top + consumption.bottom) / 2}), IDC_CONSUMPTION);
-    EXPECT_EQ(clicked({consumption.right - 2, (consumption.top + consumption.bottom) / 2}), IDC_CONSUMPTION);
+    // Of a fuel button only what no other control covers, so that no part of its text shows.
+    const auto expectRightEndOnly = [&](int id, int cover) {
+        const CRect place = PlaceOf(id);
+        const int middle = (place.top + place.bottom) / 2;
+        EXPECT_EQ(clicked({place.right - 1, middle}), id);
+        EXPECT_EQ(clicked({PlaceOf(cover).right, middle}), id);
+        EXPECT_GE(place.right - PlaceOf(cover).right, 14) << id << " has no room for its picture";
+        for (int x = place.left; x < PlaceOf(cover).right; ++x) {
+            EXPECT_NE(clicked({x, middle}), id) << x;
+            EXPECT_NE(clicked({x, place.top}), id) << x;
+        }
+        EXPECT_NE(dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON), 0) << id;
+    };
+    expectRightEndOnly(IDC_MILEAGE, IDC_REPLAY_FASTER);
+    expectRightEndOnly(IDC_CONSUMPTION, IDC_ELAPSED);
+    EXPECT_EQ(dialog.GetDlgItemText(IDC_MILEAGE), "Mileage");
+    EXPECT_EQ(dialog.GetDlgItemText(IDC_CONSUMPTION), "Consumption");
+}
+
+TEST_F(SlotControlsTest, WithoutAReplayTheFuelButtonsAreWhole) {
+    panel.ShowFuelButtons(true);
+    for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) {
+        RECT shown{};
+        EXPECT_EQ(::GetWindowRgnBox(dialog.GetDlgItem(id), &shown), ERROR) << id;
+        EXPECT_EQ(dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON), 0) << id;
+    }
 }
 
 }  // namespace
