@@ -90,8 +90,10 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
     ON_EN_KILLFOCUS(IDC_SCALE_MAX, OnScaleMaxLeft)
     ON_BN_CLICKED(IDC_SHIFT_DOWN, OnShiftDown)
     ON_BN_CLICKED(IDC_SHIFT_UP, OnShiftUp)
-    // Twelve value boxes, twelve A/F buttons, two fuel buttons.
+    // Twelve value boxes, check boxes in both layouts, twelve A/F buttons, two fuel buttons.
     ON_CONTROL_RANGE(EN_SETFOCUS, IDC_VALUE_FIRST, IDC_VALUE_LAST, OnValueFocus)
+    ON_CONTROL_RANGE(BN_SETFOCUS, IDC_SHOW_FIRST, IDC_OBD_SHOW_LAST, OnShowFocus)
+    ON_CONTROL_RANGE(BN_KILLFOCUS, IDC_SHOW_FIRST, IDC_OBD_SHOW_LAST, OnShowFocusLost)
     ON_CONTROL_RANGE(BN_CLICKED, IDC_AIR_FUEL_FIRST, IDC_AIR_FUEL_LAST, OnAirFuel)
     ON_BN_CLICKED(IDC_MILEAGE, OnMileage)
     ON_BN_CLICKED(IDC_CONSUMPTION, OnConsumption)

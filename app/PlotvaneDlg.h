@@ -67,6 +67,8 @@ private:
 
     // Slots and fuel.
     void OnValueFocus(UINT id);
+    void OnShowFocus(UINT id) { m_panel.ShowFocus(static_cast<int>(id)); }
+    void OnShowFocusLost(UINT) { m_panel.ShowFocus(0); }
     void OnAirFuel(UINT) { m_data.state.redrawRequest = true; }
     void OnMileage() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Mileage); }
     void OnConsumption() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Consumption); }

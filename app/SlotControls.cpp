@@ -69,6 +69,23 @@ void SlotControls::PlaceSwatches() {
     for (int field = 0; field < kObdFieldCount; ++field) {
         Place(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field);
     }
+    ShowFocus(m_focused);
+}
+
+// Around the check box and the swatch above it. One that a layout has hidden may still have the focus.
+void SlotControls::ShowFocus(int checkBox) {
+    m_focused = checkBox;
+    if (!::IsWindowVisible(m_dialog.GetDlgItem(checkBox))) return m_dialog.ShowDlgItem(IDC_SHOW_FOCUS, false);
+    CRect box;
+    CRect swatch;
+    ::GetWindowRect(m_dialog.GetDlgItem(checkBox), &box);
+    ::GetWindowRect(m_dialog.GetDlgItem(IDC_SWATCH_FIRST + checkBox - IDC_SHOW_FIRST), &swatch);
+    CRect mark;
+    ::UnionRect(&mark, &box, &swatch);
+    ::InflateRect(&mark, 1, 1);
+    mark = m_dialog.ScreenToClient(mark);
+    ::SetWindowPos(m_dialog.GetDlgItem(IDC_SHOW_FOCUS), nullptr, mark.left, mark.top, mark.Width(),
+                   mark.Height(), SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
 int SlotControls::SlotAt(POINT screen) const {

@@ -20,12 +20,16 @@ public:
     // width for its text.
     void SetUp();
 
-    // Puts every swatch over its placeholder again, wherever that is now.
+    // Puts every swatch over its placeholder again, wherever that is now, and the mark of the focus around
+    // its check box.
     void PlaceSwatches();
 
     // The slot or OBD field whose swatch lies under a point of the screen; -1 for none.
     int SlotAt(POINT screen) const;
     int ObdFieldAt(POINT screen) const;
+
+    // Marks the check box that has the focus, by its id, of a slot or of an OBD field; 0 for none.
+    void ShowFocus(int checkBox);
 
     // SlotPanel.
     void ShowValue(int slot, std::string_view text) override;
@@ -71,6 +75,7 @@ private:
     bool m_fuelButtonsShown = false;
     bool m_replaySpeedHidden = false;  // it was shown, but the OBD row lies there now
     int m_frame = kNoFrame;            // the slot whose frame is shown
+    int m_focused = 0;
 };
 
 }  // namespace plotvane

@@ -74,7 +74,8 @@
 #define IDC_MILEAGE 1099
 #define IDC_CONSUMPTION 1100
 
-/* Windows made at run time; outside the run that a relayout moves. */
+/* Main dialog: placed at run time; outside the run that a relayout moves. */
+#define IDC_SHOW_FOCUS 1299
 #define IDC_CHART 1300
 #define IDC_SWATCH_WINDOW_FIRST 1310
 #define IDC_OBD_SWATCH_WINDOW_FIRST 1330

@@ -293,5 +293,37 @@ TEST_F(SlotControlsTest, WithoutAReplayTheFuelButtonsAreWhole) {
     }
 }
 
+TEST_F(SlotControlsTest, AMarkShowsWhichCheckBoxHasTheFocus) {
+    EXPECT_FALSE(IsShown(IDC_SHOW_FOCUS));
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        panel.ShowFocus(IDC_SHOW_FIRST + slot);
+        EXPECT_TRUE(IsShown(IDC_SHOW_FOCUS));
+        const CRect box = PlaceOf(IDC_SHOW_FIRST + slot);
+        const CRect swatch = PlaceOf(IDC_SWATCH_FIRST + slot);
+        const Edges around = {std::min(box.left, swatch.left) - 1, swatch.top - 1,
+                              std::max(box.right, swatch.right) + 1, box.bottom + 1};
+        EXPECT_EQ(EdgesOf(IDC_SHOW_FOCUS), around) << slot;
+    }
+    panel.ShowFocus(0);
+    EXPECT_FALSE(IsShown(IDC_SHOW_FOCUS));
+}
+
+TEST_F(SlotControlsTest, TheMarkOfTheFocusGoesWithItsCheckBox) {
+    panel.ShowFocus(IDC_SHOW_FIRST);
+    const CRect before = PlaceOf(IDC_SHOW_FOCUS);
+    for (const int id : {IDC_SHOW_FIRST, IDC_SWATCH_FIRST}) {
+        const CRect place = PlaceOf(id);
+        ::SetWindowPos(dialog.GetDlgItem(id), nullptr, place.left, place.top + 40, 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER);
+    }
+    panel.PlaceSwatches();
+    EXPECT_EQ(PlaceOf(IDC_SHOW_FOCUS).top, before.top + 40);
+
+    panel.ApplyLayout(true);
+    EXPECT_FALSE(IsShown(IDC_SHOW_FOCUS));
+    panel.ApplyLayout(false);
+    EXPECT_TRUE(IsShown(IDC_SHOW_FOCUS));
+}
+
 }  // namespace
 }  // namespace plotvane::test
