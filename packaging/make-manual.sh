@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# make-manual.sh: the pages of docs/manual and the file formats as one HTML page, on standard output. The
+# pictures are referred to as pictures/NAME. Fails when a link leads to no page of it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+# In the order of the contents; the formats last.
+mapfile -t pages < <(
+    printf 'docs/manual/README.md\n'
+    grep -oE '^\| \[[^]]+\]\([a-z-]+\.md\)' docs/manual/README.md | sed -E 's|.*\((.*)\)|docs/manual/\1|'
+    printf 'docs/%s.md\n' file-formats file-formats-logs
+)
+
+page=$(
+    printf '<!DOCTYPE html>\n<html lang="en">\n<head>\n<meta charset="utf-8">\n<title>Plotvane manual</title>\n<style>\n'
+    cat packaging/manual.css
+    printf '</style>\n</head>\n<body>\n'
+    for file in "${pages[@]}"; do
+        printf '<section id="%s">\n' "$(basename "$file" .md)"
+        cmark-gfm --extension table "$file" | sed -E 's|href="(\.\./)?([a-z-]+)\.md(#[^"]*)?"|href="#\2"|g'
+        printf '</section>\n'
+    done
+    printf '</body>\n</html>\n'
+)
+
+while read -r target; do
+    grep -q "<section id=\"$target\">" <<<"$page" || {
+        echo "error: the manual links to $target, which is not in it" >&2
+        exit 1
+    }
+done < <(grep -oE 'href="#[^"]*"' <<<"$page" | sed -E 's/href="#(.*)"/\1/' | sort -u)
+while read -r picture; do
+    [[ -e docs/manual/$picture ]] || {
+        echo "error: the manual shows $picture, which does not exist" >&2
+        exit 1
+    }
+done < <(grep -oE 'src="[^"]*"' <<<"$page" | sed -E 's/src="(.*)"/\1/' | sort -u)
+printf '%s\n' "$page"

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# package.sh: makes build/package/plotvane-<version>-win64.zip, with its SHA-256 sum beside it: the program,
+# samples to start in, the manual as one page and a text to begin with.
+#
+# The same commit gives the same bytes: the program carries no time stamp of its link, and every entry has the
+# time of the commit, the same rights and its place in the order of the names.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/common.sh
+
+need_packages "${build_packages[@]}" git zip cmark-gfm
+take_turn
+version=$(sed -nE 's/.*kVersion.*"([^"]+)".*/\1/p' app/Version.h)
+[[ -n $version ]] || die "no version in app/Version.h"
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+export SOURCE_DATE_EPOCH TZ=UTC
+[[ -z $(git status --porcelain) ]] || say "warning: the tree has changes that no commit holds"
+
+say "building (build/windows)"
+build_preset windows plotvane
+
+package=$build/package
+folder=$package/plotvane-$version
+rm -rf "$package"
+mkdir -p "$folder/pictures"
+say "filling $folder"
+cp "$build/windows/plotvane.exe" "$folder"
+cp -r samples/. "$folder"
+cp docs/manual/pictures/*.png "$folder/pictures"
+packaging/make-manual.sh >"$folder/manual.html"
+sed 's/$/\r/' packaging/read-me-first.txt >"$folder/READ ME FIRST.txt"
+sed 's/$/\r/' CHANGELOG.md >"$folder/CHANGES.txt"
+grep -q "PLOTVANE $version" "$folder/READ ME FIRST.txt" || die "the text to begin with is not about $version"
+grep -q "^## $version" CHANGELOG.md || die "CHANGELOG.md says nothing about $version"
+
+find "$folder" -type d -exec chmod 755 {} +
+find "$folder" -type f -exec chmod 644 {} +
+find "$folder" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
+zip_name=plotvane-$version-win64.zip
+(
+    cd "$package"
+    find "plotvane-$version" -type f | LC_ALL=C sort | zip -X -9 -q "$zip_name" -@
+    sha256sum "$zip_name" >SHA256SUMS
+)
+say "made $package/$zip_name"
+cat "$package/SHA256SUMS"
