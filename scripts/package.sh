@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# package.sh: makes build/package/plotvane-<version>-win64.zip, with its SHA-256 sum beside it: the program,
-# samples to start in, the manual as one page and a text to begin with.
+# package.sh: makes, in build/package, plotvane-<version>-win64.zip (the program, samples to start in, the manual
+# as one page and a text to begin with), plotvane-<version>-setup.exe (the same, installed for one user) and
+# their SHA-256 sums. packaging/check.sh then uses both as their user would.
 #
 # The same commit gives the same bytes: the program carries no time stamp of its link, and every entry has the
 # time of the commit, the same rights and its place in the order of the names.
@@ -8,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-need_packages "${build_packages[@]}" git zip cmark-gfm
+need_packages "${build_packages[@]}" git zip cmark-gfm nsis
 take_turn
 version=$(sed -nE 's/.*kVersion.*"([^"]+)".*/\1/p' app/Version.h)
 [[ -n $version ]] || die "no version in app/Version.h"
@@ -40,7 +41,10 @@ zip_name=plotvane-$version-win64.zip
 (
     cd "$package"
     find "plotvane-$version" -type f | LC_ALL=C sort | zip -X -9 -q "$zip_name" -@
-    sha256sum "$zip_name" >SHA256SUMS
 )
-say "made $package/$zip_name"
+setup_name=plotvane-$version-setup.exe
+makensis -V2 "-DVERSION=$version" "-DSOURCE=$folder" "-DICON=$root/res/icons/plotvane.ico" \
+    "-DOUTPUT=$package/$setup_name" packaging/installer.nsi
+(cd "$package" && sha256sum "$zip_name" "$setup_name" >SHA256SUMS)
+say "made $package/$zip_name and $setup_name"
 cat "$package/SHA256SUMS"

@@ -1,0 +1,80 @@
+; The installer: for the user who runs it, without administrator rights, into a folder that he may write to.
+; package.sh gives it VERSION, SOURCE (the filled folder), ICON and OUTPUT.
+
+; 64 bit, as the program: it has no business on anything else.
+Target amd64-unicode
+!include "MUI2.nsh"
+
+!define KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Plotvane"
+
+Name "Plotvane ${VERSION}"
+OutFile "${OUTPUT}"
+InstallDir "$LOCALAPPDATA\Programs\Plotvane"
+InstallDirRegKey HKCU "${KEY}" "InstallLocation"
+RequestExecutionLevel user
+SetCompressor /SOLID lzma
+BrandingText " "
+
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_FINISHPAGE_RUN
+!define MUI_FINISHPAGE_RUN_FUNCTION StartInItsFolder
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+; Settings, logs and labels belong to the folder that is current at the start.
+Function StartInItsFolder
+  SetOutPath "$INSTDIR"
+  Exec '"$INSTDIR\plotvane.exe"'
+FunctionEnd
+
+Section
+  SetOutPath "$INSTDIR"
+  SetOverwrite on
+  File "${SOURCE}/plotvane.exe"
+  File "${SOURCE}/manual.html"
+  File "${SOURCE}/CHANGES.txt"
+  SetOutPath "$INSTDIR\pictures"
+  File "${SOURCE}/pictures/*.png"
+
+  ; What the user has changed stays as it is.
+  SetOverwrite off
+  SetOutPath "$INSTDIR\Scaling"
+  File "${SOURCE}/Scaling/*"
+  SetOutPath "$INSTDIR\LOGS"
+  File "${SOURCE}/LOGS/*"
+  SetOutPath "$INSTDIR\labels"
+  File "${SOURCE}/labels/*"
+
+  ; The output folder becomes the folder that the entry starts in.
+  SetOutPath "$INSTDIR"
+  CreateShortCut "$SMPROGRAMS\Plotvane.lnk" "$INSTDIR\plotvane.exe"
+
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  WriteRegStr HKCU "${KEY}" "DisplayName" "Plotvane"
+  WriteRegStr HKCU "${KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${KEY}" "DisplayIcon" "$INSTDIR\plotvane.exe"
+  WriteRegStr HKCU "${KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKCU "${KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKCU "${KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${KEY}" "NoRepair" 1
+SectionEnd
+
+; Scaling, LOGS and labels hold the user's work: they stay, and so does the folder around them.
+Section "Uninstall"
+  Delete "$INSTDIR\plotvane.exe"
+  Delete "$INSTDIR\manual.html"
+  Delete "$INSTDIR\CHANGES.txt"
+  Delete "$INSTDIR\pictures\live.png"
+  Delete "$INSTDIR\pictures\replay.png"
+  RMDir "$INSTDIR\pictures"
+  Delete "$INSTDIR\uninstall.exe"
+  Delete "$SMPROGRAMS\Plotvane.lnk"
+  DeleteRegKey HKCU "${KEY}"
+  RMDir "$INSTDIR"
+SectionEnd
