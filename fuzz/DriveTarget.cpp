@@ -9,6 +9,7 @@
 #include "fuzz/DriveViews.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
+#include "fuzz/SampleCheck.h"
 #include "fuzz/ScratchFolder.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
@@ -121,6 +122,7 @@ public:
     // The script must outlive the drive.
     explicit Drive(const DriveScript& script) {
         m_dialog.control = &m_acquisition.control;
+        m_chart.onSample = [this](const TraceValues& values) { m_check(values); };
         m_dialog.choice = ChosenLog{ScratchPath() / kLogName, kLogName};
         m_data.state.hostRunning = script.hostRuns;
         LoadPrefs(m_data.PrefsFile(), m_data.prefs);
@@ -248,6 +250,7 @@ private:
                               m_pipe,
                               m_pump,
                               {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}};
+    SampleCheck m_check{m_data, m_panel, m_acquisition.fuel};
 };
 
 }  // namespace

@@ -41,7 +41,7 @@ Colour LineChart::GetTraceColor(int trace) const {
 }
 
 void LineChart::AppendPoints(const TraceValues& values) {
-    ++samples;
+    onSample(values);
     Require(m_redraw, "a sample is drawn with drawing on");
     Require(m_state.pixelShift >= kPixelShiftMin && m_state.pixelShift <= kPixelShiftMax,
             "the pixel shift is 1..15");

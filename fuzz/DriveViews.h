@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "meter/Gauge.h"
@@ -26,7 +27,8 @@ public:
     void InvalidateCtrl() override;
     void SetRedraw(bool on) override { m_redraw = on; }
 
-    int samples = 0;
+    // Called with each sample before it is drawn.
+    std::function<void(const TraceValues&)> onSample;
 
 private:
     void TakeValues(const TraceValues& values);

@@ -12,6 +12,7 @@ namespace plotvane::fuzz {
 
 using Bytes = std::span<const std::uint8_t>;
 
+int FuzzNumbers(Bytes input);        // model/Numbers
 int FuzzRecord(Bytes input);         // link/RecordParser
 int FuzzPipe(Bytes input);           // link/BlockReader, with the records it finds
 int FuzzExchange(Bytes input);       // link/ExchangeFile, files/TextInput
@@ -29,7 +30,8 @@ struct Target {
 };
 
 // CMakeLists.txt lists the same names.
-constexpr std::array<Target, 10> kTargets = {{
+constexpr std::array<Target, 11> kTargets = {{
+    {"numbers", FuzzNumbers},
     {"record", FuzzRecord},
     {"pipe", FuzzPipe},
     {"exchange", FuzzExchange},

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+
+#include "link/DriveData.h"
+#include "plot/FuelFigures.h"
+#include "plot/TraceChart.h"
+#include "tests/unit/support/FakeViews.h"
+
+namespace plotvane::fuzz {
+
+// Looks at every sample on its way to the chart: boxes, values and fuel figures must be what the slots say,
+// by rules written down a second time.
+class SampleCheck {
+public:
+    SampleCheck(const DriveData& data, const test::FakePanel& panel, const FuelFigures& fuel)
+        : m_data(data), m_panel(panel), m_fuel(fuel) {
+        m_history.fill(kNoEntry);
+    }
+
+    void operator()(const TraceValues& values);
+
+private:
+    static constexpr double kNoEntry = 2000.0;
+
+    void RequireSlots(const TraceValues& values) const;
+    void RequireChannels(const TraceValues& values) const;
+    void RequireFuel();
+
+    const DriveData& m_data;
+    const test::FakePanel& m_panel;
+    const FuelFigures& m_fuel;
+    std::array<double, FuelFigures::kHistoryLength> m_history{};  // newest first
+    double m_consumption = 0.0;
+    double m_mileage = 0.0;
+};
+
+}  // namespace plotvane::fuzz
