@@ -289,6 +289,7 @@ void CPlotvaneDlg::OnClose() {
     if (m_closing) return;
     m_closing = true;
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
+    ::SetFocus(nullptr);        // a limit that is being typed is taken when its edit is left
     Stop();
     std::error_code ignored;
     if (m_data.prefs.saveWindowSize) {
@@ -357,10 +358,12 @@ void CPlotvaneDlg::OnShiftUp() {
     m_panel.ShowPixelShift(m_data.state.pixelShift);
 }
 
+// The caret never stays in a value box; where the limits are locked, the button beside them takes it.
 void CPlotvaneDlg::OnValueFocus(UINT id) {
     const int slot = static_cast<int>(id) - IDC_VALUE_FIRST;
     m_acquisition.selection.SelectSlot(RowOf(slot), ColumnOf(slot));
-    ::SetFocus(GetDlgItem(IDC_SCALE_MAX));
+    const HWND maximum = GetDlgItem(IDC_SCALE_MAX);
+    ::SetFocus(::IsWindowEnabled(maximum) ? maximum : GetDlgItem(IDC_SCALE_NEXT));
 }
 
 }  // namespace plotvane
