@@ -306,12 +306,6 @@ void CPlotvaneDlg::ShowMessage(int textId, int captionId) {
     MessageBoxText(m_hWnd, static_cast<UINT>(textId), static_cast<UINT>(captionId));
 }
 
-// A log that was still being chosen when the window was closed must not play behind it.
-std::optional<ChosenLog> CPlotvaneDlg::ChooseLog() {
-    auto chosen = AskForLogFile(m_hWnd);
-    return m_closing ? std::nullopt : chosen;
-}
-
 void CPlotvaneDlg::OnContextMenu(HWND window, POINT screen) {
     if (m_data.state.obdNow) {
         const int field = m_panel.ObdFieldAt(screen);

@@ -39,7 +39,7 @@ private:
     void SetModuleTitle(std::string_view title) override;
 
     // LogChooser.
-    std::optional<ChosenLog> ChooseLog() override;
+    std::optional<ChosenLog> ChooseLog() override { return AskForLogFile(m_hWnd); }
 
     // The window.
     void OnClose();
