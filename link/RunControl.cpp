@@ -71,7 +71,11 @@ void RunControl::RestartLive() {
 }
 
 void RunControl::ReplayAgain() {
-    if (m_log.OpenLogFile() == 1 && ReadHeader()) Replay();
+    if (m_log.OpenLogFile() == 1 && ReadHeader()) {
+        Replay();
+    } else {
+        m_buttons.ShowPause(PauseImage::StartOver);
+    }
 }
 
 void RunControl::LoadLog() {

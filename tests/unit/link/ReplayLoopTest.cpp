@@ -170,6 +170,11 @@ TEST_F(ReplayLoopTest, AFileThatWentAwayCanBeTriedAgain) {
     EXPECT_FALSE(state.playing);
     EXPECT_TRUE(state.reopenLog);
     EXPECT_TRUE(state.stopped);
+    EXPECT_TRUE(dialog.pauseEnabled);
+    EXPECT_EQ(dialog.pause, PauseImage::StartOver);
+    dialog.Pause();  // in vain again: there is still nothing to hold
+    EXPECT_EQ(dialog.messages.size(), 2u);
+    EXPECT_EQ(dialog.pause, PauseImage::StartOver);
 
     std::filesystem::rename(folder / "y.csv", folder / "x.csv");
     dialog.Pause();
