@@ -67,20 +67,6 @@ void Replay::ConfirmMessage(const std::wstring& text, const std::wstring& captio
     EXPECT_TRUE(Becomes([&] { return message.Exists(); }, false));
 }
 
-// The images are asked of the program's thread, which answers between two handlers and never in the midst of
-// one: what is looked at behind them belongs together.
-RunButtonsSeen Replay::Buttons() const {
-    const auto image = [this](int id) { return main.Control(id).Send(BM_GETIMAGE, IMAGE_ICON); };
-    RunButtonsSeen seen;
-    seen.stopImage = image(IDC_STOP);
-    seen.pauseImage = image(IDC_PAUSE);
-    seen.loadImage = image(IDC_LOAD_LOG);
-    seen.stopEnabled = main.IsEnabled(IDC_STOP);
-    seen.pauseEnabled = main.IsEnabled(IDC_PAUSE);
-    seen.loadEnabled = main.IsEnabled(IDC_LOAD_LOG);
-    return seen;
-}
-
 std::string ClassicLog(const std::vector<LogRowText>& rows) {
     std::string text =
         "Friday,20,November,2026,10:15:30\r\n"

@@ -7,22 +7,10 @@
 #include <vector>
 
 #include "tests/system/support/MainDialog.h"
+#include "tests/system/support/RunButtons.h"
 #include "tests/system/support/Session.h"
 
 namespace plotvane::test {
-
-// What the run buttons show. Images are compared with one another only: where one looks like another, the
-// numbers are equal.
-struct RunButtonsSeen {
-    bool stopEnabled = false;
-    bool pauseEnabled = false;
-    bool loadEnabled = false;
-    LRESULT stopImage = 0;
-    LRESULT pauseImage = 0;
-    LRESULT loadImage = 0;
-
-    bool operator==(const RunButtonsSeen&) const = default;
-};
 
 // The program without a host, and logs for it in the folder where it looks for them.
 class Replay : public ::testing::Test {
@@ -52,7 +40,7 @@ protected:
     // Whether any window of the program is open beside the main one.
     bool HasDialog() const { return WindowsOf(main.ProcessId()).size() > 1; }
 
-    RunButtonsSeen Buttons() const;
+    RunButtonsSeen Buttons() const { return ButtonsOf(main); }
 
     Session session;
     RemoteWindow main;

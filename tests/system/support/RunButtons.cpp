@@ -1,0 +1,21 @@
+#include "tests/system/support/RunButtons.h"
+
+#include "res/resource.h"
+
+namespace plotvane::test {
+
+// The images are asked of the program's thread, which answers between two handlers and never in the midst of
+// one: what is looked at behind them belongs together.
+RunButtonsSeen ButtonsOf(const RemoteWindow& main) {
+    const auto image = [&](int id) { return main.Control(id).Send(BM_GETIMAGE, IMAGE_ICON); };
+    RunButtonsSeen seen;
+    seen.stopImage = image(IDC_STOP);
+    seen.pauseImage = image(IDC_PAUSE);
+    seen.loadImage = image(IDC_LOAD_LOG);
+    seen.stopEnabled = main.IsEnabled(IDC_STOP);
+    seen.pauseEnabled = main.IsEnabled(IDC_PAUSE);
+    seen.loadEnabled = main.IsEnabled(IDC_LOAD_LOG);
+    return seen;
+}
+
+}  // namespace plotvane::test
