@@ -29,9 +29,11 @@ std::string ValueText(const Drive& drive, int slot, double seconds) {
 
 int RawByte(const Drive& drive, int slot, double seconds) {
     const DriveChannel& channel = drive.Channels().at(static_cast<std::size_t>(slot));
-    const double range = channel.highest - channel.lowest;
-    if (range <= 0) return 0;
-    const double share = (drive.Value(slot, seconds) - channel.lowest) / range;
+    if (channel.highest <= channel.lowest) return 0;
+    // The largest values, which a file may hold, have a distance that no double can: halves of them do.
+    const double scale = std::isfinite(channel.highest - channel.lowest) ? 1.0 : 0.5;
+    const double lowest = channel.lowest * scale;
+    const double share = (drive.Value(slot, seconds) * scale - lowest) / (channel.highest * scale - lowest);
     return static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * 255.0));
 }
 

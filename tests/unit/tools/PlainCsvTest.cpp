@@ -150,6 +150,14 @@ TEST_F(PlainCsv, RangesComeFromTheWholeDrive) {
     EXPECT_EQ(RawByte(*drive, 0, 2), 255);
 }
 
+TEST_F(PlainCsv, RangesMayBeWiderThanAnyNumber) {
+    const auto [drive, error, ignored, dropped] = Load("t,x\n0,-1e308\n1,0\n2,1e308\n");
+    ASSERT_TRUE(drive) << error;
+    EXPECT_EQ(RawByte(*drive, 0, 0), 0);
+    EXPECT_EQ(RawByte(*drive, 0, 1), 128);  // half of 255, rounded away from zero
+    EXPECT_EQ(RawByte(*drive, 0, 2), 255);
+}
+
 TEST_F(PlainCsv, TakesAByteOrderMarkAndBlanks) {
     const auto [drive, error, ignored, dropped] = Load("\xEF\xBB\xBFt, speed_kmh \n 0 , 12 \n");
     ASSERT_TRUE(drive) << error;
