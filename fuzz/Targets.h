@@ -23,6 +23,8 @@ int FuzzModuleScaling(Bytes input);  // scaling/ModuleScaling, both forms
 int FuzzPrefs(Bytes input);          // scaling/PrefsFile, both forms
 int FuzzLog(Bytes input);            // logs/LogCheck, logs/LogReader, all three forms
 int FuzzDrive(Bytes input);          // link/Acquisition: from bytes and clicks to traces and figures
+int FuzzCsvDrive(Bytes input);       // tools/PlainCsv, and the records and logs made from it
+int FuzzHostScript(Bytes input);     // tools/HostScript
 
 struct Target {
     std::string_view name;  // of its folders in seeds/ and finds/
@@ -30,7 +32,7 @@ struct Target {
 };
 
 // CMakeLists.txt lists the same names.
-constexpr std::array<Target, 11> kTargets = {{
+constexpr std::array<Target, 13> kTargets = {{
     {"numbers", FuzzNumbers},
     {"record", FuzzRecord},
     {"pipe", FuzzPipe},
@@ -42,6 +44,8 @@ constexpr std::array<Target, 11> kTargets = {{
     {"prefs", FuzzPrefs},
     {"log", FuzzLog},
     {"drive", FuzzDrive},
+    {"csv_drive", FuzzCsvDrive},
+    {"host_script", FuzzHostScript},
 }};
 
 }  // namespace plotvane::fuzz
