@@ -196,10 +196,17 @@ void CPlotvaneDlg::DecideMode() {
     if (m_data.state.hostRunning) {
         m_buttons.EnablePause(true);
         m_buttons.ShowPause(PauseImage::Pause);
+        FocusButton(IDC_PAUSE);
         m_acquisition.loop.Start();
     } else {
         for (const int id : kLogControls) ::ShowWindow(GetDlgItem(id), SW_SHOWNORMAL);
+        FocusButton(IDC_LOAD_LOG);
     }
+}
+
+// When the dialog opened its buttons were hidden or disabled, and a check box has got the focus.
+void CPlotvaneDlg::FocusButton(int id) {
+    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(id)), TRUE);
 }
 
 void CPlotvaneDlg::StepTitleHint() {

@@ -80,6 +80,7 @@ private:
     void SetIcons();
 
     void DecideMode();
+    void FocusButton(int id);
     void StepTitleHint();
     void Relayout();
     void ShowPreferences();

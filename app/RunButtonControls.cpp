@@ -46,15 +46,25 @@ void RunButtonControls::ShowLoad(bool active) {
 }
 
 void RunButtonControls::EnableStop(bool enabled) {
-    m_dialog.EnableDlgItem(IDC_STOP, enabled);
+    Enable(IDC_STOP, enabled);
 }
 
 void RunButtonControls::EnablePause(bool enabled) {
-    m_dialog.EnableDlgItem(IDC_PAUSE, enabled);
+    Enable(IDC_PAUSE, enabled);
 }
 
 void RunButtonControls::EnableLoad(bool enabled) {
-    m_dialog.EnableDlgItem(IDC_LOAD_LOG, enabled);
+    Enable(IDC_LOAD_LOG, enabled);
+}
+
+// The focus does not stay with a disabled button, where no key would do anything.
+void RunButtonControls::Enable(int button, bool enabled) {
+    const HWND window = m_dialog.GetDlgItem(button);
+    if (!enabled && ::GetFocus() == window) {
+        const HWND previous = ::GetNextDlgTabItem(m_dialog.m_hWnd, window, TRUE);
+        m_dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(previous), TRUE);
+    }
+    ::EnableWindow(window, enabled);
 }
 
 // Shared icons are the system's to free.

@@ -25,6 +25,7 @@ public:
 
 private:
     void SetImage(int button, int icon);
+    void Enable(int button, bool enabled);
 
     CWnd& m_dialog;
 };

@@ -146,8 +146,8 @@ void SlotControls::ShowSelection(int slot, int minimum, int maximum) {
         m_frame = slot;
         m_dialog.ShowDlgItem(FrameOf(slot), true);
         // The frame paints over what it encloses.
-        for (const int id :
-             {IDC_VALUE_FIRST + slot, IDC_SHOW_FIRST + slot, IDC_SWATCH_FIRST + slot, AirFuelIdOf(slot)}) {
+        for (const int id : {IDC_VALUE_FIRST + slot, IDC_SHOW_FIRST + slot, IDC_SWATCH_FIRST + slot,
+                             AirFuelIdOf(slot), IDC_SHOW_FOCUS}) {
             ::InvalidateRect(m_dialog.GetDlgItem(id), nullptr, TRUE);
         }
         m_swatches[Index(slot)].Invalidate();

@@ -86,6 +86,7 @@ TEST(StartUp, WithoutAHostTheReplayControlsAreShown) {
     EXPECT_TRUE(main.IsEnabled(IDC_LOAD_LOG));
     EXPECT_FALSE(main.IsEnabled(IDC_STOP));
     EXPECT_FALSE(main.IsEnabled(IDC_PAUSE));
+    EXPECT_TRUE(Becomes([&] { return main.FocusedId(); }, IDC_LOAD_LOG));
 }
 
 TEST(StartUp, WithAHostPauseIsOfferedAndNothingOfTheReplay) {
@@ -93,6 +94,7 @@ TEST(StartUp, WithAHostPauseIsOfferedAndNothingOfTheReplay) {
     session.StartWithHost();
     const RemoteWindow main = session.Main();
     EXPECT_TRUE(Becomes([&] { return main.IsEnabled(IDC_PAUSE); }, true));
+    EXPECT_TRUE(Becomes([&] { return main.FocusedId(); }, IDC_PAUSE));
     EXPECT_TRUE(main.IsShown(IDC_PAUSE));
     for (const int id : {IDC_LOAD_LOG, IDC_STOP, IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER,
                          IDC_REPLAY_SPEED, IDC_ELAPSED}) {

@@ -65,6 +65,18 @@ TEST_F(RunButtonControlsTest, PauseTellsWhatItOffersByItsImage) {
                                         Icon(IDI_PLAY_IDLE)}));
 }
 
+TEST_F(RunButtonControlsTest, ADisabledButtonPassesTheFocusOn) {
+    dialog.ShowDlgItem(IDC_STOP, true);
+    buttons.EnablePause(true);
+    buttons.EnableStop(true);
+    ::SetFocus(dialog.GetDlgItem(IDC_STOP));
+    ASSERT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_STOP);
+    buttons.EnableLoad(false);
+    EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_STOP);
+    buttons.EnableStop(false);
+    EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_PAUSE);
+}
+
 TEST_F(RunButtonControlsTest, EachButtonIsEnabledByItself) {
     buttons.EnableStop(true);
     EXPECT_TRUE(IsEnabled(IDC_STOP));
