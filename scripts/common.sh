@@ -100,11 +100,11 @@ wait_for() {
 }
 
 # A display of our own with a window manager: without one Wine's windows have no title bar, and Wine
-# waits two seconds each time a window goes away.
+# waits two seconds each time a window goes away. start_display [WIDTHxHEIGHT].
 start_display() {
     scratch=$(mktemp -d)
     local number=$scratch/number ready=$scratch/ready
-    setsid Xvfb -displayfd 8 -screen 0 1280x1024x24 -nolisten tcp -noreset \
+    setsid Xvfb -displayfd 8 -screen 0 "${1:-1280x1024}x24" -nolisten tcp -noreset \
         8>"$number" 9>&- >"$logs/xvfb.log" 2>&1 </dev/null &
     groups+=($!)
     wait_for 20 test -s "$number" || { cat "$logs/xvfb.log" >&2; die "the virtual display did not start"; }
@@ -115,9 +115,9 @@ start_display() {
     wait_for 20 test -e "$ready" || { cat "$logs/openbox.log" >&2; die "the window manager did not start"; }
 }
 
-# The prefix (Wine's idea of a Windows machine) lives in the build folder and is made once.
+# The prefix (Wine's idea of a Windows machine) lives in the build folder and is made once. prepare_wine [NAME].
 prepare_wine() {
-    export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    export WINEPREFIX=$build/${1:-wine} WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
     [[ -e $WINEPREFIX/.ready ]] && return
     say "making the Wine prefix $WINEPREFIX"
     rm -rf "$WINEPREFIX"
@@ -125,6 +125,9 @@ prepare_wine() {
         cat "$logs/wineboot.log" >&2
         die "Wine could not make its prefix"
     }
+    # The signs on title bars. Debian's Wine does not look where its package has put them.
+    local signs=/usr/share/wine/fonts/marlett.ttf
+    [[ ! -e $signs ]] || cp "$signs" "$WINEPREFIX/drive_c/windows/Fonts"
     timeout 60 wineserver -w || true  # the registry is written when the server ends
     touch "$WINEPREFIX/.ready"
 }
