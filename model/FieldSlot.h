@@ -13,9 +13,15 @@ constexpr int kSlotCount = kSlotRows * kSlotColumns;
 // The ten small fields of generic OBD values, which take the place of row A.
 constexpr int kObdFieldCount = 10;
 
-constexpr int SlotOf(int row, int column) { return row * kSlotColumns + column; }
-constexpr int RowOf(int slot) { return slot / kSlotColumns; }
-constexpr int ColumnOf(int slot) { return slot % kSlotColumns; }
+constexpr int SlotOf(int row, int column) {
+    return row * kSlotColumns + column;
+}
+constexpr int RowOf(int slot) {
+    return slot / kSlotColumns;
+}
+constexpr int ColumnOf(int slot) {
+    return slot % kSlotColumns;
+}
 
 // One of the twelve field slots: which value it shows, and the last one received.
 struct FieldSlot {

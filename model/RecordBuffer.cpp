@@ -5,9 +5,13 @@
 
 namespace plotvane {
 
-void RecordBuffer::Clear() { m_bytes.fill('\0'); }
+void RecordBuffer::Clear() {
+    m_bytes.fill('\0');
+}
 
-std::string_view RecordBuffer::Text() const { return {m_bytes.data(), std::strlen(m_bytes.data())}; }
+std::string_view RecordBuffer::Text() const {
+    return {m_bytes.data(), std::strlen(m_bytes.data())};
+}
 
 bool RecordBuffer::Append(std::string_view text) {
     const std::size_t length = Text().size();

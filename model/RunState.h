@@ -7,12 +7,12 @@ namespace plotvane {
 // What the message handlers and the acquisition loop share. There is one for the program's whole life;
 // all of it is touched on the user-interface thread only.
 struct RunState {
-    bool hostRunning = false;       // the host's mutex existed at the start-up decision
-    bool stopped = true;            // no acquisition runs; the loop starts only from here
-    bool playing = true;            // toggled by Pause; false means paused
-    bool halted = false;            // from Load until its loop starts, and during a hold: no figures, no ranges
-    bool logMode = false;           // records come from a log file, not from the host
-    bool endOfLog = false;          // set by the log reader when the file is exhausted
+    bool hostRunning = false;  // the host's mutex existed at the start-up decision
+    bool stopped = true;       // no acquisition runs; the loop starts only from here
+    bool playing = true;       // toggled by Pause; false means paused
+    bool halted = false;       // from Load until its loop starts, and during a hold: no figures, no ranges
+    bool logMode = false;      // records come from a log file, not from the host
+    bool endOfLog = false;     // set by the log reader when the file is exhausted
     bool restartAfterStop = false;  // live mode was stopped: the next Pause press restarts it
     bool reopenLog = false;         // a replay was stopped: the next Pause press replays the same file
     bool redrawRequest = false;     // the loop redraws the whole chart after the next sample
@@ -22,7 +22,7 @@ struct RunState {
 
     bool obdNow = false;       // the record holds generic OBD values ("GZER"): the ten-channel layout
     bool obdPrevious = false;  // the same of the record before, to notice a change
-    bool obdFile = false;      // generic OBD identifiers: "OBD.SCL" or an OBD log; scaling has one pair a line
+    bool obdFile = false;  // generic OBD identifiers: "OBD.SCL" or an OBD log; scaling has one pair a line
 
     // Counts the starts of the loop. A start that a handler makes while an older loop is still on the
     // stack makes that loop return: only the newest may run.
