@@ -64,7 +64,7 @@ keep() {
 }
 
 finds=0
-table=$(printf '%-16s %12s %8s %8s %8s %6s' target executions a-second edges inputs finds)
+printf '\n%-16s %12s %8s %8s %8s %6s\n' target executions a-second edges inputs finds
 for target in "${targets[@]}"; do
     [[ -x $build/fuzz/fuzz_$target ]] || die "there is no target $target"
     mkdir -p "$corpus/$target"
@@ -74,7 +74,6 @@ for target in "${targets[@]}"; do
     artifacts=$scratch/artifacts-$target
     mkdir "$artifacts"
 
-    say "$target"
     status=0
     fuzz "$target" -max_total_time="$seconds" -max_len=8192 -print_final_stats=1 -artifact_prefix="$artifacts/" \
         "$corpus/$target" "${kept[@]}" >"$log" 2>&1 || status=$?
@@ -90,10 +89,11 @@ for target in "${targets[@]}"; do
     done
     finds=$((finds + found))
     executions=$(number 'stat::number_of_executed_units' "$log")
-    table+=$(printf '\n%-16s %12d %8d %8d %8d %6d' "$target" "$executions" "$((executions / seconds))" \
-        "$(number cov "$log")" "$(find "$corpus/$target" -type f | wc -l)" "$found")
+    # Row by row, so that a run that is interrupted has said what it knows.
+    printf '%-16s %12d %8d %8d %8d %6d\n' "$target" "$executions" "$((executions / seconds))" \
+        "$(number cov "$log")" "$(find "$corpus/$target" -type f | wc -l)" "$found"
 done
 
-printf '\n%s\n\n' "$table"
+printf '\n'
 ((finds == 0)) || die "$finds finds"
 say "no finds"
