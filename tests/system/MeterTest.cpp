@@ -142,6 +142,9 @@ TEST_F(Meters, ANewLimitReachesTheMeterWithTheNextRecord) {
     ASSERT_EQ(OpenMeters(main).size(), 1u);
     const RemoteWindow meter = OpenMeters(main).front();
     session.Host().SendRecord(SpeedRecord(1200));
+    // With other slots in use the first one is selected anew, and with it comes the old limit: the record has
+    // to be through before anything is typed.
+    ASSERT_TRUE(session.Shows(0, L"1200 /min"));
     EXPECT_TRUE(Becomes([&] { return SideOfNeedle(meter, kFirstTraceColour); }, -1));
     main.Type(IDC_SCALE_MAX, L"1300");
     main.Focus(IDC_SCALE_MIN);

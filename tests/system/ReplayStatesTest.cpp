@@ -122,7 +122,8 @@ TEST_F(ReplayStates, StopWorksInAHoldToo) {
     Press(IDC_PAUSE);
     Press(IDC_STOP);
     ExpectStartingOverIsOffered();
-    EXPECT_EQ(chart.Rows(chart.PlotRight() - 5, kFirstTraceColour), std::vector<int>{row})
+    EXPECT_TRUE(
+        Becomes([&] { return chart.Rows(chart.PlotRight() - 5, kFirstTraceColour); }, std::vector<int>{row}))
         << "and leaves no gap";
 }
 
