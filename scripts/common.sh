@@ -21,7 +21,7 @@ die() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
-test_packages=(libgtest-dev libgmock-dev)
+test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev)
 fuzz_packages=(clang libclang-rt-dev)
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
 

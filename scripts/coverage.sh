@@ -8,7 +8,7 @@ source scripts/common.sh
 least=95
 coverage=$build/coverage
 
-need_packages g++ cmake ninja-build gcovr libgtest-dev libgmock-dev
+need_packages g++ cmake ninja-build gcovr "${test_packages[@]}"
 exec 8>"$build/.coverage-lock"
 flock -n 8 || die "another coverage.sh is running in $root"
 

@@ -1,0 +1,133 @@
+// The names that the pages for developers put into backticks are those of the sources.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+
+#include "tests/docs/Page.h"
+#include "tests/support/TempFolder.h"
+
+namespace plotvane::test {
+namespace {
+
+bool IsWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+// Every word of every source, script and build file, without the pages themselves.
+std::set<std::string> WordsOfTheSources() {
+    std::set<std::string> words;
+    const std::set<std::string> extensions{".cpp", ".h", ".rc", ".sh", ".cmake", ".json", ".nsi"};
+    for (const std::string& name : AllFiles()) {
+        const std::filesystem::path path(name);
+        if (!extensions.contains(path.extension().string()) && path.filename() != "CMakeLists.txt") continue;
+        if (name.starts_with("tests/docs/")) continue;  // names of these tests prove nothing
+        const std::string text = BytesOf(Root() / path);
+        std::string word;
+        for (const char c : text + " ") {
+            if (IsWordCharacter(c)) {
+                word += c;
+            } else if (!word.empty()) {
+                words.insert(word);
+                word.clear();
+            }
+        }
+    }
+    return words;
+}
+
+// A class, function or variable: letters of both cases without a blank, as in RecordBuffer or OnSize.
+bool IsIdentifier(const std::string& span) {
+    return std::all_of(span.begin(), span.end(), IsWordCharacter) &&
+           std::any_of(span.begin(), span.end(),
+                       [](char c) { return std::islower(static_cast<unsigned char>(c)) != 0; }) &&
+           std::any_of(span.begin() + 1, span.end(),
+                       [](char c) { return std::isupper(static_cast<unsigned char>(c)) != 0; });
+}
+
+// A file or folder of the repository, told by a first part that stands in its root.
+bool IsPath(const std::string& span) {
+    const std::string first = span.substr(0, span.find('/'));
+    return span.find('/') != std::string::npos && span.find_first_of(" <*\\:") == std::string::npos &&
+           first != "build" && !first.empty() && std::filesystem::exists(Root() / first);
+}
+
+class NamesTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(NamesTest, AreThoseOfTheSources) {
+    static const std::set<std::string> words = WordsOfTheSources();
+    const Page page(GetParam());
+    int names = 0;
+    for (const std::string& span : page.CodeSpans()) {
+        if (IsPath(span)) {
+            ++names;
+            EXPECT_TRUE(std::filesystem::exists(Root() / span)) << GetParam() << ": no file " << span;
+            continue;
+        }
+        for (std::string name = span; !name.empty();) {
+            const std::size_t colons = name.find("::");
+            const std::string part = name.substr(0, colons);
+            name = colons == std::string::npos ? "" : name.substr(colons + 2);
+            if (part.empty() || !IsIdentifier(part)) continue;
+            ++names;
+            EXPECT_TRUE(words.contains(part)) << GetParam() << ": no source knows " << part;
+        }
+    }
+    EXPECT_GT(names, 4) << GetParam();
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, NamesTest,
+                         testing::Values("README.md", "CONTRIBUTING.md", "docs/architecture.md",
+                                         "docs/release-checklist.md"),
+                         [](const auto& page) {
+                             std::string name = page.param;
+                             std::replace_if(
+                                 name.begin(), name.end(), [](char c) { return !IsWordCharacter(c); }, '_');
+                             return name;
+                         });
+
+TEST(RoomsTest, AreTheFoldersOfTheReadme) {
+    std::set<std::string> told;
+    for (const Row& row : Page("README.md").TableOf({"room", "what it holds"})) told.insert(row.front());
+    for (const char* room : {"model", "files", "link", "scaling", "logs", "plot", "meter", "app", "framework",
+                             "res", "tools", "fuzz", "tests"}) {
+        EXPECT_TRUE(told.contains(std::string(room) + "/")) << room;
+    }
+    for (const std::string& room : told) {
+        if (room == "room") continue;  // the heading
+        EXPECT_TRUE(std::filesystem::is_directory(Root() / room)) << room;
+    }
+}
+
+TEST(IconsTest, AreTheOnesOfTheirTable) {
+    const std::string ids = SourceText("res/resource.h");
+    const Table table = Page("res/icons/README.md").TableOf({"Id", "Name", "File", "Shown"});
+    EXPECT_EQ(table.size(), 13U);
+    for (std::size_t i = 1; i < table.size(); ++i) {
+        const std::regex definition("#define " + table[i][1] + " +" + table[i][0] + "\\b");
+        EXPECT_TRUE(std::regex_search(ids, definition)) << table[i][1];
+        for (const char* extension : {".svg", ".ico"}) {
+            EXPECT_TRUE(std::filesystem::exists(Root() / "res/icons" / (table[i][2] + extension)))
+                << table[i][2];
+        }
+    }
+}
+
+TEST(FuzzTargetsTest, AreTheOnesOfTheirTable) {
+    std::set<std::string> told;
+    for (const Row& row : Page("fuzz/README.md").TableOf({"target", "what it runs"}))
+        told.insert(row.front());
+    told.erase("target");
+    std::set<std::string> seeded;
+    for (const auto& entry : std::filesystem::directory_iterator(Root() / "fuzz/seeds")) {
+        seeded.insert(entry.path().filename().string());
+    }
+    EXPECT_EQ(told, seeded);
+}
+
+}  // namespace
+}  // namespace plotvane::test
