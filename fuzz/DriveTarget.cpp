@@ -27,6 +27,7 @@ constexpr const char* kLogName = "drive.csv";
 constexpr int kPatience = 4000;    // rounds of the pump, after which the user ends the program
 constexpr int kRoundsToEnd = 200;  // within which everything must have returned then
 constexpr double kTickMs = 10.0;   // of a coarse clock: no sleep is shorter
+constexpr int kLongestSleepMs = 1000;
 
 // A clock that only waiting moves, with the user's clicks, up to the moment at which the user has had enough.
 class DrivePump : public MessagePump {
@@ -35,20 +36,20 @@ public:
 
     double NowMs() override { return m_nowMs; }
 
-    void DispatchAndSleep(int ms) override {
-        Require(ms >= 0 && ms <= 10, "messages are dispatched every ten milliseconds");
+    void SleepAndDispatch(int ms) override {
+        Require(ms >= 0 && ms <= kLongestSleepMs, "no sleep is longer than a second");
         ++m_rounds;
         Require(m_rounds <= kPatience + kRoundsToEnd, "a closed program ends");
         if (m_rounds >= kPatience) {
             m_clicks.clear();
             m_endProgram();
         }
+        if (ms > 0) m_nowMs += SleepFor(ms);
         while (!m_clicks.empty() && m_clicks.front().first <= m_nowMs) {
             const auto click = std::move(m_clicks.front().second);
             m_clicks.pop_front();
             click();
         }
-        if (ms > 0) m_nowMs += kTickMs;
     }
 
     void At(double ms, std::function<void()> click) { m_clicks.emplace_back(ms, std::move(click)); }
@@ -56,6 +57,12 @@ public:
     bool HasClicks() const { return !m_clicks.empty(); }
 
 private:
+    // A click ends the sleep, as a message does.
+    double SleepFor(int ms) const {
+        const double untilClick = m_clicks.empty() ? ms : m_clicks.front().first - m_nowMs;
+        return std::max(kTickMs, std::min<double>(ms, untilClick));
+    }
+
     std::function<void()> m_endProgram;
     std::deque<std::pair<double, std::function<void()>>> m_clicks;
     double m_nowMs = 1000.0;
@@ -136,7 +143,7 @@ public:
     void Run() {
         constexpr int kIdleMs = 10;
         if (m_data.state.hostRunning) m_acquisition.loop.Start();
-        while (m_pump.HasClicks()) m_pump.DispatchAndSleep(kIdleMs);
+        while (m_pump.HasClicks()) m_pump.SleepAndDispatch(kIdleMs);
         m_dialog.Close();
         RequireSane();
         RequireSettingsSurvive();

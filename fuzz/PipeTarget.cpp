@@ -55,8 +55,8 @@ public:
     StoppingPump(CutPipe& pipe, RunState& state) : m_pipe(pipe), m_state(state) {}
 
     double NowMs() override { return m_nowMs; }
-    void DispatchAndSleep(int ms) override {
-        Require(ms >= 0 && ms <= 5, "messages are dispatched every five milliseconds");
+    void SleepAndDispatch(int ms) override {
+        Require(ms >= 0 && ms <= 50, "no sleep is longer than a round");
         ++dispatches;
         m_nowMs += ms;
         if (m_pipe.TakeStop()) m_state.stopped = true;

@@ -7,7 +7,7 @@ namespace plotvane {
 namespace {
 
 constexpr double kRoundMs = 50.0;
-constexpr double kPumpMs = 5.0;
+constexpr int kHalfBlockMs = 5;  // until the pipe is asked for the rest of a block again
 
 constexpr char kNothingNew = '\xFF';
 constexpr char kHostStops = '\xFE';
@@ -39,7 +39,7 @@ Block BlockReader::Read(RecordBuffer& record, const LoopRun& run) {
         const std::size_t before = Kept();
         if (!Fill()) return Block::HostStopped;
         if (Kept() > before) continue;
-        m_pump.DispatchAndSleep(static_cast<int>(kPumpMs));
+        m_pump.SleepAndDispatch(kHalfBlockMs);
         if (run.Ended()) return Block::Ended;
     }
     std::copy_n(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_begin), RecordBuffer::kBlockSize,
@@ -55,7 +55,7 @@ void BlockReader::WaitOutTheRound(const LoopRun& run) {
     const double roundEndsMs = m_roundBeganMs + kRoundMs;
     double leftMs = roundEndsMs - m_pump.NowMs();
     do {
-        m_pump.DispatchAndSleep(static_cast<int>(std::clamp(std::ceil(leftMs), 0.0, kPumpMs)));
+        m_pump.SleepAndDispatch(static_cast<int>(std::clamp(std::ceil(leftMs), 0.0, kRoundMs)));
         leftMs = roundEndsMs - m_pump.NowMs();
     } while (leftMs > 0.0 && !run.Ended());
     m_roundBeganMs = -leftMs > kRoundMs ? m_pump.NowMs() : roundEndsMs;

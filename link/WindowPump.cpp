@@ -29,17 +29,18 @@ double WindowPump::NowMs() {
     return static_cast<double>(count.QuadPart) * m_msPerCount;
 }
 
-void WindowPump::DispatchAndSleep(int ms) {
-    DispatchWaiting();
+void WindowPump::SleepAndDispatch(int ms) {
     if (ms > 0) {
+        // By itself the wait would sleep on over a message that somebody has seen and left in the queue.
         ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
+    DispatchWaiting();
 }
 
 void WindowPump::DispatchWaiting() {
     MSG message;
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
-        if (::GetMessageW(&message, nullptr, 0, 0) <= 0) {
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
             m_state.stopped = true;
             ::PostQuitMessage(static_cast<int>(message.wParam));
             return;

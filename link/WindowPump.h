@@ -21,7 +21,7 @@ public:
     void SetDialog(HWND dialog) { m_dialog = dialog; }
 
     double NowMs() override;
-    void DispatchAndSleep(int ms) override;
+    void SleepAndDispatch(int ms) override;
 
 private:
     void DispatchWaiting();

@@ -9,9 +9,10 @@ struct MessagePump {
     // Milliseconds from a fixed moment, with a resolution of at least one millisecond; never goes back.
     virtual double NowMs() = 0;
 
-    // Dispatches every message that is waiting, then sleeps for up to `ms`; a new message may end the sleep
-    // early. Any handler may run inside: afterwards every flag of the run state has to be looked at anew.
-    virtual void DispatchAndSleep(int ms) = 0;
+    // Sleeps for up to `ms`, not at all while a message is waiting and no longer than until one comes, then
+    // dispatches every message. Any handler may run inside: afterwards every flag of the run state has to be
+    // looked at anew. In this order, what a handler asks for never waits for the end of a sleep.
+    virtual void SleepAndDispatch(int ms) = 0;
 };
 
 }  // namespace plotvane

@@ -1,6 +1,7 @@
 #include "plot/ReplayPacing.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "model/Numbers.h"
 
@@ -12,8 +13,7 @@ constexpr double kLongestJumpWait = 1.0;  // seconds that are waited in its plac
 constexpr double kFirstStep = 0.25;       // seconds assumed where a row has no stamp
 constexpr double kStepCostMs = 5.0;       // of the work that a row takes besides the wait
 constexpr double kLatestMs = 50.0;        // further behind its time the replay does not try to catch up
-constexpr int kReplayPumpMs = 1;
-constexpr int kHoldPumpMs = 10;
+constexpr int kLongestSleepMs = 1000;     // a click ends any sleep
 
 }  // namespace
 
@@ -48,25 +48,26 @@ bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
 // comes. The speed may be changed during the wait. Messages are dispatched at least once in every step. False
 // if the run ended meanwhile.
 bool ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
-    const bool first = m_stepMs == kNever;
-    double dueMs = 0.0;
     do {
-        m_pump.DispatchAndSleep(0);
-        const double waitMs = std::max(0.0, m_plot.state.replayPeriodMs * seconds - kStepCostMs);
-        dueMs = first ? m_pump.NowMs() : m_stepMs + waitMs;
-        if (m_pump.NowMs() < dueMs) m_pump.DispatchAndSleep(kReplayPumpMs);
-    } while (m_pump.NowMs() < dueMs && !run.Ended());
-    // A newer replay may have begun, and what is remembered here is that one's.
-    if (run.Ended()) return false;
+        const double leftMs = std::ceil(DueMs(seconds) - m_pump.NowMs());
+        m_pump.SleepAndDispatch(static_cast<int>(std::clamp<double>(leftMs, 0.0, kLongestSleepMs)));
+        // A newer replay may have begun, and what is remembered here is that one's.
+        if (run.Ended()) return false;
+    } while (m_pump.NowMs() < DueMs(seconds));
+    const double dueMs = DueMs(seconds);
     m_stepMs = m_pump.NowMs() - dueMs > kLatestMs ? m_pump.NowMs() : dueMs;
     return true;
+}
+
+double ReplayPacing::DueMs(double seconds) const {
+    return m_stepMs + std::max(0.0, m_plot.state.replayPeriodMs * seconds - kStepCostMs);
 }
 
 void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
     RunState& state = m_plot.state;
     if (!run.Ended()) state.gapPending = true;
     state.halted = true;
-    while (!state.playing && !run.Ended()) m_pump.DispatchAndSleep(kHoldPumpMs);
+    while (!state.playing && !run.Ended()) m_pump.SleepAndDispatch(kLongestSleepMs);
     state.halted = false;
     if (!run.Ended() && state.gapPending) m_plot.chart.AppendGap(m_plot.values);
     state.gapPending = false;

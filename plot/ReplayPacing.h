@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <string>
 
 #include "model/LoopRun.h"
@@ -33,8 +34,9 @@ public:
 
 private:
     bool WaitForStep(double seconds, const LoopRun& run);
+    double DueMs(double seconds) const;
 
-    static constexpr double kNever = -1.0;
+    static constexpr double kNever = -std::numeric_limits<double>::infinity();  // so the first step is due
 
     TracePlot& m_plot;
     MessagePump& m_pump;

@@ -85,7 +85,22 @@ TEST_F(ReplayPacingTest, ANewSpeedTakesEffectDuringTheWait) {
 TEST_F(ReplayPacingTest, StopEndsTheWait) {
     Step(0.0);
     pump.At(pump.NowMs() + 100.0, [this] { state.stopped = true; });
-    EXPECT_LE(Step(4.9), 110.0);
+    EXPECT_EQ(Step(4.9), 100.0);
+}
+
+TEST_F(ReplayPacingTest, SleepsUntilAStepIsDue) {
+    Step(0.0);
+    const int before = pump.dispatches;
+    EXPECT_EQ(Step(0.5), 495.0);
+    EXPECT_EQ(pump.dispatches - before, 1);
+}
+
+TEST_F(ReplayPacingTest, AStepThatIsDueAlreadyStillDispatches) {
+    Step(0.0);
+    const int before = pump.dispatches;
+    EXPECT_EQ(Step(0.0), 245.0);
+    EXPECT_EQ(Step(-5.0), 0.0);
+    EXPECT_EQ(pump.dispatches - before, 2);
 }
 
 TEST_F(ReplayPacingTest, AStepThatIsCutShortShowsNothing) {
@@ -151,7 +166,9 @@ TEST_F(ReplayPacingTest, AResumedHoldLeavesAGap) {
         state.playing = true;
     });
     plot.values[3] = 4.0;
+    const double resumedMs = pump.NowMs() + 300.0;
     Hold();
+    EXPECT_EQ(pump.NowMs(), resumedMs);
     EXPECT_FALSE(state.halted);
     ASSERT_EQ(chart.gaps.size(), 1u);
     EXPECT_EQ(chart.gaps[0][3], 4.0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <utility>
@@ -9,19 +10,20 @@
 namespace plotvane::test {
 
 // A clock that only waiting moves, and handlers that run from the pump when their time has come, as the
-// user's clicks do.
+// user's clicks do. Like a message, a handler whose time comes ends the sleep.
 class FakePump : public MessagePump {
 public:
     double NowMs() override { return m_nowMs; }
 
-    void DispatchAndSleep(int ms) override {
+    void SleepAndDispatch(int ms) override {
         ++dispatches;
+        const double awakeMs = m_nowMs + ms;
+        m_nowMs = m_posted.empty() ? awakeMs : std::clamp(m_posted.front().first, m_nowMs, awakeMs);
         while (!m_posted.empty() && m_posted.front().first <= m_nowMs) {
             const auto handler = std::move(m_posted.front().second);
             m_posted.pop_front();
             handler();
         }
-        m_nowMs += ms;
     }
 
     // In the order of their times.

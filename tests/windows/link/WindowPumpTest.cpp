@@ -1,0 +1,123 @@
+#include "link/WindowPump.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <thread>
+
+#include "tests/windows/framework/TestWnd.h"
+
+namespace plotvane {
+namespace {
+
+constexpr int kLongMs = 60'000;  // nobody waits for its end here
+constexpr UINT kMessage = WM_APP + 1;
+
+class Listener : public CWnd {
+public:
+    std::function<void()> onMessage = [] {};
+    int heard = 0;
+
+private:
+    LRESULT OnMessage(WPARAM, LPARAM) {
+        ++heard;
+        onMessage();
+        return 0;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Listener, CWnd)
+    ON_MESSAGE(kMessage, OnMessage)
+END_MESSAGE_MAP()
+
+class WindowPumpTest : public testing::Test {
+protected:
+    WindowPumpTest() {
+        state.stopped = false;
+        EXPECT_TRUE(test::CreateHidden(window));
+        test::DispatchAll();
+    }
+
+    // Milliseconds that the pump took, at most one more than it slept where nothing was to be done.
+    double Pump(int ms) {
+        const double began = pump.NowMs();
+        pump.SleepAndDispatch(ms);
+        return pump.NowMs() - began;
+    }
+
+    RunState state;
+    WindowPump pump{state};
+    Listener window;
+};
+
+TEST_F(WindowPumpTest, WithoutAMessageSleepsTheWholeTime) {
+    EXPECT_GE(Pump(30), 29.0);  // the two clocks may be a tick apart
+}
+
+TEST_F(WindowPumpTest, AMessageThatIsWaitingIsDispatchedAtOnce) {
+    window.PostMessage(kMessage);
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_EQ(window.heard, 1);
+}
+
+TEST_F(WindowPumpTest, AMessageThatWasSeenAndLeftInTheQueueIsDispatchedAtOnce) {
+    window.PostMessage(kMessage);
+    MSG seen;
+    ASSERT_TRUE(::PeekMessageW(&seen, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_EQ(window.heard, 1);
+}
+
+TEST_F(WindowPumpTest, AMessageThatComesEndsTheSleep) {
+    std::thread other([this] {
+        ::Sleep(20);
+        window.PostMessage(kMessage);
+    });
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_EQ(window.heard, 1);
+    other.join();
+}
+
+TEST_F(WindowPumpTest, AMessageThatIsSentFromOutsideEndsTheSleepToo) {
+    std::thread other([this] {
+        ::Sleep(20);
+        window.SendMessage(kMessage);
+    });
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_EQ(window.heard, 1);
+    other.join();
+}
+
+TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
+    window.onMessage = [this] {
+        if (window.heard < 3) window.PostMessage(kMessage);
+    };
+    window.PostMessage(kMessage);
+    pump.SleepAndDispatch(0);
+    EXPECT_EQ(window.heard, 3);
+}
+
+TEST_F(WindowPumpTest, ARequestToQuitStopsTheRunAndGoesOnToThePumpOutside) {
+    ::PostQuitMessage(7);
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_TRUE(state.stopped);
+
+    MSG message;
+    ASSERT_TRUE(::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST_F(WindowPumpTest, MessagesInFrontOfARequestToQuitAreStillDispatched) {
+    window.PostMessage(kMessage);
+    ::PostQuitMessage(0);
+    pump.SleepAndDispatch(0);
+    EXPECT_EQ(window.heard, 1);
+    EXPECT_TRUE(state.stopped);
+    MSG message;
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+}
+
+}  // namespace
+}  // namespace plotvane
