@@ -1,22 +1,26 @@
 #!/usr/bin/env bash
-# check.sh: uses what package.sh has made as its user would, on a fresh "machine" (a Wine prefix of its own).
-# The zip is unpacked into a folder with blanks and umlauts and plays its sample log. The installer runs
-# silently; its Start-menu entry starts the program in the right folder; the uninstaller leaves the user's
-# files alone.
+# check.sh [CHECK...]: makes the package and uses it as its user would, on a fresh "machine" (a Wine prefix of its
+# own). The checks are the functions below that are called check_CHECK; without a name all of them are made:
+#
+#   made        package.sh makes the same bytes twice
+#   zip         unpacked into a folder with blanks and umlauts, it plays its sample log
+#   installer   it installs without a question; its Start-menu entry starts the program in the right folder; the
+#               uninstaller leaves the user's files alone
+#   upgrade     installed over an older version, it replaces the program and keeps the user's files
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-need_packages "${build_packages[@]}" "${run_packages[@]}" unzip
+all_checks=(made zip installer upgrade)
+checks=("$@")
+((${#checks[@]})) || checks=("${all_checks[@]}")
+for check in "${checks[@]}"; do
+    [[ " ${all_checks[*]} " == *" $check "* ]] || die "there is no check $check; there are: ${all_checks[*]}"
+done
+
+need_packages "${build_packages[@]}" "${run_packages[@]}" "${package_packages[@]}"
 take_turn
 package=$build/package
-(cd "$package" && sha256sum --quiet -c SHA256SUMS) || die "the sums do not fit; run scripts/package.sh"
-build_preset windows plotvane-remote
-start_display
-export WINEPREFIX=$build/package-wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
-rm -rf "$WINEPREFIX"
-say "making a fresh Wine prefix"
-watched timeout 120 wineboot -i >"$logs/wineboot-package.log" 2>&1 || die "Wine could not make its prefix"
 
 remote() { wine "$build/windows/plotvane-remote.exe" "$@"; }
 windows_path() { winepath -w "$1"; }
@@ -42,40 +46,58 @@ play_and_close() {
     expect "$folder/Scaling/Prefs.cfg"
 }
 
-unpack_and_play() {
-    local place=$WINEPREFIX/drive_c/"Prüfstand für Öl und Maß"
+# With the resources and the program anew, in which a time stamp could be.
+make_package() {
+    rm -f "$build"/windows/plotvane.exe "$build"/windows/CMakeFiles/plotvane_resources.dir/res/plotvane.rc.res
+    scripts/package.sh
+}
+
+check_made() {
+    make_package
+    local first
+    first=$(<"$package/SHA256SUMS")
+    make_package >"$logs/package-again.log" || { cat "$logs/package-again.log" >&2; die "package.sh failed"; }
+    [[ $(<"$package/SHA256SUMS") == "$first" ]] || die "package.sh makes other bytes when it runs again"
+}
+
+check_zip() {
+    local place=$WINEPREFIX/drive_c/"Prüfstand für Öl und Maß" folder
     mkdir -p "$place"
     unzip -q "$package"/plotvane-*-win64.zip -d "$place"
-    local folder
     folder=$(echo "$place"/plotvane-*)
+    expect "$folder/READ ME FIRST.txt"
+    expect "$folder/manual.html"
     say "playing in $folder"
     (cd "$folder" && exec setsid wine plotvane.exe </dev/null 9>&-) &
     groups+=($!)
     play_and_close "$folder"
 }
 
-install_and_remove() {
-    local entry folder
-    say "installing"
-    watched wine "$package"/plotvane-*-setup.exe /S
+# install SETUP: without a question. Then $folder is where it went and $entry its Start-menu entry.
+install() {
+    watched wine "$1" /S
     folder=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Local/Programs/Plotvane)
     expect "$folder/plotvane.exe"
-    expect "$folder/manual.html"
-    cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
     entry=$(find "$WINEPREFIX/drive_c/users" -name Plotvane.lnk)
     expect "$entry"
+}
 
-    say "starting by the Start-menu entry"
+start_by_entry() {
     (cd "$WINEPREFIX/drive_c/windows" && exec setsid wine start /unix "$entry" </dev/null 9>&-) &
     groups+=($!)
+}
+
+check_installer() {
+    say "installing"
+    install "$package"/plotvane-*-setup.exe
+    expect "$folder/manual.html"
+    cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
+
+    say "starting by the Start-menu entry"
+    start_by_entry
     play_and_close "$folder"
     expect_gone "$WINEPREFIX/drive_c/windows/Scaling"
-
-    say "installing over the user's settings"
-    echo "user" >"$folder/Scaling/Defaults.cfg"
     echo "user" >"$folder/LOGS/mine.csv"
-    watched wine "$package"/plotvane-*-setup.exe /S
-    grep -qx "user" "$folder/Scaling/Defaults.cfg" || die "the installer overwrote the user's settings"
 
     say "uninstalling"
     watched wine "$folder/uninstall.exe" /S
@@ -83,12 +105,59 @@ install_and_remove() {
     wait_for 30 test ! -e "$folder/plotvane.exe" || die "the program is still there"
     wait_for 30 test ! -e "$entry" || die "the Start-menu entry is still there"
     expect_gone "$folder/manual.html"
-    expect_gone "$folder/pictures"
+    expect_gone "$folder/CHANGES.txt"
     expect "$folder/Scaling/Prefs.cfg"
-    expect "$folder/Scaling/Defaults.cfg"
     expect "$folder/LOGS/mine.csv"
+    expect "$folder/labels"
 }
 
-unpack_and_play
-install_and_remove
-say "the package is well"
+check_upgrade() {
+    local older=$build/package-older
+    say "installing an older version"
+    rm -rf "$older"
+    cp -r "$package"/plotvane-*/ "$older"
+    echo "older" | tee "$older/plotvane.exe" >"$older/manual.html"
+    makensis -V2 -DVERSION=1.0 "-DSOURCE=$older" "-DICON=$root/res/icons/plotvane.ico" \
+        "-DOUTPUT=$older/older.exe" packaging/installer.nsi
+    install "$older/older.exe"
+    grep -qx "older" "$folder/plotvane.exe" || die "the older version is not there"
+
+    # What a user has done since, also to files that came with the package.
+    local theirs=(Scaling/Defaults.cfg Scaling/038-906-019-FT.SCL LOGS/drive.csv LOGS/mine.csv labels/038-906-019.LBL)
+    sed -i 's/0,6000/0,5000/' "$folder/Scaling/Defaults.cfg" "$folder/Scaling/038-906-019-FT.SCL"
+    printf 'Width=320\r\nHeight=240\r\nMaxMileage=77\r\n' >"$folder/Scaling/Prefs.cfg"
+    echo "; mine" >>"$folder/labels/038-906-019.LBL"
+    cp "$folder/LOGS/drive.csv" "$folder/LOGS/mine.csv"
+    (cd "$folder" && sha256sum "${theirs[@]}" >"$older/theirs")
+
+    say "installing the present version over it"
+    install "$package"/plotvane-*-setup.exe
+    cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
+    (cd "$folder" && sha256sum --quiet -c "$older/theirs") || die "the installer has changed the user's files"
+    grep -q "MaxMileage=77" "$folder/Scaling/Prefs.cfg" || die "the installer has changed the preferences"
+    start_by_entry
+    play_and_close "$folder"
+    grep -q "MaxMileage=77" "$folder/Scaling/Prefs.cfg" || die "the program does not take the older preferences"
+    grep -q "^Width=320" "$folder/Scaling/Prefs.cfg" || die "the window has not kept its size"
+}
+
+machine=""
+fresh_machine() {
+    [[ -n $machine ]] || start_display
+    [[ -z $machine ]] || { wineserver -k && wineserver -w; } || true
+    machine=$1
+    export WINEPREFIX=$build/package-wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    rm -rf "$WINEPREFIX"
+    say "making a fresh Wine prefix for $machine"
+    watched timeout 120 wineboot -i >"$logs/wineboot-package.log" 2>&1 || die "Wine could not make its prefix"
+}
+
+build_preset windows plotvane-remote
+for check in "${checks[@]}"; do
+    if [[ $check != made ]]; then
+        (cd "$package" && sha256sum --quiet -c SHA256SUMS) || die "the sums do not fit; run scripts/package.sh"
+        fresh_machine "$check"
+    fi
+    "check_$check"
+done
+say "the package is well: ${checks[*]}"

@@ -38,8 +38,6 @@ Section
   File "${SOURCE}/plotvane.exe"
   File "${SOURCE}/manual.html"
   File "${SOURCE}/CHANGES.txt"
-  SetOutPath "$INSTDIR\pictures"
-  File "${SOURCE}/pictures/*.png"
 
   ; What the user has changed stays as it is.
   SetOverwrite off
@@ -70,9 +68,6 @@ Section "Uninstall"
   Delete "$INSTDIR\plotvane.exe"
   Delete "$INSTDIR\manual.html"
   Delete "$INSTDIR\CHANGES.txt"
-  Delete "$INSTDIR\pictures\live.png"
-  Delete "$INSTDIR\pictures\replay.png"
-  RMDir "$INSTDIR\pictures"
   Delete "$INSTDIR\uninstall.exe"
   Delete "$SMPROGRAMS\Plotvane.lnk"
   DeleteRegKey HKCU "${KEY}"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # make-manual.sh: the pages of docs/manual and the file formats as one HTML page, on standard output. The
-# pictures are referred to as pictures/NAME. Fails when a link leads to no page of it.
+# pictures are in it, so that it can be moved and mailed. Fails when a link leads to no page of it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -34,5 +34,6 @@ while read -r picture; do
         echo "error: the manual shows $picture, which does not exist" >&2
         exit 1
     }
+    page=${page//"src=\"$picture\""/"src=\"data:image/png;base64,$(base64 -w 0 "docs/manual/$picture")\""}
 done < <(grep -oE 'src="[^"]*"' <<<"$page" | sed -E 's/src="(.*)"/\1/' | sort -u)
 printf '%s\n' "$page"

@@ -13,6 +13,8 @@ export PATH=${PATH:-/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
 export HOME=${HOME:-$build/home}
 export LC_ALL=C.UTF-8
 mkdir -p "$HOME"
+# A prefix of the caller's own is not ours to end.
+unset WINEPREFIX
 
 say() { printf '[%4d s] %s\n' "$SECONDS" "$*"; }
 die() {
@@ -24,6 +26,7 @@ build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
 test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev)
 fuzz_packages=(clang libclang-rt-dev)
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
+package_packages=(git zip unzip cmark-gfm nsis)
 
 # need_packages PACKAGE...: installs by apt what is missing of them.
 need_packages() {
@@ -50,8 +53,11 @@ need_packages() {
         { tail -n 20 "$logs/apt.log" >&2; die "apt-get failed, see $logs/apt.log"; }
 }
 
-# One run at a time in a tree: two would share the Wine prefix, and with it the single-instance mutex.
+# One run at a time in a tree: two would share the Wine prefix, and with it the single-instance mutex. A script
+# that another one runs shares its turn.
 take_turn() {
+    [[ ${PLOTVANE_TURN:-} != "$root" ]] || return 0
+    export PLOTVANE_TURN=$root
     exec 9>"$build/.lock"
     flock -n 9 || die "another script is running in $root"
 }

@@ -9,13 +9,19 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-need_packages "${build_packages[@]}" git zip cmark-gfm nsis
+need_packages "${build_packages[@]}" "${package_packages[@]}"
 take_turn
 version=$(sed -nE 's/.*kVersion.*"([^"]+)".*/\1/p' app/Version.h)
 [[ -n $version ]] || die "no version in app/Version.h"
-SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+# Also as root in the tree of somebody else.
+repository() { git -c safe.directory="$root" "$@"; }
+if SOURCE_DATE_EPOCH=$(repository log -1 --format=%ct 2>/dev/null); then
+    [[ -z $(repository status --porcelain) ]] || say "warning: the tree has changes that no commit holds"
+else
+    say "warning: this is no repository, so the files get the time of CHANGELOG.md"
+    SOURCE_DATE_EPOCH=$(stat -c %Y CHANGELOG.md)
+fi
 export SOURCE_DATE_EPOCH TZ=UTC
-[[ -z $(git status --porcelain) ]] || say "warning: the tree has changes that no commit holds"
 
 say "building (build/windows)"
 build_preset windows plotvane
@@ -23,11 +29,10 @@ build_preset windows plotvane
 package=$build/package
 folder=$package/plotvane-$version
 rm -rf "$package"
-mkdir -p "$folder/pictures"
+mkdir -p "$folder"
 say "filling $folder"
 cp "$build/windows/plotvane.exe" "$folder"
 cp -r samples/. "$folder"
-cp docs/manual/pictures/*.png "$folder/pictures"
 packaging/make-manual.sh >"$folder/manual.html"
 sed 's/$/\r/' packaging/read-me-first.txt >"$folder/READ ME FIRST.txt"
 sed 's/$/\r/' CHANGELOG.md >"$folder/CHANGES.txt"
