@@ -62,8 +62,9 @@ take_turn() {
     flock -n 9 || die "another script is running in $root"
 }
 
-scratch="" # folder of our own, made when first needed
-groups=()  # process groups of our own, by the id of their first process
+scratch=""  # folder of our own, made when first needed
+groups=()   # process groups of our own, by the id of their first process
+prefixes=() # Wine prefixes in which we run programs
 
 # Runs a command in a process group of its own and waits for it, so that an interrupted script takes
 # it along, with everything that it started.
@@ -79,10 +80,11 @@ watched() {
 end_everything() {
     local status=$? group
     trap - EXIT INT TERM HUP
-    if [[ -n ${WINEPREFIX:-} && -d $WINEPREFIX ]]; then
+    for WINEPREFIX in "${prefixes[@]}"; do
+        [[ -d $WINEPREFIX ]] || continue
         wineserver -k 2>/dev/null || true
         timeout 10 wineserver -w 2>/dev/null || wineserver -k9 2>/dev/null || true
-    fi
+    done
     for group in "${groups[@]}"; do
         kill -TERM -- "-$group" 2>/dev/null || true
     done
@@ -124,6 +126,7 @@ start_display() {
 # The prefix (Wine's idea of a Windows machine) lives in the build folder and is made once. prepare_wine [NAME].
 prepare_wine() {
     export WINEPREFIX=$build/${1:-wine} WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    prefixes+=("$WINEPREFIX")
     [[ -e $WINEPREFIX/.ready ]] && return
     say "making the Wine prefix $WINEPREFIX"
     rm -rf "$WINEPREFIX"

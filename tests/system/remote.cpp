@@ -1,10 +1,15 @@
 // plotvane-remote: reads and uses a running Plotvane from outside, for scripts.
 //
-//   plotvane-remote texts        the title, then the twelve value boxes, one a line, in UTF-8
+//   plotvane-remote texts        title, twelve value boxes, time of a replay: one a line, in UTF-8
 //   plotvane-remote place        the window's rectangle on the screen: WIDTHxHEIGHT+LEFT+TOP
 //   plotvane-remote meter SLOT   right-clicks the colour of a slot, 0 to 11; its meter goes beside the window
 //   plotvane-remote load FILE    loads a log through the file dialog
 //   plotvane-remote faster       replays at eight times the speed
+//   plotvane-remote ended        waits for the end of a replay
+//   plotvane-remote watch SECONDS
+//                                for so long, or to the end of a replay: what the program holds of the
+//                                system, as a table, and how soon its window answers. Status 1 if anything
+//                                grows or an answer comes late
 //   plotvane-remote close        closes the window and waits for the end of the process
 //
 // Each waits up to ten seconds for what it needs. Exit status 1: it did not come; 2: usage.
@@ -16,7 +21,9 @@
 #include <string_view>
 
 #include "res/resource.h"
+#include "tests/system/support/AnswerWatch.h"
 #include "tests/system/support/MainDialog.h"
+#include "tests/system/support/Resources.h"
 
 namespace {
 
@@ -40,6 +47,7 @@ void PrintTexts(const RemoteWindow& main) {
         const std::string text = Utf8(main.Text(IDC_VALUE_FIRST + slot));
         std::printf("%c%d  %s\n", 'A' + slot / 4, slot % 4 + 1, text.c_str());
     }
+    if (main.IsShown(IDC_ELAPSED)) std::printf("time %s\n", Utf8(main.Text(IDC_ELAPSED)).c_str());
 }
 
 void PrintPlace(const RemoteWindow& main) {
@@ -108,6 +116,42 @@ bool ReplayFastest(const RemoteWindow& main) {
     });
 }
 
+void PrintRow(int seconds, const plotvane::test::Resources& row) {
+    std::printf("%8.1f %12zu %12d %12d %8d\n", seconds / 60.0, row.privateKilobytes, row.gdiObjects,
+                row.userObjects, row.handles);
+    std::fflush(stdout);  // row by row, so that somebody can look on
+}
+
+// The growth is judged between the first row and the last.
+bool Watch(const RemoteWindow& main, int seconds) {
+    constexpr int kRows = 12;
+    // A program that held on to sixteen bytes of each record would grow by more in an hour.
+    constexpr plotvane::test::GrowthAllowance kAllowed{
+        .privateKilobytes = 1024, .gdiObjects = 2, .userObjects = 0, .handles = 4};
+    plotvane::test::AnswerWatch answers(main.Get(), std::chrono::milliseconds(50));
+    std::printf("%8s %12s %12s %12s %8s\n", "minute", "private KB", "GDI objects", "user objects", "handles");
+    const ULONGLONG start = ::GetTickCount64();
+    const auto elapsed = [&] { return static_cast<int>((::GetTickCount64() - start) / 1000); };
+    const bool isReplay = main.IsEnabled(IDC_STOP);
+    const auto isOver = [&] { return elapsed() >= seconds || (isReplay && !main.IsEnabled(IDC_STOP)); };
+    const auto first = plotvane::test::ResourcesOf(main.ProcessId());
+    PrintRow(0, first);
+    for (int row = 1; !isOver(); ++row) {
+        while (elapsed() < seconds * row / kRows && !isOver()) ::Sleep(kPollMs);
+        if (!main.Exists()) return std::fputs("plotvane-remote: the program has ended\n", stderr), false;
+        if (!isOver()) PrintRow(elapsed(), plotvane::test::ResourcesOf(main.ProcessId()));
+    }
+    const auto last = plotvane::test::ResourcesOf(main.ProcessId());
+    PrintRow(elapsed(), last);
+    answers.Stop();
+    std::printf("%s\n", answers.Figures().c_str());
+    const std::string grown = plotvane::test::GrownBeyond(first, last, kAllowed);
+    if (!grown.empty()) std::fprintf(stderr, "plotvane-remote: grown: %s\n", grown.c_str());
+    if (!answers.WasPrompt())
+        std::fprintf(stderr, "plotvane-remote: an answer took more than %.0f ms\n", answers.BoundMs());
+    return grown.empty() && answers.WasPrompt();
+}
+
 bool CloseAndWait(const RemoteWindow& main) {
     HANDLE const process = ::OpenProcess(SYNCHRONIZE, FALSE, main.ProcessId());
     if (!process) return false;
@@ -123,9 +167,11 @@ std::optional<bool> Run(const RemoteWindow& main, std::wstring_view command, con
         if (command == L"texts") return PrintTexts(main), true;
         if (command == L"place") return PrintPlace(main), true;
         if (command == L"faster") return ReplayFastest(main);
+        if (command == L"ended") return ComesTrue([&] { return !main.IsEnabled(IDC_STOP); });
         if (command == L"close") return CloseAndWait(main);
     } else {
         if (command == L"meter") return OpenMeter(main, std::wcstol(argument, nullptr, 10));
+        if (command == L"watch") return Watch(main, std::wcstol(argument, nullptr, 10));
         if (command == L"load") return LoadLog(main, argument);
     }
     return std::nullopt;
@@ -149,6 +195,9 @@ int wmain(int argc, wchar_t** argv) {
             return *done ? 0 : 1;
         }
     }
-    std::fputs("usage: plotvane-remote texts | place | meter SLOT | load FILE | faster | close\n", stderr);
+    std::fputs(
+        "usage: plotvane-remote texts | place | meter SLOT | load FILE | faster | ended | watch SECONDS | "
+        "close\n",
+        stderr);
     return 2;
 }

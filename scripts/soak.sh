@@ -1,0 +1,144 @@
+#!/usr/bin/env bash
+# soak.sh [MINUTES [RUN...]]: lets the real program run for long (60 minutes), and prints what it holds of the
+# system from start to end: private memory, GDI objects, user objects, handles. Fails when one of them grows,
+# when the window answers late, or when the program does not close within a second. The runs, all of them or
+# the named ones, go side by side, each in a Wine of its own:
+#
+#   live     the stand-in host, twenty records a second, with four meters open
+#   replay   a log of a million rows for an hour, a millisecond apart, so that none is waited for: as fast as the
+#            program goes, and until the log ends. May take twice the MINUTES, on a slow machine
+#   tenfold  two hours' worth of records in twelve minutes (a fifth of MINUTES): the host sends two hundred a
+#            second. The program takes twenty of them, the pipe is full all the while, and what finds no room in
+#            it is left out
+#
+# scripts/test.sh has a short form of each.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/common.sh
+
+usage="usage: scripts/soak.sh [MINUTES [live|replay|tenfold]...]"
+minutes=${1:-60}
+[[ $minutes =~ ^[1-9][0-9]*$ ]] || die "$usage"
+runs=("${@:2}")
+((${#runs[@]})) || runs=(live replay tenfold)
+for run in "${runs[@]}"; do
+    [[ $run =~ ^(live|replay|tenfold)$ ]] || die "$usage"
+done
+
+warm_up=15 # seconds: every buffer has its size, the chart is full, the title stands
+
+need_packages "${build_packages[@]}" "${run_packages[@]}"
+exec 8>"$build/.soak-lock"
+flock -n 8 || die "another soak.sh is running in $root"
+take_turn
+say "building (build/windows)"
+build_preset windows plotvane diagnel-sim plotvane-remote
+# A copy: what is built in the meantime must not disturb the runs.
+bin=$build/soak
+mkdir -p "$bin"
+cp build/windows/{plotvane,diagnel-sim,plotvane-remote}.exe "$bin"
+exec 9>&- # others may build and test now
+
+# Wine's own remarks on its set-up are none of ours.
+remote() { wine "$bin/plotvane-remote.exe" "$@" 2> >(grep -a plotvane >&2); }
+
+# start PROGRAM [OPTION...]: in a fresh working folder.
+start() {
+    rm -rf "$folder"
+    mkdir -p "$folder/LOGS"
+    cd "$folder"
+    setsid wine "$bin/$1.exe" "${@:2}" 8>&- >"$logs/soak-$run-program.log" 2>&1 </dev/null &
+    program=$!
+    cd "$root"
+}
+
+open_four_meters() {
+    local slot
+    for slot in 0 1 2 3; do remote meter "$slot"; done
+}
+
+# close: within a second, including what it takes to ask for it.
+close() {
+    local status=0 began=${EPOCHREALTIME/./}
+    remote close || return 1
+    local took=$(((${EPOCHREALTIME/./} - began) / 1000))
+    echo "closed within $took ms"
+    wait "$program" || status=$?
+    ((status == 0)) || { echo "the program ended with $status"; return 1; }
+    ((took <= 1000))
+}
+
+live() {
+    start diagnel-sim --folder "Z:$folder" --rate 20 --loop
+    open_four_meters
+    sleep "$warm_up"
+    remote watch "$((minutes * 60))"
+}
+
+tenfold() {
+    start diagnel-sim --folder "Z:$folder" --rate 200 --speed 10 --loop
+    sleep "$warm_up"
+    remote watch "$((minutes * 12))"
+}
+
+replay() {
+    local rows=$((minutes * 1000000 / 60)) log=Z:$folder/LOGS/soak.csv
+    start plotvane
+    write_log "$rows" >"$folder/LOGS/soak.csv"
+    local began=$SECONDS time
+    remote load "${log//\//\\}"
+    sleep "$warm_up"
+    remote watch "$((minutes * 120))"
+    time=$(remote texts | grep -a ^time)
+    remote ended || { echo "$time of $((rows / 1000)) s of the log"; return 1; }
+    echo "$rows rows in $((SECONDS - began)) s"
+    rm "$folder/LOGS/soak.csv"
+}
+
+# Twelve fields, each of which changes from row to row.
+write_log() {
+    awk -v rows="$1" 'BEGIN {
+        OFS = ","; ORS = "\r\n"
+        print "Friday,20,November,2026,10:15:30"
+        print "038 906 019 FT,Engine control"
+        print ""
+        print ",Row A,\x27001,,,,Row B,\x27003,,,,Row C,\x27031"
+        print ",,Engine speed,Road speed,Coolant,Supply,,Air mass,Throttle,Charge,Ignition,,Lambda,Lambda,Control,Flow"
+        print ",,,,,,,,,,,,,,,"
+        print "mark,time, /min, km/h, \xB0" "C, V,time, mg/str, %, mbar, %,time,,, %, l/h"
+        for (row = 1; row <= rows; ++row) {
+            time = sprintf("%.3f", row / 1000)
+            wave = row % 400; if (wave > 200) wave = 400 - wave
+            print row % 1000, time, 800 + 20 * wave, wave, 80 + wave / 10, 12 + wave / 100,
+                time, 100 + wave, wave / 2, 1000 + wave, wave / 8,
+                time, 0.9 + wave / 1000, 0.95 + wave / 2000, wave / 20, 1 + wave / 10, ""
+        }
+    }'
+}
+
+# soak RUN: in a shell of its own, which the first step that fails ends.
+soak() {
+    folder=$build/run/soak-$1
+    export WINEPREFIX=$build/wine-soak-$1
+    "$1"
+    close
+}
+
+start_display
+for run in "${runs[@]}"; do prepare_wine "wine-soak-$run"; done
+say "running for $minutes minutes: ${runs[*]}; the figures so far are in $logs/soak-*.log"
+failures=0 children=()
+for run in "${runs[@]}"; do
+    (soak "$run") >"$logs/soak-$run.log" 2>&1 &
+    children+=($!)
+done
+for i in "${!runs[@]}"; do
+    verdict="well"
+    wait "${children[i]}" || verdict="FAILED"
+    [[ $verdict == well ]] || failures=$((failures + 1))
+    printf '\n%s: %s\n' "${runs[i]}" "$verdict"
+    cat "$logs/soak-${runs[i]}.log"
+done
+printf '\n'
+((failures == 0)) || die "$failures of ${#runs[@]} runs failed"
+say "done"
