@@ -73,7 +73,7 @@ bool RenameOver(const std::filesystem::path& from, const std::filesystem::path& 
 bool ReplaceTextFile(const std::filesystem::path& path, std::string_view text) {
     if (IsProtected(path)) return false;
     std::filesystem::path beside = path;
-    beside += ".new";
+    beside.replace_extension(".new");  // no longer than the path, which may be as long as Windows takes
     if (WriteWhole(beside, WithCrLf(text)) && RenameOver(beside, path)) return true;
     std::error_code ignored;
     std::filesystem::remove(beside, ignored);
