@@ -18,11 +18,15 @@ render() {
     rsvg-convert --width "$2" --height "$2" --output "$pictures/$(printf %03d "$2").png" "$1.svg"
 }
 
-# pack ICON: all pictures into one file, the small ones as bitmaps for every reader, 256 pixels as PNG.
+# pack ICON: all pictures into one file, the small ones as bitmaps for every reader, from 64 pixels on as PNG:
+# bitmaps of that size would be 80 KB of the program.
 pack() {
     local arguments=() picture
     for picture in "$pictures"/*.png; do
-        if [[ $picture == */256.png ]]; then arguments+=(--raw="$picture"); else arguments+=("$picture"); fi
+        case $picture in
+            */064.png | */128.png | */256.png) arguments+=(--raw="$picture") ;;
+            *) arguments+=("$picture") ;;
+        esac
     done
     icotool --create --bit-depth=32 --output "$1.ico" "${arguments[@]}"
     rm "$pictures"/*.png
