@@ -20,13 +20,18 @@ std::wstring Filter() {
     return filter;
 }
 
+std::wstring CurrentDirectory() {
+    std::wstring directory(::GetCurrentDirectoryW(0, nullptr), L'\0');  // with room for the NUL
+    directory.resize(::GetCurrentDirectoryW(static_cast<DWORD>(directory.size()), directory.data()));
+    return directory;
+}
+
 }  // namespace
 
 std::optional<ChosenLog> AskForLogFile(HWND owner) {
-    std::error_code ignored;
-    const auto current = std::filesystem::current_path(ignored);
+    const std::wstring current = CurrentDirectory();
     const std::wstring filter = Filter();
-    const std::wstring folder = (current / "LOGS").wstring();
+    const std::wstring folder = (std::filesystem::path(current) / "LOGS").wstring();
     const std::wstring title = ToWide(LoadText(IDS_CHOOSE_LOG));
     std::array<wchar_t, 32768> path{};
 
@@ -42,7 +47,7 @@ std::optional<ChosenLog> AskForLogFile(HWND owner) {
     const bool chosen = ::GetOpenFileNameW(&question) != 0;
 
     // The flag alone does not keep the dialog from changing the directory.
-    std::filesystem::current_path(current, ignored);
+    ::SetCurrentDirectoryW(current.c_str());
     if (!chosen) return std::nullopt;
     const std::filesystem::path log(path.data());
     return ChosenLog{log, ToBytes(log.filename().wstring())};

@@ -7,6 +7,7 @@
 #include "app/PrefsDlg.h"
 #include "app/TitleHint.h"
 #include "app/Version.h"
+#include "files/FileOperations.h"
 #include "framework/Dc.h"
 #include "framework/Text.h"
 #include "link/ExchangeFile.h"
@@ -298,14 +299,13 @@ void CPlotvaneDlg::OnClose() {
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
     ::SetFocus(nullptr);        // a limit that is being typed is taken when its edit is left
     Stop();
-    std::error_code ignored;
     if (m_data.prefs.saveWindowSize) {
         // A run without the host has made no folder yet; what the user set must not be lost for that.
-        std::filesystem::create_directory(m_data.PrefsFile().parent_path(), ignored);
+        MakeFolders(m_data.PrefsFile().parent_path());
         static_cast<void>(
             SavePrefs(m_data.PrefsFile(), m_data.prefs, m_data.state.width, m_data.state.height));
     }
-    std::filesystem::remove(kExchangeFileName, ignored);
+    RemoveFile(kExchangeFileName);
     EndDialog(IDCANCEL);
 }
 

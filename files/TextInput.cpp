@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "files/FileOperations.h"
+
 namespace plotvane {
 namespace {
 
@@ -11,8 +13,7 @@ constexpr int kEndOfFileByte = 0xFF;
 }  // namespace
 
 FileHandle OpenFile(const std::filesystem::path& path, const char* mode) {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored)) return nullptr;
+    if (IsFolder(path)) return nullptr;
 #ifdef _WIN32
     const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
     return FileHandle(_wfopen(path.c_str(), wideMode.c_str()));

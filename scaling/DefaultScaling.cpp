@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "files/AtomicFile.h"
+#include "files/FileOperations.h"
 #include "files/TextInput.h"
 #include "model/Numbers.h"
 #include "scaling/ScalingTokens.h"
@@ -146,8 +147,7 @@ void DefaultScaling::UseBuiltInTable(std::string_view unitOfInjectedQuantity) {
         m_rows[row] = {std::string(row == kInjectedQuantityRow ? unitOfInjectedQuantity : unit), min, max};
     }
     m_lastIndex = static_cast<int>(kBuiltInRows.size()) - 1;
-    std::error_code ignored;
-    std::filesystem::create_directories(m_folder, ignored);
+    MakeFolders(m_folder);
     SaveDefaultScaling();
 }
 

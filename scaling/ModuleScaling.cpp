@@ -1,11 +1,11 @@
 #include "scaling/ModuleScaling.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 #include "files/AtomicFile.h"
 #include "files/FileName.h"
+#include "files/FileOperations.h"
 #include "files/TextInput.h"
 #include "model/Numbers.h"
 #include "scaling/ScalingTokens.h"
@@ -111,8 +111,7 @@ void ModuleScaling::WriteModuleScaling(const Table& table, std::string& text) co
 
 // Only for a file that is missing: one that just cannot be opened now holds ranges that the user chose.
 bool ModuleScaling::Create(const std::filesystem::path& path) const {
-    std::error_code ignored;
-    if (std::filesystem::exists(path, ignored)) return false;
+    if (KindOf(path) != FileKind::Missing) return false;
     std::string text;
     WriteModuleScaling(WithFileFieldsUnset(), text);
     return ReplaceTextFile(path, text);

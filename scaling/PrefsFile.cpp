@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "files/AtomicFile.h"
+#include "files/FileOperations.h"
 #include "files/TextInput.h"
 #include "model/Numbers.h"
 #include "scaling/ScalingTokens.h"
@@ -169,8 +170,7 @@ std::uint32_t FindPrefsValue(std::string_view text, std::string_view key, bool d
 int LoadLegacyPrefs(const std::filesystem::path& file, Prefs& prefs) {
     OldTokens tokens(file);
     if (!tokens.IsOpen()) {
-        std::error_code ignored;
-        std::filesystem::create_directories(file.parent_path(), ignored);
+        MakeFolders(file.parent_path());
         const Prefs defaults;
         prefs.autorun = defaults.autorun;
         prefs.backColor = defaults.backColor;
