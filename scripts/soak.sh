@@ -10,33 +10,35 @@
 #   tenfold  two hours' worth of records in twelve minutes (a fifth of MINUTES): the host sends two hundred a
 #            second. The program takes twenty of them, the pipe is full all the while, and what finds no room in
 #            it is left out
+#   blocks   ten thousand blocks of random and of bit-flipped text in an hour, over some hundred runs of the
+#            program: it answers, or has closed because a block said so
 #
 # scripts/test.sh has a short form of each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-usage="usage: scripts/soak.sh [MINUTES [live|replay|tenfold]...]"
+usage="usage: scripts/soak.sh [MINUTES [live|replay|tenfold|blocks]...]"
 minutes=${1:-60}
 [[ $minutes =~ ^[1-9][0-9]*$ ]] || die "$usage"
 runs=("${@:2}")
-((${#runs[@]})) || runs=(live replay tenfold)
+((${#runs[@]})) || runs=(live replay tenfold blocks)
 for run in "${runs[@]}"; do
-    [[ $run =~ ^(live|replay|tenfold)$ ]] || die "$usage"
+    [[ $run =~ ^(live|replay|tenfold|blocks)$ ]] || die "$usage"
 done
 
 warm_up=15 # seconds: every buffer has its size, the chart is full, the title stands
 
-need_packages "${build_packages[@]}" "${run_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}"
 exec 8>"$build/.soak-lock"
 flock -n 8 || die "another soak.sh is running in $root"
 take_turn
 say "building (build/windows)"
-build_preset windows plotvane diagnel-sim plotvane-remote
+build_preset windows plotvane diagnel-sim plotvane-remote stress_tests
 # A copy: what is built in the meantime must not disturb the runs.
 bin=$build/soak
 mkdir -p "$bin"
-cp build/windows/{plotvane,diagnel-sim,plotvane-remote}.exe "$bin"
+cp build/windows/{plotvane,diagnel-sim,plotvane-remote,stress_tests}.exe "$bin"
 exec 9>&- # others may build and test now
 
 # Wine's own remarks on its set-up are none of ours.
@@ -73,12 +75,14 @@ live() {
     open_four_meters
     sleep "$warm_up"
     remote watch "$((minutes * 60))"
+    close
 }
 
 tenfold() {
     start diagnel-sim --folder "Z:$folder" --rate 200 --speed 10 --loop
     sleep "$warm_up"
     remote watch "$((minutes * 12))"
+    close
 }
 
 replay() {
@@ -93,6 +97,12 @@ replay() {
     remote ended || { echo "$time of $((rows / 1000)) s of the log"; return 1; }
     echo "$rows rows in $((SECONDS - began)) s"
     rm "$folder/LOGS/soak.csv"
+    close
+}
+
+blocks() {
+    PLOTVANE_BLOCKS=$((minutes * 10000 / 60 / 2)) wine "$bin/stress_tests.exe" \
+        --gtest_brief=1 --gtest_filter='ForeignBlocks.*' 2>/dev/null
 }
 
 # Twelve fields, each of which changes from row to row.
@@ -121,7 +131,6 @@ soak() {
     folder=$build/run/soak-$1
     export WINEPREFIX=$build/wine-soak-$1
     "$1"
-    close
 }
 
 start_display

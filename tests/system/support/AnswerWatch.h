@@ -25,6 +25,7 @@ struct AnswerTimes {
 // question and answer the program has to be given the processor more often than a window that does nothing.)
 class AnswerWatch {
 public:
+    // Null: only the idle window is asked.
     explicit AnswerWatch(HWND window, std::chrono::milliseconds every = std::chrono::milliseconds(10));
     ~AnswerWatch() { Stop(); }
     AnswerWatch(const AnswerWatch&) = delete;

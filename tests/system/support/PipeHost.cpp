@@ -5,7 +5,6 @@ namespace plotvane::test {
 namespace {
 
 constexpr DWORD kPipeBytes = 64 * 1024;
-constexpr std::size_t kBlockBytes = 513;
 
 }  // namespace
 

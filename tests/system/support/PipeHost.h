@@ -9,6 +9,8 @@
 
 namespace plotvane::test {
 
+constexpr std::size_t kBlockBytes = 513;
+
 // The host's side of the exchange, byte by byte: the pipe whose read end the program inherits, and the named
 // mutex that says that the host runs. For a whole drive there is diagnel-sim; this one is for the moments in
 // between.

@@ -29,7 +29,7 @@ public:
 
     PipeHost& Host() { return *m_host; }
     // The program, or the stand-in host where that started it.
-    ChildProcess& Process() { return *m_process; }
+    ChildProcess& Process() const { return *m_process; }
 
     // The program's main dialog, waited for; an empty window if it does not come.
     RemoteWindow Main() const;

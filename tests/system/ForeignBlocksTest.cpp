@@ -1,0 +1,152 @@
+// Blocks that no host would send: whatever they hold, the program goes on answering or has closed in good
+// order, and it closes only where it was told to.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+#include <random>
+
+#include "tests/system/support/Feed.h"
+#include "tests/system/support/Prompt.h"
+#include "tests/system/support/RunButtons.h"
+
+namespace plotvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Blocks of each kind. A few hundred fit into a test run, because the program takes twenty a second and has
+// to be started afresh behind each that is malformed; PLOTVANE_BLOCKS asks for more.
+int HowMany() {
+    constexpr int kUsual = 100;
+    const char* const asked = std::getenv("PLOTVANE_BLOCKS");
+    return asked ? std::atoi(asked) : kUsual;
+}
+
+using Random = std::mt19937;
+
+int Below(Random& random, int bound) {
+    return static_cast<int>(random() % static_cast<unsigned>(bound));
+}
+
+// A drive record with up to four bits turned over, anywhere in its text or behind it.
+std::string Flipped(Random& random, int number) {
+    std::string block = DriveRecord(number);
+    block.resize(kBlockBytes, '\0');
+    for (int flips = Below(random, 4); flips >= 0; --flips) {
+        char& byte = block[static_cast<std::size_t>(Below(random, static_cast<int>(kBlockBytes)))];
+        byte = static_cast<char>(byte ^ (1 << Below(random, 8)));
+    }
+    return block;
+}
+
+// Up to so many characters of any kind, but no comma: that would end an item.
+std::string ItemUpTo(Random& random, int length) {
+    std::string item;
+    for (int left = Below(random, length + 1); left > 0; --left) {
+        const char byte = static_cast<char>(Below(random, 3) == 0 ? random() : '-' + random() % 13);
+        if (byte != ',') item += byte;
+    }
+    return item;
+}
+
+// Once in twenty any bytes at all. Otherwise, so that not every block is the last that a run of the program
+// reads, the form of a record, with anything in its items.
+std::string Arbitrary(Random& random, int) {
+    std::string block;
+    if (Below(random, 20) == 0) {
+        while (block.size() < kBlockBytes) block += static_cast<char>(random());
+        return block;
+    }
+    block = ItemUpTo(random, 20) + ",";
+    for (int slot = 0; slot < 12; ++slot) {
+        block += "G" + std::to_string(100 + Below(random, 900)) + ",F" + std::to_string(Below(random, 10)) +
+                 "," + ItemUpTo(random, 12) + "," + ItemUpTo(random, 12) + ",";
+    }
+    block.resize(kBlockBytes, '\0');
+    return block;
+}
+
+class ForeignBlocks : public ::testing::Test {
+protected:
+    // Sends blocks, over as many runs of the program as it takes.
+    void SendAll(std::string (*make)(Random&, int), unsigned seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Random random(seed);
+        const int blocks = HowMany();
+        for (int sent = 0; sent < blocks && !HasFailure();) {
+            Session session;
+            session.StartWithHost();
+            const RemoteWindow main = session.Main();
+            ASSERT_TRUE(Becomes([&] { return main.IsEnabled(IDC_PAUSE); }, true));
+            AnswerWatch answers(main.Get());
+            m_runningImage = ButtonsOf(main).pauseImage;
+            m_closesAllowed = false;
+            while (sent < blocks && SendSome(session, random, make, sent)) {
+            }
+            sent -= static_cast<int>(session.Host().Unread() / kBlockBytes);  // these nobody has looked at
+            if (session.Process().Running()) {
+                EXPECT_TRUE(AnsweredPromptly(answers)) << "behind block " << sent;
+                EXPECT_TRUE(ClosesPromptly(session)) << "behind block " << sent;
+            } else {
+                EXPECT_TRUE(m_closesAllowed) << "it ended by itself behind block " << sent;
+                EXPECT_EQ(session.Process().ExitCode(), 0u) << "behind block " << sent;
+            }
+            ExpectNoFileButScaling(session);
+        }
+    }
+
+private:
+    // A record names the file that its ranges are saved in. Whatever it says, that is one in the folder for
+    // them.
+    static void ExpectNoFileButScaling(const Session& session) {
+        for (const auto& entry : std::filesystem::directory_iterator(session.Folder())) {
+            EXPECT_TRUE(entry.path().filename() == "Scaling" || entry.path() == session.ExchangeFile())
+                << entry.path().filename();
+        }
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(session.Scaling(""))) {
+            EXPECT_TRUE(entry.is_regular_file()) << entry.path();
+        }
+    }
+
+    // Sends a few blocks and waits until they are read. False where the program reads no more.
+    bool SendSome(Session& session, Random& random, std::string (*make)(Random&, int), int& sent) {
+        for (int more = 0; more < 8; ++more) {
+            const std::string block = make(random, ++sent);
+            m_closesAllowed = m_closesAllowed || block.find('\xFD') != std::string::npos;
+            session.Host().Send(block);
+        }
+        // As long as the number of unread bytes goes down they are being read.
+        for (DWORD left = session.Host().Unread(); left > 0;) {
+            const bool reads = bool(Becomes([&] { return session.Host().Unread() < left; }, true, kStill));
+            if (!session.Process().Running()) return false;
+            if (!reads && !StartsOver(session)) return false;
+            left = session.Host().Unread();
+        }
+        return true;
+    }
+
+    // A block that begins with 0xFE stops the program, and Pause starts it again. False where it is not
+    // stopped.
+    bool StartsOver(Session& session) {
+        if (ButtonsOf(session.Main()).pauseImage == m_runningImage) return false;
+        session.Main().PostClick(IDC_PAUSE);
+        return true;
+    }
+
+    static constexpr auto kStill = 600ms;  // a dozen turns
+
+    LRESULT m_runningImage = 0;
+    bool m_closesAllowed = false;
+};
+
+TEST_F(ForeignBlocks, WithBitsTurnedOver) {
+    SendAll(Flipped, 20261121);
+}
+
+TEST_F(ForeignBlocks, OfAnyText) {
+    SendAll(Arbitrary, 20261122);
+}
+
+}  // namespace
+}  // namespace plotvane::test

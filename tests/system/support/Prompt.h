@@ -1,0 +1,20 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "tests/system/support/AnswerWatch.h"
+#include "tests/system/support/Session.h"
+
+namespace plotvane::test {
+
+// Whether all answers of the watch, which it ends, came in time. Says in the failure how late they were.
+::testing::AssertionResult AnsweredPromptly(AnswerWatch& watch);
+
+// Whether the program, which something asked to close just now, ends within a second, in good order. As for
+// answers, a machine that holds up an idle window gives it longer: the end of a process takes some ten turns.
+::testing::AssertionResult EndsPromptly(const Session& session);
+
+// Closes the main window first.
+::testing::AssertionResult ClosesPromptly(const Session& session);
+
+}  // namespace plotvane::test
