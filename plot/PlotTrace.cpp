@@ -44,10 +44,9 @@ TraceSegment PlotTrace::TakeSegment(const ChartGeometry& geometry, int shift) {
     previous = current;
 
     // One pixel further, since the line primitive leaves out its last pixel.
-    const int dx = x0 - plot.right;
     const int dy = y0 - y1;
-    if (std::abs(dy) < std::abs(dx)) {
-        x1 += dx > 0 ? -1 : 1;
+    if (std::abs(dy) < shift) {
+        ++x1;
     } else {
         y1 += dy > 0 ? -1 : 1;
     }
