@@ -152,7 +152,7 @@ TEST_F(PrefsDlgRows, NewWantsTheUnitBeforeTheRange) {
 
 TEST_F(PrefsDlgRows, OfAnEmptyTableThereAreNoneUntilNew) {
     WriteBytes(TableFile(), "");
-    Use([this](DialogUser& user) {
+    Use([](DialogUser& user) {
         ExpectRow(user, "Field#: 1/0", "", "", "");
         for (const int edit : {kUnit, kMin, kMax}) EXPECT_FALSE(::IsWindowEnabled(user.Control(edit)));
         user.Click(kNext);
