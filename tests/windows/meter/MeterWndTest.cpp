@@ -292,7 +292,7 @@ TEST(MeterWnd, TogglesMarkersAndPeakWithoutPainting) {
     EXPECT_EQ(RepaintAfterCommand(meter, 32782), Repaint::Nothing);
     EXPECT_FALSE(meter.Shown().ShowsPeak());
 
-    for (const UINT command : {32776, 32775, 32782}) RepaintAfterCommand(meter, command);
+    for (const UINT command : {32776U, 32775U, 32782U}) RepaintAfterCommand(meter, command);
     EXPECT_TRUE(meter.Shown().ShowsMaxMarker());
     EXPECT_TRUE(meter.Shown().ShowsMinMarker());
     EXPECT_TRUE(meter.Shown().ShowsPeak());
