@@ -113,9 +113,9 @@ void OpenMeters::Show(Gauge& gauge, double value) {
     for (const DialPoint& point : needle.lit)
         Require(point.x >= 0 && point.x < client.right && point.y >= 0 && point.y < client.bottom,
                 "a needle stays in its window");
-    std::string text;
-    gauge.AppendValueText(text);
-    Require(text.size() <= kLongestText, "a meter's text is bounded");
+    m_text.clear();
+    gauge.AppendValueText(m_text);
+    Require(m_text.size() <= kLongestText, "a meter's text is bounded");
 }
 
 }  // namespace plotvane::fuzz

@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "meter/Gauge.h"
 #include "model/RunState.h"
@@ -54,13 +55,14 @@ public:
 
 private:
     static std::size_t At(int index) { return static_cast<std::size_t>(index); }
-    static void Show(Gauge& gauge, double value);
+    void Show(Gauge& gauge, double value);
     Gauge& Of(Fuel meter) { return meter == Fuel::Mileage ? *m_mileage : *m_consumption; }
 
     std::array<Gauge, kSlotCount> m_slots;
     std::array<Gauge, kObdFieldCount> m_obd;
     std::optional<Gauge> m_mileage{std::in_place};
     std::optional<Gauge> m_consumption{std::in_place};
+    std::string m_text;  // kept for its memory
 };
 
 }  // namespace plotvane::fuzz

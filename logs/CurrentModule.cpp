@@ -19,13 +19,19 @@ std::optional<std::size_t> CurrentModule::ApplyModuleName(std::string_view recor
     const auto comma = record.find(',');
     if (comma == std::string_view::npos) return std::nullopt;
     if (m_key != m_scaling.LoadedName()) {
-        m_name = record.substr(0, comma);
-        m_key = ScalingFileNameOf(m_name);
+        TakeName(record.substr(0, comma));
         if (m_key == kObdScalingFile) m_state.obdFile = true;
         ShowTitle();
         FollowLabels();
     }
     return comma + 1;
+}
+
+void CurrentModule::TakeName(std::string_view name) {
+    if (m_keyIsOfName && name == m_name) return;
+    m_name = name;
+    m_key = ScalingFileNameOf(name);
+    m_keyIsOfName = true;
 }
 
 // Generic OBD streams never load a scaling, so each of their records comes through here: an unchanged title

@@ -29,7 +29,10 @@ public:
     std::optional<std::size_t> ApplyModuleName(std::string_view record);
 
     // The log import's module name takes the key's place until the first record; no scaling file has it.
-    void SetRawKey(std::string_view moduleName) { m_key = moduleName; }
+    void SetRawKey(std::string_view moduleName) {
+        m_key = moduleName;
+        m_keyIsOfName = false;
+    }
 
     // Name and extension of the log in use, for the window title.
     void SetLogFileName(std::string_view fileName) { m_logFileName = fileName; }
@@ -43,6 +46,7 @@ public:
     const LabelTable& Labels() const { return m_labels; }
 
 private:
+    void TakeName(std::string_view name);
     void ShowTitle();
     void FollowLabels();
 
@@ -54,6 +58,7 @@ private:
 
     std::string m_name;
     std::string m_key;
+    bool m_keyIsOfName = false;  // m_key belongs to m_name: it need not be put together anew
     std::string m_logFileName;
     std::string m_title;      // what the title bar was last given
     std::string m_nextTitle;  // kept for its memory

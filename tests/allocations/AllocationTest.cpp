@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/allocations/CountedNew.h"
+#include "tests/unit/support/WholeWay.h"
+#include "tools/DriveRecord.h"
+#include "tools/SampleLogs.h"
+#include "tools/ScriptedDrive.h"
+
+// Nothing is allocated for a record once every text has grown as long as it gets: counted over a thousand
+// records of the whole portable way, behind as many that warm it up.
+namespace plotvane {
+namespace {
+
+constexpr int kRecords = 1000;
+
+// Counts what is allocated between the sample at which all is warm and the last one that counts.
+class AllocationsOfRecords {
+public:
+    std::function<void(const TraceValues&)> OnSample() {
+        return [this](const TraceValues&) {
+            ++samples;
+            if (samples == kRecords) m_before = test::NewCount();
+            if (samples == 2 * kRecords) allocations = test::NewCount() - m_before;
+        };
+    }
+
+    int samples = 0;
+    std::size_t allocations = 0;
+
+private:
+    std::size_t m_before = 0;
+};
+
+// The drive twice over, the same records each time.
+std::vector<std::string> Blocks(RecordForm form) {
+    const ScriptedDrive drive;
+    std::vector<std::string> blocks;
+    for (int i = 0; i < kRecords; ++i) {
+        const double seconds = drive.Seconds() * i / kRecords;
+        blocks.push_back(test::BlockOf(RecordOf(drive, seconds, form, "038 906 019 FT")));
+    }
+    return blocks;
+}
+
+void ExpectNothingAllocatedLive(RecordForm form) {
+    AllocationsOfRecords counter;
+    test::EndlessPipe pipe(Blocks(form), 2 * kRecords);
+    test::WholeWay way(pipe, test::WholeWay::Meters::Open, counter.OnSample());
+    way.RunLive();
+    ASSERT_EQ(counter.samples, 2 * kRecords);
+    EXPECT_EQ(counter.allocations, 0u);
+}
+
+// The header and the first rows of a log, then the same rows over and over: 2,000 and a few more. A step
+// back in time waits for nothing.
+std::string LogOfManyRows(const std::string& log, int headerLines) {
+    std::size_t rowsBegin = 0;
+    for (int line = 0; line < headerLines; ++line) rowsBegin = log.find('\n', rowsBegin) + 1;
+    const std::string rows = log.substr(rowsBegin);
+    std::string many = log;
+    for (auto count = std::ranges::count(rows, '\n'); count < 2 * kRecords + 10;
+         count += std::ranges::count(rows, '\n')) {
+        many += rows;
+    }
+    return many;
+}
+
+void ExpectNothingAllocatedInReplay(const std::string& log) {
+    AllocationsOfRecords counter;
+    test::ScriptedPipe noHost;
+    test::WholeWay way(noHost, test::WholeWay::Meters::Open, counter.OnSample());
+    way.Replay(log);
+    ASSERT_GE(counter.samples, 2 * kRecords);
+    EXPECT_EQ(counter.allocations, 0u);
+}
+
+TEST(AllocationsPerRecord, TheCountSeesWhatAStringAllocates) {
+    std::vector<std::string> texts;
+    const std::size_t before = test::NewCount();
+    texts.emplace_back(100, 'x');
+    EXPECT_EQ(test::NewCount() - before, 2u) << "one for the vector, one for " << texts.front();
+}
+
+TEST(AllocationsPerRecord, NoneForLiveGroups) {
+    ExpectNothingAllocatedLive(RecordForm::Normal);
+}
+
+TEST(AllocationsPerRecord, NoneForLiveTenFieldRecords) {
+    ExpectNothingAllocatedLive(RecordForm::Obd);
+}
+
+TEST(AllocationsPerRecord, NoneForLiveIdentifiers) {
+    ExpectNothingAllocatedLive(RecordForm::ObdPid);
+}
+
+constexpr LogSpan kWholeDrive{.from = 0, .to = 240};
+
+TEST(AllocationsPerRecord, NoneInAClassicLog) {
+    ExpectNothingAllocatedInReplay(LogOfManyRows(ClassicLog(ScriptedDrive(), kWholeDrive, 3), 7));
+}
+
+TEST(AllocationsPerRecord, NoneInALogOfTenFields) {
+    ExpectNothingAllocatedInReplay(LogOfManyRows(TenFieldLog(ScriptedDrive(), kWholeDrive), 7));
+}
+
+TEST(AllocationsPerRecord, NoneInAnAdvancedLog) {
+    ExpectNothingAllocatedInReplay(LogOfManyRows(AdvancedLog(ScriptedDrive(), kWholeDrive), 7));
+}
+
+TEST(AllocationsPerRecord, NoneInALogOfIdentifiers) {
+    ExpectNothingAllocatedInReplay(LogOfManyRows(ObdLog(ScriptedDrive(), kWholeDrive), 4));
+}
+
+}  // namespace
+}  // namespace plotvane
