@@ -3,6 +3,9 @@
 # in build/pictures/SCENE-STATE.png, with the system's theme and without it (SCENE-STATE-classic.png). The scenes
 # are the functions below that are called show_SCENE; without a name all of them are shown.
 #
+# pictures.sh manual: takes the pictures of the manual, with the theme, into docs/manual/pictures, and notes there from
+# what they were taken (scripts/picture-sources.sh).
+#
 # Needs no setting up: the display is of its own, and nothing is left running.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -78,7 +81,8 @@ await_end() { wait_for 20 hides "$1" || die "$scene: the window $1 stays"; }
 # Places in the main window in dialog units of 1.75 pixels, as in its template.
 declare -A place=(
     [load]="10 222" [pause]="30 222" [stop]="50 222"
-    [mileage]="32 191" [consumption]="32 204" [af-c1]="98 221" [af-c2]="154 221"
+    [mileage]="32 191" [consumption]="32 204" [value-a1]="80 190" [value-a2]="140 190"
+    [af-c1]="98 221" [af-c2]="154 221"
 )
 
 # The rows of controls keep their distance to the lower edge of the window, whose design is 403 pixels high.
@@ -133,6 +137,32 @@ shoot() {
     sleep 0.4
     import -window root miff:- | convert - -bordercolor "$ground" -border 1 -fuzz 0 -trim +repage \
         -bordercolor "$ground" -border 12 -strip "$pictures/$scene-$1$suffix.png"
+}
+
+# shoot_part NAME LEFT TOP WIDTH HEIGHT [OPTION...]: a part of the main window, in dialog units as above; with options
+# of convert.
+shoot_part() {
+    local name=$1 left=$2 top=$3 width=$4 height=$5 window_height
+    shift 5
+    sleep 0.4
+    window_height=$(xdotool getwindowgeometry --shell "$main" | sed -n 's/^HEIGHT=//p')
+    import -window "$main" miff:- | convert - \
+        -crop "$((width * 7 / 4))x$((height * 7 / 4))+$((left * 7 / 4))+$((top * 7 / 4 + window_height - 403))" \
+        +repage "$@" -strip "$pictures/$scene-$name$suffix.png"
+}
+
+# shoot_window NAME: the window $found with its frame.
+shoot_window() {
+    sleep 0.4
+    import -frame -window "$found" -strip "$pictures/$scene-$1$suffix.png"
+}
+
+# shoot_menu NAME WIDTH HEIGHT: so much of the screen from the corner of the window $found, whose menu is open.
+shoot_menu() {
+    local x y
+    sleep 0.4
+    read -r x y < <(xdotool getwindowgeometry --shell "$found" | sed -nE 's/^(X|Y)=//p' | xargs)
+    import -window root miff:- | convert - -crop "$2x$3+$x+$y" +repage -strip "$pictures/$scene-$1$suffix.png"
 }
 
 show_start() {
@@ -191,7 +221,9 @@ show_live() {
     sleep 4
     shoot air-fuel
     click mileage
+    put_beside 20 '^Mileage'
     click consumption
+    put_beside 250 '^Consumption'
     sleep 3
     shoot fuel
     close_program
@@ -338,16 +370,139 @@ show_sizes() {
     close_program
 }
 
+# --- the manual's ----------------------------------------------------------------------------------------
+
+# The parts of the main window that docs/manual/main-window.md numbers: left and top in dialog units, number by number.
+part_places=("180 90" "8 70" "62 190" "116 178" "178 198" "141 221" "287 195" "287 222" "4 198" "16 222")
+
+# The options of convert that write the numbers there.
+marks=()
+mark_parts() {
+    local number=0 x y place
+    for place in "${part_places[@]}"; do
+        number=$((number + 1))
+        x=$((${place% *} * 7 / 4)) y=$((${place#* } * 7 / 4))
+        marks+=(-fill '#ffe000' -stroke black -draw "circle $x,$y $((x + 9)),$y")
+        marks+=(-fill black -stroke none -draw "text $((x - 4 * ${#number})),$((y + 5)) '$number'")
+    done
+}
+
+# put_beside TOP TITLE: a meter, to the right of the main window.
+put_beside() {
+    local x width
+    await "$2"
+    read -r x width < <(xdotool getwindowgeometry --shell "$main" | sed -nE 's/^(X|WIDTH)=//p' | xargs)
+    xdotool windowmove "$found" "$((x + width + 16))" "$1"
+}
+
+show_manual() {
+    make_folder
+    open_program
+    await '^Plotvane v'
+    shoot start
+    remote load "$(windows_path LOGS/drive.csv)"
+    remote faster
+    remote meter 0
+    sleep 6
+    shoot replay
+    shoot_part replay-buttons 0 177 62 53
+    close_program
+
+    make_folder
+    play 8
+    remote meter 0
+    remote meter 1
+    sleep 3
+    shoot live
+    mark_parts
+    shoot_part parts 0 0 362 230 -font Liberation-Sans-Bold -pointsize 14 "${marks[@]}"
+    click af-c2
+    sleep 2
+    shoot_part air-fuel 62 213 224 17
+    close_program
+
+    make_folder
+    play 5
+    click value-a2
+    sleep 1
+    shoot_part scale 60 177 302 53
+    close_program
+
+    make_folder
+    play 8
+    remote meter 0
+    await '^ Engine speed'
+    sleep 1
+    shoot_window meter
+    xdotool mousemove --window "$found" 100 90 click 3
+    shoot_menu meter-menu 200 248
+    press Escape
+    close_program
+
+    make_folder
+    play 8
+    click mileage
+    put_beside 20 '^Mileage'
+    click consumption
+    put_beside 250 '^Consumption'
+    sleep 3
+    shoot fuel
+    close_program
+
+    make_folder
+    play 8 --form obd
+    shoot ten-values
+    close_program
+
+    make_folder
+    play 5
+    open_preferences
+    shoot preferences
+    press Escape
+    await_end '^Preferences$'
+    close_program
+
+    make_folder
+    mapfile -t colours < <(sed -n '/^```text Prefs.cfg/,/^```$/{/^```/!p}' docs/manual/preferences.md)
+    make_folder "${colours[@]}"
+    play 8
+    remote meter 0
+    shoot colours
+    close_program
+
+    make_folder
+    echo 'a log of another program' >"$folder/LOGS/other.csv"
+    open_program
+    await '^Plotvane v'
+    choose_log other.csv
+    await '^Doh! ;-\)'
+    shoot_window message
+    press Return
+    close_program
+}
+
+# keep_for_manual: smaller without a difference to be seen, at the place where the manual has them.
+keep_for_manual() {
+    local picture manual=docs/manual/pictures
+    rm -f "$manual"/*.png
+    for picture in "$pictures"/manual-*.png; do
+        optipng -quiet -strip all -o4 "$picture"
+        mv "$picture" "$manual/$(basename "${picture#*/manual-}")"
+    done
+    scripts/picture-sources.sh note
+    say "$(find "$manual" -name '*.png' | wc -l) pictures in $manual"
+}
+
 # --- all of it -------------------------------------------------------------------------------------------
 
 all_scenes=(start replay live meter obd preferences messages colours sizes)
 scenes=("$@")
 ((${#scenes[@]})) || scenes=("${all_scenes[@]}")
 for scene in "${scenes[@]}"; do
-    [[ " ${all_scenes[*]} " == *" $scene "* ]] || die "there is no scene $scene; there are: ${all_scenes[*]}"
+    [[ " ${all_scenes[*]} manual " == *" $scene "* ]] || die "there is no scene $scene; there are: ${all_scenes[*]} manual"
 done
 
-need_packages "${build_packages[@]}" "${run_packages[@]}" xdotool
+need_packages "${build_packages[@]}" "${run_packages[@]}" xdotool optipng
 take_turn
 say "building (build/windows)"
 build_preset windows plotvane diagnel-sim plotvane-remote
@@ -371,7 +526,9 @@ set_theme() {
 
 mkdir -p "$pictures"
 (($#)) || rm -f "$pictures"/*.png
-for theme in on off; do
+themes=(on off)
+[[ ${scenes[*]} != manual ]] || themes=(on)
+for theme in "${themes[@]}"; do
     set_theme "$theme"
     [[ $theme == on ]] || suffix=-classic
     for scene in "${scenes[@]}"; do
@@ -380,4 +537,5 @@ for theme in on off; do
     done
 done
 set_theme on
+[[ ${scenes[*]} != manual ]] || { keep_for_manual; exit; }
 say "$(find "$pictures" -name '*.png' | wc -l) pictures in $pictures"

@@ -38,4 +38,5 @@ start_display
 prepare_wine
 run_tests windows 1
 
+scripts/picture-sources.sh || true  # what it only notes; the rest is judged by the test of that name
 scripts/test-summary.sh native fuzz windows

@@ -1,0 +1,192 @@
+// What the manual tells is what the program shows: its messages, the texts of its controls and menus, its
+// figures.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "plot/AirFuelRule.h"
+#include "plot/FuelFigures.h"
+#include "scaling/DefaultScaling.h"
+#include "tests/docs/Page.h"
+#include "tests/support/TempFolder.h"
+#include "tests/unit/support/FakeViews.h"
+
+namespace plotvane::test {
+namespace {
+
+// What the groups of a pattern match, for each match in a text.
+std::vector<Row> Matches(const std::string& text, const std::string& pattern) {
+    std::vector<Row> matches;
+    const std::regex expression(pattern);
+    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match) {
+        Row groups;
+        for (std::size_t group = 1; group < match->size(); ++group) groups.push_back((*match)[group].str());
+        matches.push_back(groups);
+    }
+    return matches;
+}
+
+// The program's texts by the names of their ids.
+std::map<std::string, std::string> StringTable() {
+    std::map<std::string, std::string> table;
+    for (const Row& entry : Matches(SourceText("res/strings.rc"), R"re((IDS_\w+) +"([^"]*)")re"))
+        table[entry[0]] = entry[1];
+    EXPECT_GT(table.size(), 30U);
+    return table;
+}
+
+bool IsProgramSource(const std::string& name) {
+    static const std::set<std::string> rooms{"app",  "link",  "scaling", "logs",
+                                             "plot", "meter", "model",   "files"};
+    return name.ends_with(".cpp") && rooms.contains(name.substr(0, name.find('/')));
+}
+
+// Each message as the manual writes it: "text" ("title"). The sources name both where they show it; only the
+// preferences take the text from the rule that a number has broken.
+std::set<std::string> MessagesOfTheProgram() {
+    std::set<std::string> messages;
+    auto texts = StringTable();
+    const auto add = [&](const std::string& text, const std::string& title) {
+        messages.insert("\"" + texts[text] + "\" (\"" + texts[title] + "\")");
+    };
+    for (const std::string& name : AllFiles()) {
+        if (!IsProgramSource(name)) continue;
+        const std::string source = SourceText(name);
+        for (const Row& call : Matches(source, R"((?:ShowMessage|Reject)\(([\w>-]+), (\w+))")) {
+            if (call[0].starts_with("IDS_")) {
+                add(call[0], call[1]);
+            } else if (call[0] == "rejection->messageId") {
+                for (const Row& id : Matches(SourceText("scaling/PrefsNumberEdit.cpp"), R"((IDS_\w+))"))
+                    add(id[0], call[1]);
+            } else {
+                ADD_FAILURE() << name << " shows a message that this test cannot name: " << call[0];
+            }
+        }
+    }
+    return messages;
+}
+
+// Otherwise there could be messages that the list above does not see.
+TEST(ManualMessagesTest, AreShownByOneFunctionOfEachDialog) {
+    std::set<std::string> callers;
+    for (const std::string& name : AllFiles()) {
+        if (IsProgramSource(name) && SourceText(name).find("MessageBox") != std::string::npos)
+            callers.insert(name);
+    }
+    EXPECT_EQ(callers, (std::set<std::string>{"app/PlotvaneDlg.cpp", "app/PrefsDlg.cpp"}));
+    for (const std::string& name : callers)
+        EXPECT_EQ(Matches(SourceText(name), "(MessageBox)").size(), 1U) << name;
+}
+
+TEST(ManualMessagesTest, AreThoseOfTheProgram) {
+    std::set<std::string> told;
+    const Table table = Page("docs/manual/messages.md").TableOf({"message (title)", "cause", "cure"});
+    for (std::size_t i = 1; i < table.size(); ++i) told.insert(table[i].front());
+    const std::set<std::string> shown = MessagesOfTheProgram();
+    EXPECT_GE(shown.size(), 11U);
+    EXPECT_EQ(told, shown);
+}
+
+TEST(ManualMessagesTest, AllHaveACauseAndACure) {
+    for (const Row& row : Page("docs/manual/messages.md").TableOf({"message (title)", "cause", "cure"})) {
+        EXPECT_GT(row.at(1).size(), 3U) << row.front();
+        EXPECT_GT(row.at(2).size(), 3U) << row.front();
+    }
+}
+
+TEST(ManualMeterTest, ListsTheMenuInItsOrder) {
+    Row told;
+    const Table table = Page("docs/manual/meters.md").TableOf({"item", "does"});
+    for (std::size_t i = 1; i < table.size(); ++i) {
+        for (const Row& item : Matches(table[i].front(), "([^,]+),? ?")) told.push_back(item[0]);
+    }
+    Row menu;
+    for (const Row& item : Matches(SourceText("res/meter-menu.rc"), "MENUITEM \"([^\"]*)\""))
+        menu.push_back(item[0]);
+    EXPECT_EQ(told, menu);
+}
+
+// The texts of a dialog, without the marks of their access keys and the colons behind them.
+std::set<std::string> TextsOf(const std::string& resource) {
+    std::set<std::string> texts;
+    for (const Row& match :
+         Matches(SourceText(resource), R"re(\("([^"]{3,})"|PUSHBUTTON "([^"]+)"|CONTROL "(\w/\w)")re")) {
+        std::string text = match[0] + match[1] + match[2];
+        std::erase(text, '&');
+        if (text.ends_with(':')) text.pop_back();
+        texts.insert(text);
+    }
+    EXPECT_GT(texts.size(), 5U);
+    return texts;
+}
+
+TEST(ManualPreferencesTest, NameEveryControl) {
+    const Page page("docs/manual/preferences.md");
+    for (const std::string& text : TextsOf("res/prefs-dialog.rc")) EXPECT_TRUE(page.Says(text)) << text;
+}
+
+TEST(ManualMainWindowTest, NamesEveryControl) {
+    const Page page("docs/manual/main-window.md");
+    for (const std::string& text : TextsOf("res/main-dialog.rc")) {
+        // Its number follows as the program starts.
+        EXPECT_TRUE(page.Says(text == "PixelShift X" ? "PixelShift" : text)) << text;
+    }
+}
+
+TEST(ManualScalingTest, ListsTheUnitsThatAreKnownFromTheStart) {
+    const TempFolder folder;
+    DefaultScaling defaults(folder.Path());
+    defaults.LoadForPlotting();
+    std::set<Row> known;
+    for (int i = 0; i <= defaults.LastIndex(); ++i) {
+        const FieldScaling& row = defaults.Row(i);
+        const std::string unit = row.unit == "mg/str" ? "mg/str or mg/R" : Utf8(row.unit);
+        known.insert({unit, std::to_string(row.min), std::to_string(row.max)});
+    }
+    std::set<Row> told;
+    const Table table = Page("docs/manual/scaling.md").TableOf({"unit", "minimum", "maximum"});
+    for (std::size_t i = 1; i < table.size(); ++i) {
+        const Row& row = table[i];
+        ASSERT_EQ(row.size(), 7U);
+        told.insert({row[0], row[1], row[2]});
+        told.insert({row[4], row[5], row[6]});
+    }
+    EXPECT_EQ(told, known);
+}
+
+TEST(ManualAirFuelTest, ListsTheGroups) {
+    std::string groups;
+    int last = 0;
+    for (int group = 1; group <= 255; ++group) {
+        if (!IsLambdaGroup(group)) continue;
+        if (last > 0) groups += (groups.empty() ? "" : ", ") + std::to_string(last);
+        last = group;
+    }
+    groups += " and " + std::to_string(last);
+    EXPECT_TRUE(Page("docs/manual/air-fuel.md").Says("measuring groups " + groups + " a value")) << groups;
+}
+
+TEST(ManualFuelTest, ComputesItsExample) {
+    SlotTable slots;
+    slots[0].unit = "l/h";
+    slots[0].value = 8.0;
+    slots[1].unit = "km/h";
+    slots[1].value = 100.0;
+    FakePanel panel;
+    FakeMeters meters;
+    FuelFigures fuel{{"MPG", "L/100km", "Gal. per Hour"}};
+    fuel.UpdateFuel(slots, RunState(), Prefs(), panel, meters);
+    std::array<char, 64> told{};
+    std::snprintf(told.data(), told.size(), "8 l/h at 100 km/h is %.1f L/100km and %.1f MPG",
+                  fuel.Consumption(), fuel.Mileage());
+    EXPECT_TRUE(Page("docs/manual/fuel.md").Says(told.data())) << told.data();
+}
+
+}  // namespace
+}  // namespace plotvane::test
