@@ -13,6 +13,13 @@ std::unordered_map<HWND, CWnd*>& Windows() {
     return windows;
 }
 
+std::string TextOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return ToBytes(text);
+}
+
 // The answer to a message whose handler threw.
 LRESULT AnswerAfterException(HWND window, UINT message) {
     // An update region that was left behind would bring WM_PAINT back at once, for ever.
@@ -114,28 +121,30 @@ void CWnd::SetWindowText(std::string_view text) {
 }
 
 std::string CWnd::GetWindowText() const {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(m_hWnd)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(::GetWindowTextW(m_hWnd, text.data(), static_cast<int>(text.size()))));
-    return ToBytes(text);
+    return TextOf(m_hWnd);
+}
+
+// A control may have gone meanwhile, and its handle may have come back for something else.
+HWND CWnd::GetDlgItem(int id) const {
+    HWND& control = m_controls[id];
+    if (::GetDlgCtrlID(control) != id || ::GetParent(control) != m_hWnd) control = ::GetDlgItem(m_hWnd, id);
+    return control;
 }
 
 void CWnd::SetDlgItemText(int id, std::string_view text) {
-    ::SetDlgItemTextW(m_hWnd, id, WideText{text}.c_str());
+    ::SetWindowTextW(GetDlgItem(id), WideText{text}.c_str());
 }
 
 std::string CWnd::GetDlgItemText(int id) const {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(GetDlgItem(id))) + 1, L'\0');
-    text.resize(::GetDlgItemTextW(m_hWnd, id, text.data(), static_cast<int>(text.size())));
-    return ToBytes(text);
+    return TextOf(GetDlgItem(id));
 }
 
 void CWnd::CheckDlgButton(int id, bool checked) {
-    ::CheckDlgButton(m_hWnd, id, checked ? BST_CHECKED : BST_UNCHECKED);
+    SendDlgItemMessage(id, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED);
 }
 
 bool CWnd::IsDlgButtonChecked(int id) const {
-    return ::IsDlgButtonChecked(m_hWnd, id) == BST_CHECKED;
+    return SendDlgItemMessage(id, BM_GETCHECK) == BST_CHECKED;
 }
 
 CRect CWnd::GetClientRect() const {

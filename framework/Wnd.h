@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "framework/MessageMap.h"
 #include "framework/Rect.h"
@@ -52,7 +53,7 @@ public:
     std::string GetWindowText() const;
 
     // Controls by id. What is asked of a control that does not exist is null, empty or 0.
-    HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
+    HWND GetDlgItem(int id) const;
     void SetDlgItemText(int id, std::string_view text);
     std::string GetDlgItemText(int id) const;
     void CheckDlgButton(int id, bool checked);
@@ -60,7 +61,7 @@ public:
     void ShowDlgItem(int id, bool shown) { ::ShowWindow(GetDlgItem(id), shown ? SW_SHOWNA : SW_HIDE); }
     void EnableDlgItem(int id, bool enabled) { ::EnableWindow(GetDlgItem(id), enabled); }
     LRESULT SendDlgItemMessage(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return ::SendDlgItemMessageW(m_hWnd, id, message, wParam, lParam);
+        return ::SendMessageW(GetDlgItem(id), message, wParam, lParam);
     }
 
     // Messages and timers.
@@ -116,6 +117,9 @@ private:
     bool Map(HWND window);
     void Unmap();
 
+    // Where each control was when last asked for. Windows goes through all the controls of a dialog to find
+    // one of them; with a hundred that costs more than most of what is then asked of the control.
+    mutable std::unordered_map<int, HWND> m_controls;
     WNDPROC m_superProc = nullptr;  // of an attached window: who had its messages before
     bool m_windowIsBeingDestroyed = false;
 };

@@ -79,6 +79,70 @@ TEST(Wnd, AChildGoesWithItsParentAndItsObjectStays) {
     EXPECT_EQ(child.ends, 1);
 }
 
+TEST(Wnd, FindsAControlThatWasDestroyedAndCreatedAgain) {
+    CWnd parent;
+    ASSERT_TRUE(CreateHidden(parent));
+    for (int round = 0; round < 3; ++round) {
+        CWnd child;
+        EXPECT_EQ(parent.GetDlgItem(77), nullptr);
+        ASSERT_TRUE(CreateHidden(child, parent.GetSafeHwnd()));
+        EXPECT_EQ(parent.GetDlgItem(77), child.GetSafeHwnd());
+        EXPECT_EQ(parent.GetDlgItem(77), child.GetSafeHwnd());
+        child.DestroyWindow();
+        EXPECT_EQ(parent.GetDlgItem(77), nullptr);
+    }
+}
+
+TEST(Wnd, FindsAControlByItsNewIdOnly) {
+    CWnd parent;
+    CWnd child;
+    ASSERT_TRUE(CreateHidden(parent));
+    ASSERT_TRUE(CreateHidden(child, parent.GetSafeHwnd()));
+    EXPECT_EQ(parent.GetDlgItem(77), child.GetSafeHwnd());
+
+    ::SetWindowLongPtrW(child.GetSafeHwnd(), GWLP_ID, 78);
+
+    EXPECT_EQ(parent.GetDlgItem(77), nullptr);
+    EXPECT_EQ(parent.GetDlgItem(78), child.GetSafeHwnd());
+}
+
+TEST(Wnd, DoesNotFindAControlThatMovedToAnotherParent) {
+    CWnd parent;
+    CWnd other;
+    CWnd child;
+    ASSERT_TRUE(CreateHidden(parent));
+    ASSERT_TRUE(CreateHidden(other));
+    ASSERT_TRUE(CreateHidden(child, parent.GetSafeHwnd()));
+    EXPECT_EQ(parent.GetDlgItem(77), child.GetSafeHwnd());
+
+    ::SetParent(child.GetSafeHwnd(), other.GetSafeHwnd());
+
+    EXPECT_EQ(parent.GetDlgItem(77), nullptr);
+    EXPECT_EQ(other.GetDlgItem(77), child.GetSafeHwnd());
+}
+
+TEST(Wnd, FindsTheControlsOfTheWindowThatItHasNow) {
+    CWnd parent;
+    for (int round = 0; round < 3; ++round) {
+        CWnd child;
+        ASSERT_TRUE(CreateHidden(parent));
+        ASSERT_TRUE(CreateHidden(child, parent.GetSafeHwnd()));
+        EXPECT_EQ(parent.GetDlgItem(77), child.GetSafeHwnd());
+        parent.DestroyWindow();
+        EXPECT_EQ(parent.GetDlgItem(77), nullptr);
+    }
+}
+
+TEST(Wnd, AControlThatDoesNotExistHasNoTextAndNoState) {
+    CWnd parent;
+    ASSERT_TRUE(CreateHidden(parent));
+    parent.SetDlgItemText(1, "text");
+    parent.CheckDlgButton(1, true);
+    EXPECT_EQ(parent.GetDlgItemText(1), "");
+    EXPECT_FALSE(parent.IsDlgButtonChecked(1));
+    EXPECT_EQ(parent.SendDlgItemMessage(1, WM_GETTEXTLENGTH), 0);
+}
+
 TEST(Wnd, TextsAreWindows1252) {
     CWnd wnd;
     ASSERT_TRUE(CreateHidden(wnd));
