@@ -35,9 +35,7 @@ void SetColour(CColorBox& box, Colour colour) {
 }  // namespace
 
 void SlotControls::SetUp() {
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        m_dialog.SendDlgItemMessage(IDC_VALUE_FIRST + slot, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
-    }
+    TakeOverValueBoxes();
     for (int slot = 0; slot < kSlotCount; ++slot) {
         CreateSwatch(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot, IDC_SWATCH_WINDOW_FIRST + slot);
     }
@@ -46,6 +44,18 @@ void SlotControls::SetUp() {
                      IDC_OBD_SWATCH_WINDOW_FIRST + field);
     }
     ShowObdRow(false);
+}
+
+void SlotControls::TakeOverValueBoxes() {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        const int id = IDC_VALUE_FIRST + slot;
+        m_dialog.SendDlgItemMessage(id, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+        m_values[Index(slot)].TakeOver(m_dialog.GetDlgItem(id));
+    }
+    for (int field = 0; field < kObdFieldCount; ++field) {
+        m_obdValues[Index(field)].TakeOver(m_dialog.GetDlgItem(IDC_OBD_VALUE_FIRST + field));
+    }
+    m_elapsed.TakeOver(m_dialog.GetDlgItem(IDC_ELAPSED));
 }
 
 void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id) {
@@ -106,7 +116,7 @@ int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const 
 }
 
 void SlotControls::ShowValue(int slot, std::string_view text) {
-    m_values[Index(slot)].Show(m_dialog, IDC_VALUE_FIRST + slot, text);
+    m_values[Index(slot)].Show(text);
 }
 
 bool SlotControls::IsTraceShown(int slot) const {
@@ -213,7 +223,7 @@ void SlotControls::MakeRoomForObdRow(bool made) {
 }
 
 void SlotControls::ShowObdValue(int field, std::string_view text) {
-    m_obdValues[Index(field)].Show(m_dialog, IDC_OBD_VALUE_FIRST + field, text);
+    m_obdValues[Index(field)].Show(text);
 }
 
 bool SlotControls::IsObdTraceShown(int field) const {
@@ -274,7 +284,7 @@ void SlotControls::ShowPixelShift(int pixels) {
 }
 
 void SlotControls::ShowElapsed(std::string_view text) {
-    m_elapsed.Show(m_dialog, IDC_ELAPSED, text);
+    m_elapsed.Show(text);
 }
 
 void SlotControls::SetChecked(int id, bool checked) {

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "app/ShownText.h"
+#include "app/ValueBox.h"
 #include "plot/ColorBox.h"
 #include "plot/SlotPanel.h"
 
@@ -53,6 +53,7 @@ public:
 private:
     static constexpr int kNoFrame = -1;
 
+    void TakeOverValueBoxes();
     void CreateSwatch(CColorBox& box, int placeholder, UINT id);
     void Place(CColorBox& box, int placeholder);
     int HitAmong(POINT screen, int firstPlaceholder, int count) const;
@@ -66,12 +67,12 @@ private:
 
     CWnd& m_dialog;
     const std::string m_pixelShiftText;
-    std::array<ShownText, kSlotCount> m_values;
-    std::array<ShownText, kObdFieldCount> m_obdValues;
+    std::array<CValueBox, kSlotCount> m_values;
+    std::array<CValueBox, kObdFieldCount> m_obdValues;
     std::array<CColorBox, kSlotCount> m_swatches;
     std::array<CColorBox, kObdFieldCount> m_obdSwatches;
     std::array<bool, kSlotCount> m_airFuelShown{};
-    ShownText m_elapsed;
+    CValueBox m_elapsed;
     bool m_fuelButtonsShown = false;
     bool m_replaySpeedHidden = false;  // it was shown, but the OBD row lies there now
     int m_frame = kNoFrame;            // the slot whose frame is shown
