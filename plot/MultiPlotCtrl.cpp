@@ -27,6 +27,7 @@ std::size_t IndexOf(int trace) {
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CMultiPlotCtrl, CWnd)
+    ON_WM_DESTROY()
     ON_WM_PAINT()
     ON_WM_SIZE()
 END_MESSAGE_MAP()
@@ -101,7 +102,7 @@ void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
             DrawSegment(dc, m_traces[i].TakeSegment(m_geometry, shift), m_pens[i]);
         }
     }
-    Changed();
+    ShowSample();
 }
 
 void CMultiPlotCtrl::AppendGap(const TraceValues& values) {
@@ -112,7 +113,7 @@ void CMultiPlotCtrl::AppendGap(const TraceValues& values) {
         ScrollTraces(shift);
         for (PlotTrace& trace : m_traces) trace.TakeGap(m_geometry);
     }
-    Changed();
+    ShowSample();
 }
 
 void CMultiPlotCtrl::InvalidateCtrl() {
@@ -158,7 +159,18 @@ void CMultiPlotCtrl::RedrawPictures() {
 
 void CMultiPlotCtrl::Changed() {
     m_hasChangedUnseen = !m_isRedrawOn;
-    if (m_isRedrawOn && m_hWnd) Invalidate();
+    if (!m_isRedrawOn || !m_hWnd) return;
+    m_isPaintDue = true;
+    Invalidate();
+}
+
+// At once: to invalidate the window, to be asked to paint it and to get a device context for that costs more
+// than to compose and copy the picture. Where it is going to be painted anyway, what is shown until then is
+// from before whatever asked for that, and no sample is added to it.
+void CMultiPlotCtrl::ShowSample() {
+    if (!m_isRedrawOn || !m_hWnd || m_isPaintDue) return Changed();
+    if (!m_windowDc) m_windowDc.emplace(m_hWnd);
+    Draw(*m_windowDc);
 }
 
 int CMultiPlotCtrl::ShiftFor(int shift) {
@@ -210,7 +222,14 @@ void CMultiPlotCtrl::Draw(CDC& dc) {
     dc.BitBlt(0, 0, picture.Width(), picture.Height(), picture.Dc(), 0, 0, SRCCOPY);
 }
 
+void CMultiPlotCtrl::OnDestroy() {
+    m_windowDc.reset();
+    m_isPaintDue = false;
+    CWnd::OnDestroy();
+}
+
 void CMultiPlotCtrl::OnPaint() {
+    m_isPaintDue = false;
     CPaintDC dc(m_hWnd);
     Draw(dc);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -74,12 +75,14 @@ private:
         std::string second;
     };
 
+    void OnDestroy();
     void OnPaint();
     void OnSize(UINT type, int width, int height);
 
     void RedrawPictures();
     void RedrawIfDue();
     void Changed();
+    void ShowSample();
     int ShiftFor(int shift);
     void TakeValues(const TraceValues& values);
     void ScrollTraces(int shift);
@@ -103,9 +106,11 @@ private:
     CBrush m_backgroundBrush;
     ChartGeometry m_geometry;
     ChartPictures m_pictures;
+    std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
     bool m_isRedrawOn = true;
     bool m_isRedrawDue = false;       // a full redraw was asked for while off
     bool m_hasChangedUnseen = false;  // the pictures changed while off
+    bool m_isPaintDue = false;        // the window is invalid
 };
 
 }  // namespace plotvane

@@ -138,18 +138,62 @@ TEST_F(MultiPlotCtrl, WindowShowsThePictureAndIsValidAfterwards) {
     EXPECT_EQ(::GetPixel(dc, kLeft + 1, kTop + 1), kBlack);
 }
 
-TEST_F(MultiPlotCtrl, EverySampleInvalidatesTheWholeWindow) {
-    const auto isWholeInvalid = [&] {
-        CRect update;
-        ::GetUpdateRect(chart.m_hWnd, &update, FALSE);
-        return update.Width() == 620 && update.Height() == 310;
-    };
+TEST_F(MultiPlotCtrl, EverySampleIsSeenAtOnce) {
+    ShowOneTraceOnly();
     chart.UpdateWindow();
-    Append(1);
-    EXPECT_TRUE(isWholeInvalid());
+    const CClientDC window(chart.m_hWnd);
+    Append(100);
+    Append(100);
+    EXPECT_EQ(::GetPixel(window, 607, 200), kRed);
+    EXPECT_FALSE(HasUpdateRegion());
+    Append(50);
+    EXPECT_EQ(::GetPixel(window, 604, 200), kRed);
+    EXPECT_EQ(::GetPixel(window, 609, 250), kRed);
+    chart.AppendGap(Values(50));
+    EXPECT_EQ(::GetPixel(window, 574, 200), kRed);
+    EXPECT_EQ(::GetPixel(window, 609, 250), kBlack);
+    EXPECT_FALSE(HasUpdateRegion());
+}
+
+TEST_F(MultiPlotCtrl, AFullRedrawInvalidatesTheWholeWindow) {
     chart.UpdateWindow();
-    chart.AppendGap(Values(1));
-    EXPECT_TRUE(isWholeInvalid());
+    chart.InvalidateCtrl();
+    CRect update;
+    ::GetUpdateRect(chart.m_hWnd, &update, FALSE);
+    EXPECT_EQ(update.Width(), 620);
+    EXPECT_EQ(update.Height(), 310);
+}
+
+TEST_F(MultiPlotCtrl, ASampleBetweenTwoFullRedrawsIsNeverSeen) {
+    ShowOneTraceOnly();
+    Append(100);
+    Append(100);
+    chart.UpdateWindow();
+    const CClientDC window(chart.m_hWnd);
+
+    chart.SetRange(0, 290, kTrace);
+    Append(50);
+    EXPECT_EQ(::GetPixel(window, 609, 250), kBlack);
+    chart.InvalidateCtrl();
+    chart.UpdateWindow();
+    EXPECT_EQ(::GetPixel(window, 609, 250), kBlack);
+    EXPECT_EQ(::GetPixel(window, 607, 200), kBlack);
+
+    Append(50);
+    EXPECT_EQ(::GetPixel(window, 609, 250), kRed);
+}
+
+TEST_F(MultiPlotCtrl, SamplesAreSeenInTheWindowThatItHasNow) {
+    for (const int width : {426, 626}) {
+        Recreate(width, 216);
+        ShowOneTraceOnly();
+        chart.SetRange(0, 190, kTrace);
+        chart.UpdateWindow();
+        Append(100);
+        Append(100);
+        const CClientDC window(chart.m_hWnd);
+        EXPECT_EQ(::GetPixel(window, width - 6 - 13, 100), kRed) << width;
+    }
 }
 
 TEST_F(MultiPlotCtrl, NothingReachesTheScreenWhileRedrawIsOff) {
