@@ -26,10 +26,17 @@ void Session::StartWithHostButNoExchangeFile() {
 }
 
 void Session::StartThroughStandIn(const std::wstring& options) {
-    m_throughStandIn = true;
+    m_throughHost = true;
     const std::wstring host = (ProgramFolder() / "diagnel-sim.exe").wstring();
     m_process = std::make_unique<ChildProcess>(
         L'"' + host + L"\" --folder \"" + Folder().wstring() + L"\" " + options, Folder());
+}
+
+void Session::StartThroughDocumentedHost() {
+    m_throughHost = true;
+    std::filesystem::copy_file(ProgramFolder() / "plotvane.exe", Folder() / "plotvane.exe");
+    m_process = std::make_unique<ChildProcess>(
+        L'"' + (ProgramFolder() / "documented-host.exe").wstring() + L'"', Folder());
 }
 
 void Session::Launch(HANDLE inheritedPipe, int descriptor) {
@@ -41,7 +48,7 @@ RemoteWindow Session::Main() const {
     if (!m_main.Exists()) {
         EXPECT_TRUE(Becomes(
             [this] {
-                m_main = FindMainDialog(m_throughStandIn ? 0 : m_process->Id());
+                m_main = FindMainDialog(m_throughHost ? 0 : m_process->Id());
                 return m_main.Exists();
             },
             true))

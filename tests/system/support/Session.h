@@ -26,9 +26,11 @@ public:
     // Through the stand-in host, which inherits its pipe to the program as the real one does. `options` are
     // its own; the working folder is added.
     void StartThroughStandIn(const std::wstring& options);
+    // The same through the host that the documentation shows, which starts the program in its own folder.
+    void StartThroughDocumentedHost();
 
     PipeHost& Host() { return *m_host; }
-    // The program, or the stand-in host where that started it.
+    // The program, or the other host where that started it.
     ChildProcess& Process() const { return *m_process; }
 
     // The program's main dialog, waited for; an empty window if it does not come.
@@ -54,7 +56,7 @@ private:
     TempFolder m_folder;
     std::unique_ptr<PipeHost> m_host;
     std::unique_ptr<ChildProcess> m_process;
-    bool m_throughStandIn = false;
+    bool m_throughHost = false;  // the process is a host, and the program another one
     mutable RemoteWindow m_main;
 };
 
