@@ -11,11 +11,14 @@ CRect PlaceOfControl(const CWnd& dialog, int id) {
 }
 
 void MoveControlsDown(CWnd& dialog, int firstId, int lastId, int pixels) {
+    if (pixels == 0) return;
+    const CRect origin =
+        dialog.ScreenToClient(CRect());  // asked for once, not for each of a hundred controls
     for (int id = firstId; id <= lastId; ++id) {
+        CRect place;
         const HWND control = dialog.GetDlgItem(id);
-        if (!control) continue;
-        const CRect place = PlaceOfControl(dialog, id);
-        ::SetWindowPos(control, nullptr, place.left, place.top + pixels, 0, 0,
+        if (!control || !::GetWindowRect(control, &place)) continue;
+        ::SetWindowPos(control, nullptr, place.left + origin.left, place.top + origin.top + pixels, 0, 0,
                        SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
     }
 }
