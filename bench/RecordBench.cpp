@@ -1,10 +1,15 @@
 // What a record costs on its way from the bytes of the pipe, or of a log, to slots, texts, traces and fuel
 // figures: all of the program but its windows. Prints microseconds a record, as the median of several
 // rounds, and what the parts of the way take of it.
+//
+// record_bench LOG: plays that log instead, as fast as it goes, and prints what memory the process holds
+// meanwhile.
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -155,6 +160,31 @@ double TracesUs() {
     return (NowUs() - began) / kRecords;
 }
 
+// What this process holds for itself alone; 0 where the system does not say it in this way.
+long PrivateKilobytes() {
+    constexpr long kKilobytesPerPage = 4;
+    long size = 0;
+    long resident = 0;
+    long shared = 0;
+    std::ifstream("/proc/self/statm") >> size >> resident >> shared;
+    return (resident - shared) * kKilobytesPerPage;
+}
+
+void Play(const char* log) {
+    constexpr int kRowsPerLook = 1'000'000;
+    const std::filesystem::path path = std::filesystem::absolute(log);
+    int rows = 0;
+    std::printf("private memory");
+    test::ScriptedPipe noHost;
+    test::WholeWay way(noHost, Meters::Closed, [&](const TraceValues&) {
+        if (rows++ % kRowsPerLook == kWarmUp) std::printf(" %ld", PrivateKilobytes());
+    });
+    const double began = NowUs();
+    way.ReplayFile(path);
+    const double us = NowUs() - began;
+    std::printf(" KB, a million rows apart; %d rows in %.1f s, %.2f us each\n", rows, us / 1e6, us / rows);
+}
+
 void Print(const char* what, double us) {
     std::printf("  %-58s %6.2f us\n", what, us);
     std::fflush(stdout);
@@ -183,7 +213,11 @@ void Run() {
 }  // namespace
 }  // namespace plotvane
 
-int main() {
-    plotvane::Run();
+int main(int count, char** arguments) {
+    if (count == 2) {
+        plotvane::Play(arguments[1]);
+    } else {
+        plotvane::Run();
+    }
     return 0;
 }

@@ -88,7 +88,7 @@ tenfold() {
 replay() {
     local rows=$((minutes * 1000000 / 60)) log=Z:$folder/LOGS/soak.csv
     start plotvane
-    write_log "$rows" >"$folder/LOGS/soak.csv"
+    write_log "$rows" 0.001 >"$folder/LOGS/soak.csv"
     local began=$SECONDS time
     remote load "${log//\//\\}"
     sleep "$warm_up"
@@ -103,27 +103,6 @@ replay() {
 blocks() {
     PLOTVANE_BLOCKS=$((minutes * 10000 / 60 / 2)) wine "$bin/stress_tests.exe" \
         --gtest_brief=1 --gtest_filter='ForeignBlocks.*' 2>/dev/null
-}
-
-# Twelve fields, each of which changes from row to row.
-write_log() {
-    awk -v rows="$1" 'BEGIN {
-        OFS = ","; ORS = "\r\n"
-        print "Friday,20,November,2026,10:15:30"
-        print "038 906 019 FT,Engine control"
-        print ""
-        print ",Row A,\x27001,,,,Row B,\x27003,,,,Row C,\x27031"
-        print ",,Engine speed,Road speed,Coolant,Supply,,Air mass,Throttle,Charge,Ignition,,Lambda,Lambda,Control,Flow"
-        print ",,,,,,,,,,,,,,,"
-        print "mark,time, /min, km/h, \xB0" "C, V,time, mg/str, %, mbar, %,time,,, %, l/h"
-        for (row = 1; row <= rows; ++row) {
-            time = sprintf("%.3f", row / 1000)
-            wave = row % 400; if (wave > 200) wave = 400 - wave
-            print row % 1000, time, 800 + 20 * wave, wave, 80 + wave / 10, 12 + wave / 100,
-                time, 100 + wave, wave / 2, 1000 + wave, wave / 8,
-                time, 0.9 + wave / 1000, 0.95 + wave / 2000, wave / 20, 1 + wave / 10, ""
-        }
-    }'
 }
 
 # soak RUN: in a shell of its own, which the first step that fails ends.

@@ -57,11 +57,10 @@ public:
         }
     }
 
-    void Show(HDC target) const {
-        ::BitBlt(m_shown.Dc(), 0, 0, m_look.width, m_look.height, m_grid.Dc(), 0, 0, SRCCOPY);
-        ::BitBlt(m_shown.Dc(), 0, 0, m_look.width, m_look.height, m_traces.Dc(), 0, 0, SRCPAINT);
-        ::BitBlt(target, 0, 0, m_look.width, m_look.height, m_shown.Dc(), 0, 0, SRCCOPY);
-    }
+    void Show(HDC target) const { ShowBy(m_shown, target); }
+
+    // The same by way of a bitmap made anew for this one time.
+    void ShowByNewBitmap(HDC target) const { ShowBy(Sheet(m_look.width, m_look.height), target); }
 
 private:
     // A bitmap like the screen's, in a device context of its own.
@@ -82,6 +81,12 @@ private:
         CBitmap m_bitmap;
         Selected m_bitmapInDc;
     };
+
+    void ShowBy(const Sheet& shown, HDC target) const {
+        ::BitBlt(shown.Dc(), 0, 0, m_look.width, m_look.height, m_grid.Dc(), 0, 0, SRCCOPY);
+        ::BitBlt(shown.Dc(), 0, 0, m_look.width, m_look.height, m_traces.Dc(), 0, 0, SRCPAINT);
+        ::BitBlt(target, 0, 0, m_look.width, m_look.height, shown.Dc(), 0, 0, SRCCOPY);
+    }
 
     void FillTraces(RECT area) { ::FillRect(m_traces.Dc(), &area, m_background.Get()); }
 

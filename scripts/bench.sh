@@ -1,0 +1,194 @@
+#!/usr/bin/env bash
+# bench.sh [PART...]: measures what docs/performance.md tells, all parts or the named ones, on a display of its own.
+# Prints each figure as it comes, and in the end the tables, ready for that page; they stay in build/bench/report.md.
+#
+#   size     the program, and an empty dialog built the same way
+#   record   a record from bytes to slots, texts and traces, natively
+#   chart    a sample on the chart, against bare calls
+#   start    from the start of the process to the painted chart, and private memory, against the empty dialog
+#   program  the whole program: CPU time of its process and of the Wine server for a record
+#   log      a log of 500 MB: when it begins to play, and its memory
+#   pace     how well a replay keeps its pace
+#
+# A busy machine tells nothing: figures between two runs compare only where it had nothing else to do.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/common.sh
+
+all_parts=(size record chart start program log pace)
+parts=("$@")
+((${#parts[@]})) || parts=("${all_parts[@]}")
+for part in "${parts[@]}"; do
+    [[ " ${all_parts[*]} " == *" $part "* ]] || die "usage: scripts/bench.sh [${all_parts[*]}]"
+done
+
+watched_seconds=12  # of each run of the whole program
+log_rows=5700000    # some 500 MB
+
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" procps
+take_turn
+say "building (build/bench, build/windows)"
+build_preset bench record_bench
+build_preset windows plotvane diagnel-sim plotvane-remote chart_bench replay_pace_bench empty_dialog start_bench \
+    log_bench
+bin=$build/windows
+report=$build/bench/report.md
+# The tallest picture has ten meters below one another.
+start_display 1920x2000
+prepare_wine
+
+# Wine's own remarks on its set-up are none of ours.
+run_wine() { wine "$@" 2> >(grep -av -e wine32 -e multiarch -e 'dpkg --add' -e '^apt-get' >&2); }
+remote() { run_wine "$bin/plotvane-remote.exe" "$@"; }
+
+size() {
+    local name
+    for name in plotvane empty_dialog; do
+        printf '%-14s %8d bytes\n' "$name.exe" "$(stat -c %s "$bin/$name.exe")"
+    done
+}
+
+record() { "$build/bench/record_bench"; }
+chart() { run_wine "$bin/chart_bench.exe"; }
+start() { run_wine "$bin/start_bench.exe"; }
+pace() { run_wine "$bin/replay_pace_bench.exe"; }
+
+# The process of that name in this prefix.
+process_of() {
+    local id
+    for id in $(pgrep -x "$1"); do
+        ! tr '\0' '\n' 2>/dev/null <"/proc/$id/environ" | grep -qxF "WINEPREFIX=$WINEPREFIX" || echo "$id"
+    done
+}
+
+# User and system time of a process in milliseconds, finished children left out.
+cpu_ms() {
+    awk -v tick="$(getconf CLK_TCK)" '{ sub(/.*\) /, ""); print ($12 + $13) * 1000 / tick }' "/proc/$1/stat"
+}
+
+# Twenty rows a second of twelve fields, each of which changes with every row. The first is the row's own number,
+# by which is counted what the program has shown.
+write_drive() {
+    awk 'BEGIN {
+        OFS = ","
+        print "t,rpm,speed_kmh,coolant_c,supply_volt,air_mgstr,throttle_pct,charge_mbar,torque_nm,maf_gs,flow_lph," \
+            "fuel_l,injection_ms"
+        for (row = 0; row < 4000; ++row) {
+            wave = row % 200; if (wave > 100) wave = 200 - wave
+            print row / 20, row, 20 + wave, 30.5 + wave / 2, 10 + wave / 10, 100 + 5 * wave, wave / 2 + 0.5,
+                1000 + 10 * wave, 3 * wave, wave / 4, 1 + wave / 10, 5 + wave / 10, wave / 5
+        }
+    }'
+}
+
+folder=$build/bench/folder
+
+# play live|silent|replay: starts the program in a fresh folder, with its data coming.
+play() {
+    rm -rf "$folder"
+    mkdir -p "$folder/LOGS"
+    local options=(--csv "Z:$folder/drive.csv" --rate 20)
+    case $1 in
+        silent) options+=(--fault silence@2) ;;
+        fast) options[3]=200 ;;
+    esac
+    cd "$folder"
+    if [[ $1 == replay ]]; then
+        # Eight times the speed asks for 200 rows a second: 10 ms from one to the next, of which the pacing takes
+        # 5 ms off for the work.
+        write_log 20000 0.08 >LOGS/drive.csv
+        setsid wine "$bin/plotvane.exe" </dev/null 9>&- >/dev/null 2>&1 &
+    else
+        write_drive >drive.csv
+        setsid wine "$bin/diagnel-sim.exe" --folder "Z:$folder" "${options[@]}" </dev/null 9>&- >/dev/null 2>&1 &
+    fi
+    started=$!
+    groups+=("$started")
+    cd "$root"
+    if [[ $1 == replay ]]; then
+        local log=Z:$folder/LOGS/drive.csv
+        remote load "${log//\//\\}"
+        remote faster
+    fi
+}
+
+# The number of the record that is shown, and when that was asked: by the first value box, or by the log's time.
+shown_record() {
+    local texts
+    texts=$(remote texts)
+    awk -v now="$EPOCHREALTIME" '/^A1 / { count = $2 } /^time / { if ($2 != "") count = $2 / 0.08 }
+        END { print count + 0, now }' <<<"$texts"
+}
+
+# measure NAME live|silent|fast|replay METERS
+measure() {
+    local name=$1 source=$2 meters=$3 meter
+    play "$source"
+    for ((meter = 0; meter < meters; ++meter)); do remote meter "$meter"; done
+    sleep 3
+    local process server first last before after
+    process=$(process_of plotvane.exe)
+    server=$(process_of 'wineserver(64)?')
+    [[ $process == +([0-9]) && $server == +([0-9]) ]] || die "not one program and one server: $process; $server"
+    first=$(shown_record)
+    sleep 1
+    before="$EPOCHREALTIME $(cpu_ms "$process") $(cpu_ms "$server")"
+    sleep "$watched_seconds"
+    after="$EPOCHREALTIME $(cpu_ms "$process") $(cpu_ms "$server")"
+    last=$(shown_record)
+    remote close
+    wait "$started" || die "$name: the program ended with $?"
+    awk -v name="$name" -v source="$source" '{
+        seconds = $8 - $5; rate = ($3 - $1) / ($4 - $2)
+        program = ($9 - $6) / seconds; server = ($10 - $7) / seconds
+        if (source == "silent") {
+            printf "| %s | - | %.2f | %.2f | %.2f, no record | \n", name, program, server, program + server
+        } else {
+            printf "| %s | %.2f | %.2f | %.2f | **%.2f** |\n", name, rate, program / rate, server / rate,
+                (program + server) / rate
+        }
+    }' <<<"$first $last $before $after"
+}
+
+program() {
+    echo "| run | records shown a second | program, ms a record | Wine server, ms a record | both |"
+    echo "|---|---|---|---|---|"
+    measure "twenty records a second" live 0
+    measure "the same, four meters open" live 4
+    measure "the same, ten meters open" live 10
+    measure "the host sends 200 a second" fast 0
+    measure "a replay at 200 a second" replay 0
+    measure "the same, four meters open" replay 4
+    measure "no records (ms a second)" silent 0
+}
+
+log() {
+    local large=$scratch/large.csv small=$scratch/small.csv
+    write_log 1000000 0.001 | head -n 30000 >"$small"
+    write_log "$log_rows" 0.001 >"$large"
+    echo "the program"
+    run_wine "$bin/log_bench.exe" "Z:${small//\//\\}" "Z:${large//\//\\}"
+    echo "the portable code, natively, from end to end"
+    "$build/bench/record_bench" "$large"
+    rm "$large"
+}
+
+{
+    printf 'Measured on %s: %s, %s processors, %s, %s, load before %s.\n' "$(date -u +%F)" \
+        "$(sed -n 's/^model name.*: //p' /proc/cpuinfo | head -1)" "$(nproc)" "$(uname -sr)" \
+        "$(wine --version 2>/dev/null)" "$(cut -d' ' -f1 /proc/loadavg)"
+} >"$report"
+for part in "${parts[@]}"; do
+    say "measuring: $part"
+    {
+        printf '\n### %s\n\n' "$part"
+        if [[ $part == program ]]; then
+            "$part"
+        else
+            echo '```'
+            "$part"
+            echo '```'
+        fi
+    } | tr -d '\r' | tee -a "$report"
+done
+say "the same is in $report"
