@@ -4,8 +4,8 @@
 #
 #   made        package.sh makes the same bytes twice
 #   zip         unpacked into a folder with blanks and umlauts, it plays its sample log
-#   installer   it installs without a question; its Start-menu entry starts the program in the right folder; the
-#               uninstaller leaves the user's files alone
+#   installer   it installs without a question; its Start-menu entry starts the program in the right folder; while
+#               that runs, nothing is replaced or removed; the uninstaller leaves the user's files alone
 #   upgrade     installed over an older version, it replaces the program and keeps the user's files
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -87,14 +87,27 @@ start_by_entry() {
     groups+=($!)
 }
 
+# refuses PROGRAM [OPTION]: while Plotvane runs, and leaves it alone.
+refuses() {
+    local status=0
+    watched wine "$1" /S "${@:2}" || status=$?
+    ((status == 2)) || die "$1 does not refuse while the program runs, status $status"
+    cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
+}
+
 check_installer() {
     say "installing"
     install "$package"/plotvane-*-setup.exe
     expect "$folder/manual.html"
+    expect "${entry%.lnk} manual.lnk"
     cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
 
     say "starting by the Start-menu entry"
     start_by_entry
+    wait_for 20 remote place >/dev/null || die "the program does not start"
+    refuses "$package"/plotvane-*-setup.exe
+    # Where it is told its folder it works itself, instead of a copy that nobody waits for.
+    refuses "$folder/uninstall.exe" "_?=$(windows_path "$folder")"
     play_and_close "$folder"
     expect_gone "$WINEPREFIX/drive_c/windows/Scaling"
     echo "user" >"$folder/LOGS/mine.csv"
@@ -106,6 +119,7 @@ check_installer() {
     wait_for 30 test ! -e "$entry" || die "the Start-menu entry is still there"
     expect_gone "$folder/manual.html"
     expect_gone "$folder/CHANGES.txt"
+    expect_gone "${entry%.lnk} manual.lnk"
     expect "$folder/Scaling/Prefs.cfg"
     expect "$folder/LOGS/mine.csv"
     expect "$folder/labels"
@@ -117,8 +131,7 @@ check_upgrade() {
     rm -rf "$older"
     cp -r "$package"/plotvane-*/ "$older"
     echo "older" | tee "$older/plotvane.exe" >"$older/manual.html"
-    makensis -V2 -DVERSION=1.0 "-DSOURCE=$older" "-DICON=$root/res/icons/plotvane.ico" \
-        "-DOUTPUT=$older/older.exe" packaging/installer.nsi
+    packaging/make-installer.sh 1.0 "$older" "$older/older.exe"
     install "$older/older.exe"
     grep -qx "older" "$folder/plotvane.exe" || die "the older version is not there"
 

@@ -1,5 +1,5 @@
 ; The installer: for the user who runs it, without administrator rights, into a folder that he may write to.
-; package.sh gives it VERSION, SOURCE (the filled folder), ICON and OUTPUT.
+; package.sh gives it VERSION, SOURCE (the filled folder), ICON, PICTURE (beside the last page) and OUTPUT.
 
 ; 64 bit, as the program: it has no business on anything else.
 Target amd64-unicode
@@ -17,14 +17,41 @@ BrandingText " "
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_FUNCTION StartInItsFolder
+!define MUI_FINISHPAGE_SHOWREADME "$INSTDIR\manual.html"
+!define MUI_FINISHPAGE_SHOWREADME_TEXT "Read the manual"
+!define MUI_FINISHPAGE_SHOWREADME_NOTCHECKED
+!define MUI_UNCONFIRMPAGE_TEXT_TOP "Plotvane will be removed. Your settings, logs and labels stay in this folder: \
+  Scaling, LOGS and labels."
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+
+; A running program can be neither replaced nor removed. Its mutex tells, as it does a second copy. Without a
+; question (/S) nothing happens, and the exit status is 2.
+!macro RefuseWhileItRuns
+  again:
+    System::Call 'kernel32::OpenMutexW(i 0x100000, i 0, w "Grafell-Running") p .r0'
+    StrCmp $0 0 closed
+    System::Call 'kernel32::CloseHandle(p r0)'
+    MessageBox MB_OKCANCEL|MB_ICONEXCLAMATION "Plotvane is running. Please close it, then press OK." /SD IDCANCEL IDOK again
+    SetErrorLevel 2
+    Quit
+  closed:
+!macroend
+
+Function .onInit
+  !insertmacro RefuseWhileItRuns
+FunctionEnd
+
+Function un.onInit
+  !insertmacro RefuseWhileItRuns
+FunctionEnd
 
 ; Settings, logs and labels belong to the folder that is current at the start.
 Function StartInItsFolder
@@ -51,6 +78,7 @@ Section
   ; The output folder becomes the folder that the entry starts in.
   SetOutPath "$INSTDIR"
   CreateShortCut "$SMPROGRAMS\Plotvane.lnk" "$INSTDIR\plotvane.exe"
+  CreateShortCut "$SMPROGRAMS\Plotvane manual.lnk" "$INSTDIR\manual.html"
 
   WriteUninstaller "$INSTDIR\uninstall.exe"
   WriteRegStr HKCU "${KEY}" "DisplayName" "Plotvane"
@@ -70,6 +98,7 @@ Section "Uninstall"
   Delete "$INSTDIR\CHANGES.txt"
   Delete "$INSTDIR\uninstall.exe"
   Delete "$SMPROGRAMS\Plotvane.lnk"
+  Delete "$SMPROGRAMS\Plotvane manual.lnk"
   DeleteRegKey HKCU "${KEY}"
   RMDir "$INSTDIR"
 SectionEnd

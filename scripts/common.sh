@@ -26,7 +26,7 @@ build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
 test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev)
 fuzz_packages=(clang libclang-rt-dev)
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
-package_packages=(git zip unzip cmark-gfm nsis)
+package_packages=(git zip unzip cmark-gfm nsis imagemagick)
 
 # need_packages PACKAGE...: installs by apt what is missing of them.
 need_packages() {

@@ -48,8 +48,7 @@ zip_name=plotvane-$version-win64.zip
     find "plotvane-$version" -type f | LC_ALL=C sort | zip -X -9 -q "$zip_name" -@
 )
 setup_name=plotvane-$version-setup.exe
-makensis -V2 "-DVERSION=$version" "-DSOURCE=$folder" "-DICON=$root/res/icons/plotvane.ico" \
-    "-DOUTPUT=$package/$setup_name" packaging/installer.nsi
+packaging/make-installer.sh "$version" "$folder" "$package/$setup_name"
 (cd "$package" && sha256sum "$zip_name" "$setup_name" >SHA256SUMS)
 say "made $package/$zip_name and $setup_name"
 cat "$package/SHA256SUMS"
