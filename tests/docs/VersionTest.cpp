@@ -1,0 +1,32 @@
+// One version, in app/Version.h; the other places that cannot take it from there say the same.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "app/Version.h"
+#include "tests/docs/Page.h"
+
+namespace plotvane::test {
+namespace {
+
+class VersionTest : public testing::TestWithParam<std::pair<const char*, const char*>> {};
+
+TEST_P(VersionTest, IsTheProgramsOwn) {
+    const auto& [file, before] = GetParam();
+    const std::string expected = std::string(before) + kVersion;
+    const std::string text = SourceText(file);
+    const std::size_t place = text.find(expected);
+    ASSERT_NE(place, std::string::npos) << file << " does not say " << expected;
+    const char behind = text[place + expected.size()];
+    EXPECT_TRUE(behind == '"' || behind == '\n' || behind == '\\') << file << " says more than " << expected;
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, VersionTest,
+                         testing::Values(std::pair("CHANGELOG.md", "## "),
+                                         std::pair("packaging/read-me-first.txt", "PLOTVANE "),
+                                         std::pair("res/version.rc", "VALUE \"FileVersion\", \""),
+                                         std::pair("res/version.rc", "VALUE \"ProductVersion\", \""),
+                                         std::pair("res/main-dialog.rc", "CAPTION \"Plotvane v")));
+
+}  // namespace
+}  // namespace plotvane::test
