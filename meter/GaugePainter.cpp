@@ -18,10 +18,11 @@ private:
 };
 
 void FillTriangle(CDC& dc, const DialTriangle& triangle, Colour colour) {
-    const CPen pen{::CreatePen(PS_SOLID, 1, colour)};
-    const CBrush brush{::CreateSolidBrush(colour)};
-    const Selected penInDc{dc, pen};
-    const Selected brushInDc{dc, brush};
+    // The device context's own, which cost no making and freeing.
+    const Selected penInDc{dc, ::GetStockObject(DC_PEN)};
+    const Selected brushInDc{dc, ::GetStockObject(DC_BRUSH)};
+    ::SetDCPenColor(dc, colour);
+    ::SetDCBrushColor(dc, colour);
     dc.Polygon(ToGdi(triangle));
 }
 

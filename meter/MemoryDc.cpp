@@ -11,17 +11,28 @@ bool IsPrinting(HDC dc) {
 
 }  // namespace
 
+HDC MemorySurface::Fit(HDC like, int width, int height) {
+    if (m_bitmap && width == m_width && height == m_height) return m_dc.Get();
+    m_width = width;
+    m_height = height;
+    m_bitmapInDc.reset();
+    m_dc = MemoryDc{::CreateCompatibleDC(like)};
+    m_bitmap = CBitmap{::CreateCompatibleBitmap(like, width, height)};
+    m_bitmapInDc.emplace(m_dc.Get(), m_bitmap);
+    return m_dc.Get();
+}
+
 CMemoryDC::CMemoryDC(CDC& target, const RECT* rect)
     : CDC(nullptr),
       m_target(target),
       m_rect(rect ? CRect{*rect} : target.GetClipBox()),
       m_offScreen(!IsPrinting(target)) {
-    if (m_offScreen) {
-        CreatePicture();
-    } else {
-        m_hDC = target;
-    }
-    FillSolidRect(m_rect, target.GetBkColor());
+    Begin(m_own);
+}
+
+CMemoryDC::CMemoryDC(CDC& target, const RECT& rect, MemorySurface& surface)
+    : CDC(nullptr), m_target(target), m_rect(rect), m_offScreen(!IsPrinting(target)) {
+    Begin(surface);
 }
 
 CMemoryDC::~CMemoryDC() {
@@ -30,22 +41,21 @@ CMemoryDC::~CMemoryDC() {
                     SRCCOPY);
 }
 
-void CMemoryDC::CreatePicture() {
-    m_dc = MemoryDc{::CreateCompatibleDC(m_target)};
-    m_hDC = m_dc.Get();
-
-    CRect device = m_rect;
-    const auto corners = reinterpret_cast<POINT*>(static_cast<RECT*>(&device));
-    ::LPtoDP(m_target, corners, 2);
-    // A target whose y axis points upwards turns the rectangle over.
-    m_bitmap =
-        CBitmap{::CreateCompatibleBitmap(m_target, std::abs(device.Width()), std::abs(device.Height()))};
-    m_bitmapInDc.emplace(m_hDC, m_bitmap);
-
-    ::SetMapMode(m_hDC, ::GetMapMode(m_target));
-    ::DPtoLP(m_target, corners, 2);
-    m_rect = device;
-    ::SetWindowOrgEx(m_hDC, m_rect.left, m_rect.top, nullptr);
+void CMemoryDC::Begin(MemorySurface& surface) {
+    if (m_offScreen) {
+        CRect device = m_rect;
+        const auto corners = reinterpret_cast<POINT*>(static_cast<RECT*>(&device));
+        ::LPtoDP(m_target, corners, 2);
+        // A target whose y axis points upwards turns the rectangle over.
+        m_hDC = surface.Fit(m_target, std::abs(device.Width()), std::abs(device.Height()));
+        ::SetMapMode(m_hDC, ::GetMapMode(m_target));
+        ::DPtoLP(m_target, corners, 2);
+        m_rect = device;
+        ::SetWindowOrgEx(m_hDC, m_rect.left, m_rect.top, nullptr);
+    } else {
+        m_hDC = m_target;
+    }
+    FillSolidRect(m_rect, m_target.GetBkColor());
 }
 
 }  // namespace plotvane

@@ -7,6 +7,23 @@
 
 namespace plotvane {
 
+// What a CMemoryDC draws on. Whoever paints the same window with every sample keeps it: making a device
+// context and a bitmap anew costs more than a small drawing.
+class MemorySurface {
+public:
+    // A memory device context like `like` with a bitmap of this size, made anew only where the size differs.
+    // What was drawn last may still be on it.
+    HDC Fit(HDC like, int width, int height);
+
+private:
+    int m_width = 0;
+    int m_height = 0;
+    // In this order, so that the bitmap is out of the device context before either goes.
+    MemoryDc m_dc;
+    CBitmap m_bitmap;
+    std::optional<Selected> m_bitmapInDc;
+};
+
 // Painting without flicker: what is drawn on it goes to a picture of its own, filled with the target's
 // background colour, and reaches the target in one piece when this object dies. Coordinates are the target's.
 //
@@ -16,20 +33,20 @@ public:
     // Covers the rectangle, in the target's logical units, or what the target shows at all. The target has to
     // outlive this object.
     explicit CMemoryDC(CDC& target, const RECT* rect = nullptr);
+
+    // The same on a surface that is kept, and has to outlive this object too.
+    CMemoryDC(CDC& target, const RECT& rect, MemorySurface& surface);
     ~CMemoryDC();
 
     bool IsOffScreen() const { return m_offScreen; }
 
 private:
-    void CreatePicture();
+    void Begin(MemorySurface& surface);
 
     CDC& m_target;
     CRect m_rect;
     const bool m_offScreen;
-    // In this order, so that the bitmap is out of the device context before either goes.
-    MemoryDc m_dc;
-    CBitmap m_bitmap;
-    std::optional<Selected> m_bitmapInDc;
+    MemorySurface m_own;
 };
 
 }  // namespace plotvane

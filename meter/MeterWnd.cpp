@@ -1,7 +1,6 @@
 #include "meter/MeterWnd.h"
 
 #include "framework/Text.h"
-#include "meter/MemoryDc.h"
 #include "res/resource.h"
 
 namespace plotvane {
@@ -127,10 +126,9 @@ void CMeterWnd::OnDestroy() {
 }
 
 void CMeterWnd::OnPaint() {
+    m_isPaintDue = false;
     CPaintDC paint{m_hWnd};
-    const CRect client = GetClientRect();
-    CMemoryDC picture{paint, &client};
-    m_painter.Paint(picture, client, m_gauge);
+    Paint(paint);
 }
 
 void CMeterWnd::OnSize(UINT type, int width, int height) {
@@ -178,15 +176,31 @@ void CMeterWnd::OnResetPeak() {
 void CMeterWnd::Apply(GaugeChange change) {
     if (change == GaugeChange::Whole) {
         InvalidateBackground();
-    } else if (change == GaugeChange::Moving && m_hWnd) {
-        Invalidate(false);
+    } else if (change == GaugeChange::Moving) {
+        ShowValue();
     }
 }
 
 void CMeterWnd::InvalidateBackground() {
     m_painter.DiscardDial();
     // Without a window it would be the whole screen that is painted anew.
-    if (m_hWnd) Invalidate();
+    if (!m_hWnd) return;
+    m_isPaintDue = true;
+    Invalidate();
+}
+
+// At once: by way of WM_PAINT the same costs half as much again. Where the window is going to be painted
+// anyway, the value is seen then.
+void CMeterWnd::ShowValue() {
+    if (!m_hWnd || m_isPaintDue) return;
+    if (!m_windowDc) m_windowDc.emplace(m_hWnd);
+    Paint(*m_windowDc);
+}
+
+void CMeterWnd::Paint(CDC& target) {
+    const CRect client = GetClientRect();
+    CMemoryDC picture{target, client, m_surface};
+    m_painter.Paint(picture, client, m_gauge);
 }
 
 void CMeterWnd::LetUserChoose(void (CMeterWnd::*set)(COLORREF)) {

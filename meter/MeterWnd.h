@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -7,6 +8,7 @@
 #include "meter/ColorChooser.h"
 #include "meter/Gauge.h"
 #include "meter/GaugePainter.h"
+#include "meter/MemoryDc.h"
 
 namespace plotvane {
 
@@ -26,7 +28,7 @@ public:
     // without a window, and may be told anything.
     bool Create(const wchar_t* className, DWORD style, const RECT& rect, HWND parent);
 
-    void SetValue(double value);  // repaints; the dial is kept. What is no finite number is dropped.
+    void SetValue(double value);  // is seen at once; the dial is kept. What is no finite number is dropped.
     void SetRange(double minimum, double maximum);  // restarts both markers if it differs
     void SetValueDecimals(int decimals);
     void SetRangeDecimalsZero();
@@ -58,10 +60,15 @@ private:
 
     void Apply(GaugeChange change);
     void InvalidateBackground();
+    void ShowValue();
+    void Paint(CDC& target);
     void LetUserChoose(void (CMeterWnd::*set)(COLORREF));
 
     Gauge m_gauge;           // what is shown
     GaugePainter m_painter;  // how
+    MemorySurface m_surface;
+    std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
+    bool m_isPaintDue = false;            // the window is invalid
     CMeterWnd** const m_ownerSlot;
     std::vector<ColorChooser*> m_choosers;  // open now, the innermost last; on the stack of LetUserChoose
     DECLARE_MESSAGE_MAP()

@@ -49,6 +49,48 @@ TEST(MemoryDc, DrawsAtTheTargetsCoordinatesAndNowhereElse) {
     EXPECT_EQ(canvas.At(5, 12), kUntouched);
 }
 
+TEST(MemoryDc, DrawsTheSameOnASurfaceThatIsKept) {
+    MemorySurface surface;
+    Canvas canvas{20, 20};
+    for (const CRect& rect :
+         {CRect{5, 6, 15, 12}, CRect{6, 7, 16, 13}, CRect{0, 0, 20, 20}, CRect{2, 2, 4, 4}}) {
+        canvas.Dc().SetBkColor(kInk);
+        canvas.Dc().FillSolidRect(CRect{0, 0, 20, 20}, kInk);
+        canvas.Dc().SetBkColor(kGround);
+        {
+            CMemoryDC memory{canvas.Dc(), rect, surface};
+            memory.SetPixel(rect.left, rect.top, RGB(1, 2, 3));
+            EXPECT_EQ(canvas.At(rect.left, rect.top), kInk);
+        }
+        EXPECT_EQ(canvas.At(rect.left, rect.top), RGB(1, 2, 3));
+        EXPECT_EQ(canvas.At(rect.left + 1, rect.top), kGround);
+        EXPECT_EQ(canvas.At(rect.right - 1, rect.bottom - 1), kGround);
+        if (rect.left > 0) {
+            EXPECT_EQ(canvas.At(rect.left - 1, rect.top), kInk);
+            EXPECT_EQ(canvas.At(rect.right, rect.bottom), kInk);
+        }
+    }
+}
+
+TEST(MemoryDc, ASurfaceThatIsKeptIsMadeOnce) {
+    const int before = LivingGdiObjects();
+    {
+        MemorySurface surface;
+        Canvas canvas{20, 20};
+        const CRect rect{0, 0, 20, 20};
+        const int withCanvas = LivingGdiObjects();
+        HDC dc = nullptr;
+        for (int round = 0; round < 3; ++round) {
+            const CMemoryDC memory{canvas.Dc(), rect, surface};
+            if (round == 0) dc = memory.GetSafeHdc();
+            EXPECT_EQ(memory.GetSafeHdc(), dc);
+            EXPECT_EQ(LivingGdiObjects(), withCanvas + 2);
+        }
+        EXPECT_EQ(LivingGdiObjects(), withCanvas + 2);
+    }
+    EXPECT_EQ(LivingGdiObjects(), before);
+}
+
 TEST(MemoryDc, CoversTheClipBoxWhenItIsGivenNoRectangle) {
     Canvas canvas{20, 20};
     canvas.Dc().SetBkColor(kGround);

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <ostream>
+#include <vector>
 
 #include "framework/Gdi.h"
 #include "res/resource.h"
@@ -21,7 +23,8 @@ using test::MeterSlot;
 using test::Settle;
 using test::Stage;
 
-constexpr int kObjectsOfADial = 4;  // device context, bitmap, font, region
+constexpr int kObjectsOfADial = 4;                     // device context, bitmap, font, region
+constexpr int kObjectsOfAMeter = kObjectsOfADial + 2;  // and the device context and bitmap it paints on
 
 // The colour that is on the screen there.
 COLORREF Shown(const CMeterWnd& meter, int x, int y) {
@@ -61,7 +64,7 @@ TEST(MeterWnd, PaintsAtOnceWhenItIsCreated) {
     ASSERT_TRUE(slot->Create(CMeterWnd::WindowClass(), kFieldMeterStyle, kMeterRect, nullptr));
     // Without a message dispatched.
     EXPECT_FALSE(HasSomethingToPaint(*slot));
-    EXPECT_EQ(LivingGdiObjects(), objects + kObjectsOfADial);
+    EXPECT_EQ(LivingGdiObjects(), objects + kObjectsOfAMeter);
     slot->DestroyWindow();
     EXPECT_EQ(slot, nullptr);
 }
@@ -162,6 +165,17 @@ TEST(MeterWnd, StaysAnObjectWithoutAWindowWhenItCannotBeCreated) {
     EXPECT_FALSE(HasSomethingToPaint(other));
 }
 
+// The client area as it stands on the screen.
+std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter) {
+    const CRect client = meter.GetClientRect();
+    const Picture picture(client.Width(), client.Height());
+    const CClientDC window{meter.GetSafeHwnd()};
+    CDC(picture.Dc()).BitBlt(0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
+    std::vector<std::uint32_t> pixels(picture.Pixels().begin(), picture.Pixels().end());
+    for (std::uint32_t& pixel : pixels) pixel &= 0xFFFFFF;
+    return pixels;
+}
+
 // What a setter asks to be painted: the dial that is discarded gives its objects back at once.
 enum class Repaint { Nothing, WithTheDialKept, WithANewDial };
 
@@ -174,11 +188,14 @@ template <typename Action>
 Repaint RepaintAfter(CMeterWnd& meter, Action action) {
     Settle(meter);
     const int objects = LivingGdiObjects();
+    CClientDC window{meter.GetSafeHwnd()};
+    constexpr COLORREF kScribble = RGB(255, 0, 255);
+    window.SetPixel(0, 0, kScribble);
     action();
     const bool dialIsKept = LivingGdiObjects() == objects;
     if (!HasSomethingToPaint(meter)) {
         EXPECT_TRUE(dialIsKept) << "a dial was discarded that nobody is asked to paint again";
-        return Repaint::Nothing;
+        return ::GetPixel(window, 0, 0) == kScribble ? Repaint::Nothing : Repaint::WithTheDialKept;
     }
     EXPECT_TRUE(dialIsKept || LivingGdiObjects() == objects - kObjectsOfADial);
     CRect update;
@@ -199,6 +216,47 @@ TEST(MeterWnd, RepaintsAValueOnTheDialThatIsKept) {
     EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetValue(std::numeric_limits<double>::quiet_NaN()); }),
               Repaint::Nothing);
     EXPECT_EQ(meter.Shown().Value(), 50);
+}
+
+TEST(MeterWnd, ShowsAValueAtOnce) {
+    MeterSlot slot;
+    CMeterWnd& meter = slot.Open();
+    Settle(meter);
+    for (const double value : {100.0, 0.0, 50.0}) {
+        meter.SetValue(value);
+        EXPECT_FALSE(HasSomethingToPaint(meter));
+        const auto shown = PixelsOf(meter);
+        meter.Invalidate();
+        Settle(meter);
+        EXPECT_EQ(shown, PixelsOf(meter)) << value;
+    }
+}
+
+TEST(MeterWnd, LeavesAValueToThePaintThatIsComing) {
+    MeterSlot slot;
+    CMeterWnd& meter = slot.Open();
+    Settle(meter);
+    const auto before = PixelsOf(meter);
+    meter.SetRange(0, 6000);
+    meter.SetValue(3000);
+    EXPECT_EQ(PixelsOf(meter), before);
+    EXPECT_TRUE(HasSomethingToPaint(meter));
+    Settle(meter);
+    EXPECT_NE(PixelsOf(meter), before);
+}
+
+TEST(MeterWnd, ShowsAValueInTheSizeThatItHasNow) {
+    MeterSlot slot;
+    CMeterWnd& meter = slot.Open();
+    for (const int size : {150, 220}) {
+        ::SetWindowPos(meter.GetSafeHwnd(), nullptr, 0, 0, size, size, SWP_NOMOVE | SWP_NOZORDER);
+        Settle(meter);
+        meter.SetValue(size / 4.0);
+        const auto shown = PixelsOf(meter);
+        meter.Invalidate();
+        Settle(meter);
+        EXPECT_EQ(shown, PixelsOf(meter)) << size;
+    }
 }
 
 TEST(MeterWnd, MakesANewDialWhereSomethingDiffers) {
@@ -328,7 +386,8 @@ void OpenAndClose(DWORD style, HWND parent) {
     CMeterWnd* slot = nullptr;
     slot = new CMeterWnd{&slot};
     ASSERT_TRUE(slot->Create(CMeterWnd::WindowClass(), style | WS_VISIBLE, kMeterRect, parent));
-    ASSERT_EQ(LivingGdiObjects(), objects + kObjectsOfADial);
+    ASSERT_EQ(LivingGdiObjects(), objects + kObjectsOfAMeter);
+    slot->SetValue(1);
     slot->SendMessage(WM_CLOSE);
     ASSERT_EQ(slot, nullptr);
     ASSERT_EQ(LivingGdiObjects(), objects);
