@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
+#include <cstdio>
+#include <filesystem>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
 #include <string>
 #include <utility>
 
+#include "logs/LabelFile.h"
+#include "logs/ModuleKey.h"
 #include "plot/AirFuelRule.h"
 #include "plot/FuelFigures.h"
 #include "scaling/DefaultScaling.h"
@@ -158,6 +162,20 @@ TEST(ManualScalingTest, ListsTheUnitsThatAreKnownFromTheStart) {
     EXPECT_EQ(told, known);
 }
 
+TEST(ManualLabelsTest, ShowsLinesThatAreRead) {
+    const Page page("docs/manual/labels.md");
+    const TempFolder folder;
+    WriteBytes(folder / "038-906-019.LBL", page.Example("038-906-019.LBL"));
+    WriteBytes(folder / "038-906-019-A.LBL", page.Example("label lines"));
+    LabelTable labels;
+    LoadLabels(folder.Path(), KeyStemOf(ScalingFileNameOf("038 906 019 FT")), labels);
+    EXPECT_EQ(labels.GroupTitle(1), "Engine");
+    EXPECT_EQ(labels.FieldName(1, 1), "Engine speed");
+    EXPECT_EQ(labels.FieldSecondText(1, 1), "actual");
+    LoadLabels(folder.Path(), KeyStemOf(ScalingFileNameOf("038 906 019 XY")), labels);
+    EXPECT_EQ(labels.GroupTitle(1), "") << "only the listed suffixes go to the other file";
+}
+
 TEST(ManualAirFuelTest, ListsTheGroups) {
     std::string groups;
     int last = 0;
@@ -184,6 +202,19 @@ TEST(ManualFuelTest, ComputesItsExample) {
     std::snprintf(told.data(), told.size(), "8 l/h at 100 km/h is %.1f L/100km and %.1f MPG",
                   fuel.Consumption(), fuel.Mileage());
     EXPECT_TRUE(Page("docs/manual/fuel.md").Says(told.data())) << told.data();
+}
+
+// The left column names what lies in the package; the number of samples is written out.
+TEST(ReadMeFirstTest, NamesWhatIsThere) {
+    const std::string text = SourceText("packaging/read-me-first.txt");
+    for (const char* folder : {"Scaling", "LOGS", "labels"}) {
+        EXPECT_TRUE(std::filesystem::is_directory(Root() / "samples" / folder));
+        EXPECT_NE(text.find("\n" + std::string(folder) + " "), std::string::npos) << folder;
+    }
+    const auto logs = std::distance(std::filesystem::directory_iterator(Root() / "samples/LOGS"), {});
+    EXPECT_EQ(logs, 5);
+    EXPECT_NE(text.find("five samples are there"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(Root() / "samples/LOGS/drive.csv"));
 }
 
 }  // namespace
