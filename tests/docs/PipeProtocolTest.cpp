@@ -60,7 +60,7 @@ private:
             stream += static_cast<char>(byte);
         }
         const std::string_view characters =
-            std::string_view(line).substr(std::min(line.size(), kFirst + 16 * 3 + 1));
+            std::string_view(line).substr(std::min(line.size(), kFirst + std::size_t{16} * 3 + 1));
         std::string shown = Utf8(stream.substr(begin));
         shown.erase(std::min(shown.size(), shown.find('\0')));  // NULs have no character
         if (characters.empty()) return;                         // control bytes
