@@ -30,15 +30,18 @@ done
 warm_up=15 # seconds: every buffer has its size, the chart is full, the title stands
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}"
-exec 8>"$build/.soak-lock"
-flock -n 8 || die "another soak.sh is running in $root"
+for run in "${runs[@]}"; do
+    exec {lock}>"$build/.soak-$run-lock"
+    flock -n "$lock" || die "another soak.sh does $run in $root"
+done
 take_turn
 say "building (build/windows)"
 build_preset windows plotvane diagnel-sim plotvane-remote stress_tests
-# A copy: what is built in the meantime must not disturb the runs.
-bin=$build/soak
-mkdir -p "$bin"
-cp build/windows/{plotvane,diagnel-sim,plotvane-remote,stress_tests}.exe "$bin"
+# Copies: what is built in the meantime must not disturb the runs.
+for run in "${runs[@]}"; do
+    mkdir -p "$build/soak/$run"
+    cp build/windows/{plotvane,diagnel-sim,plotvane-remote,stress_tests}.exe "$build/soak/$run"
+done
 exec 9>&- # others may build and test now
 
 # Wine's own remarks on its set-up are none of ours.
@@ -49,7 +52,7 @@ start() {
     rm -rf "$folder"
     mkdir -p "$folder/LOGS"
     cd "$folder"
-    setsid wine "$bin/$1.exe" "${@:2}" 8>&- >"$logs/soak-$run-program.log" 2>&1 </dev/null &
+    setsid wine "$bin/$1.exe" "${@:2}" >"$logs/soak-$run-program.log" 2>&1 </dev/null &
     program=$!
     cd "$root"
 }
@@ -107,6 +110,7 @@ blocks() {
 
 # soak RUN: in a shell of its own, which the first step that fails ends.
 soak() {
+    bin=$build/soak/$1
     folder=$build/run/soak-$1
     export WINEPREFIX=$build/wine-soak-$1
     "$1"

@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 // Blocks of each kind. A few hundred fit into a test run, because the program takes twenty a second and has
 // to be started afresh behind each that is malformed; PLOTVANE_BLOCKS asks for more.
 int HowMany() {
-    constexpr int kUsual = 100;
+    constexpr int kUsual = 60;
     const char* const asked = std::getenv("PLOTVANE_BLOCKS");
     return asked ? std::atoi(asked) : kUsual;
 }

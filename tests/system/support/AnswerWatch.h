@@ -10,22 +10,14 @@
 
 namespace plotvane::test {
 
-// How long a window took to answer messages that do nothing, in milliseconds.
-struct AnswerTimes {
-    std::vector<double> ms;
-
-    double Median() const;  // 0 if it was never asked
-    double Slowest() const;
-};
-
-// Asks a window of the program again and again for as long as this object watches, and beside it a window
-// that has nothing to do. A machine that is busy with other work holds up both: only what the program takes
-// beyond that is its own. So each answer has to come within 200 ms, to which three times the slowest answer
-// of the idle window is added; on a machine with time to spare those are a few milliseconds. (Three: between
-// question and answer the program has to be given the processor more often than a window that does nothing.)
+// Asks a window of the program again and again for as long as this object watches. Each answer has to come
+// within 200 ms, of a machine that has time for it. Where others work too, everything takes a multiple of its
+// time, so a piece of work that is always the same is done beside the asking: by as much as its slowest run
+// took longer than it would by itself, the answers may too. On a machine with time to spare that is nearly
+// nothing.
 class AnswerWatch {
 public:
-    // Null: only the idle window is asked.
+    // With null for the window nothing is asked, only the work is done.
     explicit AnswerWatch(HWND window, std::chrono::milliseconds every = std::chrono::milliseconds(10));
     ~AnswerWatch() { Stop(); }
     AnswerWatch(const AnswerWatch&) = delete;
@@ -34,21 +26,24 @@ public:
     // Ends the asking. What follows is for afterwards.
     void Stop();
 
-    const AnswerTimes& Program() const { return m_program; }
-    const AnswerTimes& Idle() const { return m_idle; }
+    // How many times as long as by itself the work took, at its slowest: 1 on a machine of its own.
+    double Stretch() const;
     double BoundMs() const;
-    // Both, in words.
+    double MedianMs() const;
+    double SlowestMs() const;
+    bool WasPrompt() const { return !m_answersMs.empty() && SlowestMs() <= BoundMs(); }
+    // All of it, in words.
     std::string Figures() const;
-    bool WasPrompt() const { return !m_program.ms.empty() && m_program.Slowest() <= BoundMs(); }
 
 private:
-    HWND m_idleWindow = nullptr;
-    AnswerTimes m_program;
-    AnswerTimes m_idle;
-    // In this order they end: who asks before who answers.
-    std::jthread m_idleThread;
-    std::jthread m_idleAsker;
-    std::jthread m_programAsker;
+    void Ask(HWND window, std::chrono::milliseconds every, const std::stop_token& stop);
+    void Work(std::chrono::milliseconds pause, const std::stop_token& stop);
+
+    std::vector<double> m_answersMs;
+    double m_fastestPieceMs = 0.0;  // undisturbed
+    double m_slowestWorkMs = 0.0;
+    std::jthread m_worker;
+    std::jthread m_asker;
 };
 
 }  // namespace plotvane::test

@@ -10,8 +10,8 @@ namespace plotvane::test {
 // Whether all answers of the watch, which it ends, came in time. Says in the failure how late they were.
 ::testing::AssertionResult AnsweredPromptly(AnswerWatch& watch);
 
-// Whether the program, which something asked to close just now, ends within a second, in good order. As for
-// answers, a machine that holds up an idle window gives it longer: the end of a process takes some ten turns.
+// Whether the program, which something asked to close just now, ends within a second and in good order. As
+// with answers, that is a second of a machine that has time for it.
 ::testing::AssertionResult EndsPromptly(const Session& session);
 
 // Closes the main window first.

@@ -1,0 +1,90 @@
+// Long runs in short: what the program holds of the system does not grow with the records that it has shown.
+// scripts/soak.sh is the same for an hour.
+#include <gtest/gtest.h>
+
+#include "tests/system/support/MainDialog.h"
+#include "tests/system/support/Meters.h"
+#include "tests/system/support/Prompt.h"
+#include "tests/system/support/Replay.h"
+#include "tests/system/support/Resources.h"
+
+namespace plotvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+// What the system itself may still put aside in the first seconds. A program that held on to one object, or
+// to two kilobytes, for each of the few hundred records that are shown here would exceed it.
+constexpr GrowthAllowance kAllowed{.privateKilobytes = 512, .gdiObjects = 2, .userObjects = 0, .handles = 4};
+
+class LongRun : public Replay {
+protected:
+    // The program has shown its first values and its last title.
+    void WaitUntilSettled() {
+        ASSERT_TRUE(Becomes([this] { return session.ValueText(0).empty(); }, false));
+        ASSERT_TRUE(Becomes([this] { return main.Text().starts_with(L"Plotvane"); }, true));
+        ASSERT_TRUE(Becomes([this] { return main.IsChecked(IDC_SHOW_FIRST + 3); }, true));
+    }
+    void OpenFourMeters() {
+        for (int slot = 0; slot < 4; ++slot) RightClick(main, IDC_SWATCH_FIRST + slot);
+        ASSERT_EQ(OpenMeters(main).size(), 4u);
+    }
+    void StaysTheSameFor(std::chrono::milliseconds time) {
+        AnswerWatch answers(main.Get());
+        const Resources before = ResourcesOf(main.ProcessId());
+        EXPECT_GT(before.privateKilobytes, 0u);
+        EXPECT_GT(before.gdiObjects, 0);
+        EXPECT_GT(before.userObjects, 100) << "the main dialog alone has as many windows";
+        EXPECT_GT(before.handles, 0);
+        std::wstring shown = session.ValueText(0);
+        int changes = 0;
+        EXPECT_TRUE(Stays(
+            [&] {
+                std::wstring now = session.ValueText(0);
+                if (now != shown) ++changes;
+                shown = std::move(now);
+                return session.Process().Running();
+            },
+            true, time));
+        EXPECT_GT(changes, 20) << "there was something to grow with";
+        EXPECT_EQ(GrownBeyond(before, ResourcesOf(main.ProcessId()), kAllowed), "");
+        EXPECT_TRUE(AnsweredPromptly(answers));
+    }
+};
+
+TEST_F(LongRun, LiveWithMetersOpenHoldsWhatItHolds) {
+    session.StartThroughStandIn(L"--rate 20 --loop");
+    main = session.Main();
+    WaitUntilSettled();
+    OpenFourMeters();
+    StaysTheSameFor(15s);
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+TEST_F(LongRun, AHostThatSendsTenTimesTooFastChangesNothing) {
+    session.StartThroughStandIn(L"--rate 200 --speed 10 --loop");
+    main = session.Main();
+    WaitUntilSettled();
+    StaysTheSameFor(10s);
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+// Rows a millisecond apart: none is waited for.
+TEST_F(LongRun, AReplayAtFullPaceHoldsWhatItHolds) {
+    std::vector<LogRowText> rows;
+    for (int row = 1; row <= 60'000; ++row) {
+        const std::string digits = std::to_string(1000 + row % 1000);
+        rows.push_back({std::to_string(row / 1000) + "." + digits.substr(1),
+                        digits + ",90.0," + std::to_string(row % 200) + ",4.2"});
+    }
+    Start();
+    Load(WriteLog("x.csv", ClassicLog(rows)));
+    WaitUntilSettled();
+    OpenFourMeters();
+    StaysTheSameFor(10s);
+    EXPECT_TRUE(main.IsEnabled(IDC_STOP)) << "it was long enough";
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+}  // namespace
+}  // namespace plotvane::test
