@@ -67,11 +67,13 @@ void RunButtonControls::Enable(int button, bool enabled) {
     ::EnableWindow(window, enabled);
 }
 
-// Shared icons are the system's to free.
+// Shared icons are the system's to free. An image that is shown already is left alone: Wine's buttons keep
+// three bitmaps of each that they are given, for ever.
 void RunButtonControls::SetImage(int button, int icon) {
-    const HANDLE image = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icon), IMAGE_ICON,
-                                      kImageSize, kImageSize, LR_SHARED);
-    m_dialog.SendDlgItemMessage(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
+    const auto image = reinterpret_cast<LPARAM>(::LoadImageW(
+        ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icon), IMAGE_ICON, kImageSize, kImageSize, LR_SHARED));
+    if (m_dialog.SendDlgItemMessage(button, BM_GETIMAGE, IMAGE_ICON) == image) return;
+    m_dialog.SendDlgItemMessage(button, BM_SETIMAGE, IMAGE_ICON, image);
 }
 
 }  // namespace plotvane

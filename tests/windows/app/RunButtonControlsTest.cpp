@@ -65,6 +65,41 @@ TEST_F(RunButtonControlsTest, PauseTellsWhatItOffersByItsImage) {
                                         Icon(IDI_PLAY_IDLE)}));
 }
 
+// Counts the images that a button is given, in place of its window procedure.
+class ImagesGiven {
+public:
+    explicit ImagesGiven(HWND button) : m_button(button) {
+        s_count = 0;
+        s_inner = reinterpret_cast<WNDPROC>(
+            ::SetWindowLongPtrW(button, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+    }
+    ~ImagesGiven() { ::SetWindowLongPtrW(m_button, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(s_inner)); }
+    ImagesGiven(const ImagesGiven&) = delete;
+    ImagesGiven& operator=(const ImagesGiven&) = delete;
+
+    int Count() const { return s_count; }
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == BM_SETIMAGE) ++s_count;
+        return ::CallWindowProcW(s_inner, window, message, wParam, lParam);
+    }
+
+    HWND m_button;
+    static inline WNDPROC s_inner = nullptr;
+    static inline int s_count = 0;
+};
+
+TEST_F(RunButtonControlsTest, AnImageThatIsShownIsNotSetAgain) {
+    const ImagesGiven given(dialog.GetDlgItem(IDC_PAUSE));
+    buttons.ShowPause(PauseImage::StartOver);
+    EXPECT_EQ(given.Count(), 1);
+    buttons.ShowPause(PauseImage::StartOver);
+    EXPECT_EQ(given.Count(), 1);
+    buttons.ShowPause(PauseImage::Pause);
+    EXPECT_EQ(given.Count(), 2);
+}
+
 TEST_F(RunButtonControlsTest, ADisabledButtonPassesTheFocusOn) {
     dialog.ShowDlgItem(IDC_STOP, true);
     buttons.EnablePause(true);
