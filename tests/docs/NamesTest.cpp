@@ -106,6 +106,16 @@ TEST(RoomsTest, AreTheFoldersOfTheReadme) {
     EXPECT_EQ(told, folders);
 }
 
+TEST(TestLayersTest, AreTheFoldersOfTheirTable) {
+    std::string told;
+    for (const Row& row : Page("docs/architecture.md").TableOf({"layer", "where"})) told += row.at(1) + "\n";
+    for (const auto& entry : std::filesystem::directory_iterator(Root() / "tests")) {
+        const std::string folder = "tests/" + entry.path().filename().string();
+        if (!entry.is_directory() || folder == "tests/support") continue;
+        EXPECT_NE(told.find(folder), std::string::npos) << folder;
+    }
+}
+
 TEST(IconsTest, AreTheOnesOfTheirTable) {
     const std::string ids = SourceText("res/resource.h");
     const Table table = Page("res/icons/README.md").TableOf({"Id", "Name", "File", "Shown"});
