@@ -142,7 +142,7 @@ void DialogUser::GoTo(int id) const {
 
 void DialogUser::Type(int id, std::string_view text) {
     GoTo(id);
-    WaitUntil("the edit has the focus", [&] { return HasFocus(id); });
+    GetsFocus(id);
     for (const wchar_t character : ToWide(text)) ::PostMessageW(Control(id), WM_CHAR, character, 1);
     WaitUntil("the text stands there", [&] { return TextOf(id) == text; });
 }
@@ -181,6 +181,10 @@ bool DialogUser::IsAtRest() const {
     if (!WaitUntil("the dialog takes its messages", [before] { return g_markerCount != before; }))
         return false;
     return ::IsWindowEnabled(m_dialog) != 0;
+}
+
+bool DialogUser::GetsFocus(int id) const {
+    return WaitUntil("the control has the focus", [&] { return HasFocus(id); });
 }
 
 bool DialogUser::Ends() const {

@@ -53,7 +53,9 @@ public:
 
     bool SeesBox(const Box& expected) const;  // waits for it, and presses its OK button
     bool IsAtRest() const;  // the dialog has dealt with all that was done to it, and shows no box
-    bool Ends() const;      // waits for it
+    // Waits for it: when a box has gone, the display gives the focus back in its own time.
+    bool GetsFocus(int id) const;
+    bool Ends() const;  // waits for it
 
     bool WaitUntil(const char* what, const std::function<bool()>& isSo) const;
 

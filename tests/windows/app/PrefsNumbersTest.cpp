@@ -90,7 +90,7 @@ TEST_F(PrefsDlgNumbers, AreRejectedWithOneBoxAndTheFocusBack) {
             EXPECT_TRUE(user.SeesBox(box)) << edit << ' ' << text;
             EXPECT_TRUE(user.IsAtRest()) << edit << ' ' << text;
             EXPECT_EQ(user.TextOf(edit), shown) << edit << ' ' << text;
-            EXPECT_TRUE(user.HasFocus(edit)) << edit << ' ' << text;
+            EXPECT_TRUE(user.GetsFocus(edit)) << edit << ' ' << text;
             EXPECT_EQ(user.BoxCount(), ++boxes);
         }
     });
@@ -161,7 +161,7 @@ TEST_F(PrefsDlgNumbers, TwoBadOnesShowOneBoxEachAndNeverASecond) {
         EXPECT_TRUE(user.SeesBox(kBox1To1000));
         EXPECT_TRUE(user.IsAtRest());
         EXPECT_EQ(user.BoxCount(), 1);
-        EXPECT_TRUE(user.HasFocus(kMileage));
+        EXPECT_TRUE(user.GetsFocus(kMileage));
         EXPECT_EQ(user.TextOf(kMileage), "0");
 
         Enter(user, kMileage, "60");
@@ -170,7 +170,7 @@ TEST_F(PrefsDlgNumbers, TwoBadOnesShowOneBoxEachAndNeverASecond) {
         EXPECT_TRUE(user.SeesBox(kBox1To1000));
         EXPECT_TRUE(user.IsAtRest());
         EXPECT_EQ(user.BoxCount(), 2);
-        EXPECT_TRUE(user.HasFocus(kConsumption));
+        EXPECT_TRUE(user.GetsFocus(kConsumption));
 
         user.Press(VK_ESCAPE);  // with the bad text in the focus
         EXPECT_TRUE(user.Ends());
@@ -198,7 +198,7 @@ TEST_F(PrefsDlgNumbers, EnterDoesNotSaveWhatIsRejected) {
         EXPECT_TRUE(user.SeesBox(kBox1To1000));
         EXPECT_TRUE(user.IsAtRest());
         EXPECT_FALSE(user.IsOver());
-        EXPECT_TRUE(user.HasFocus(kMileage));
+        EXPECT_TRUE(user.GetsFocus(kMileage));
         EXPECT_FALSE(std::filesystem::exists(PrefsFile()));
     });
 }

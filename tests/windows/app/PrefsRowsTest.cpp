@@ -123,14 +123,14 @@ TEST_F(PrefsDlgRows, NewWantsTheLastRowCompleteFirst) {
         user.Click(kNew);
         EXPECT_TRUE(user.SeesBox(kIncomplete));
         ExpectRow(user, "Field#: 2/2", "ms", "1", "0");
-        EXPECT_TRUE(user.HasFocus(kUnit));
+        EXPECT_TRUE(user.GetsFocus(kUnit));
         EXPECT_EQ(m_table.LastIndex(), 1);
 
         user.Type(kMax, "1");
         user.Click(kNew);
         EXPECT_TRUE(user.SeesBox(kUpsideDown));
         ExpectRow(user, "Field#: 2/2", "ms", "1", "1");
-        EXPECT_TRUE(user.HasFocus(kUnit));
+        EXPECT_TRUE(user.GetsFocus(kUnit));
 
         user.Type(kMax, "2");
         user.Click(kNew);
