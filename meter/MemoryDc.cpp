@@ -28,6 +28,7 @@ CMemoryDC::CMemoryDC(CDC& target, const RECT* rect)
       m_rect(rect ? CRect{*rect} : target.GetClipBox()),
       m_offScreen(!IsPrinting(target)) {
     Begin(m_own);
+    FillSolidRect(m_rect, target.GetBkColor());
 }
 
 CMemoryDC::CMemoryDC(CDC& target, const RECT& rect, MemorySurface& surface)
@@ -42,20 +43,19 @@ CMemoryDC::~CMemoryDC() {
 }
 
 void CMemoryDC::Begin(MemorySurface& surface) {
-    if (m_offScreen) {
-        CRect device = m_rect;
-        const auto corners = reinterpret_cast<POINT*>(static_cast<RECT*>(&device));
-        ::LPtoDP(m_target, corners, 2);
-        // A target whose y axis points upwards turns the rectangle over.
-        m_hDC = surface.Fit(m_target, std::abs(device.Width()), std::abs(device.Height()));
-        ::SetMapMode(m_hDC, ::GetMapMode(m_target));
-        ::DPtoLP(m_target, corners, 2);
-        m_rect = device;
-        ::SetWindowOrgEx(m_hDC, m_rect.left, m_rect.top, nullptr);
-    } else {
+    if (!m_offScreen) {
         m_hDC = m_target;
+        return;
     }
-    FillSolidRect(m_rect, m_target.GetBkColor());
+    CRect device = m_rect;
+    const auto corners = reinterpret_cast<POINT*>(static_cast<RECT*>(&device));
+    ::LPtoDP(m_target, corners, 2);
+    // A target whose y axis points upwards turns the rectangle over.
+    m_hDC = surface.Fit(m_target, std::abs(device.Width()), std::abs(device.Height()));
+    ::SetMapMode(m_hDC, ::GetMapMode(m_target));
+    ::DPtoLP(m_target, corners, 2);
+    m_rect = device;
+    ::SetWindowOrgEx(m_hDC, m_rect.left, m_rect.top, nullptr);
 }
 
 }  // namespace plotvane

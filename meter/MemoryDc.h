@@ -34,7 +34,8 @@ public:
     // outlive this object.
     explicit CMemoryDC(CDC& target, const RECT* rect = nullptr);
 
-    // The same on a surface that is kept, and has to outlive this object too.
+    // The same on a surface that is kept, and has to outlive this object too. What was drawn on that last is
+    // still there: who covers it anyway need not wait until it is filled.
     CMemoryDC(CDC& target, const RECT& rect, MemorySurface& surface);
     ~CMemoryDC();
 

@@ -54,11 +54,10 @@ TEST(MemoryDc, DrawsTheSameOnASurfaceThatIsKept) {
     Canvas canvas{20, 20};
     for (const CRect& rect :
          {CRect{5, 6, 15, 12}, CRect{6, 7, 16, 13}, CRect{0, 0, 20, 20}, CRect{2, 2, 4, 4}}) {
-        canvas.Dc().SetBkColor(kInk);
         canvas.Dc().FillSolidRect(CRect{0, 0, 20, 20}, kInk);
-        canvas.Dc().SetBkColor(kGround);
         {
             CMemoryDC memory{canvas.Dc(), rect, surface};
+            memory.FillSolidRect(rect, kGround);
             memory.SetPixel(rect.left, rect.top, RGB(1, 2, 3));
             EXPECT_EQ(canvas.At(rect.left, rect.top), kInk);
         }
@@ -70,6 +69,23 @@ TEST(MemoryDc, DrawsTheSameOnASurfaceThatIsKept) {
             EXPECT_EQ(canvas.At(rect.right, rect.bottom), kInk);
         }
     }
+}
+
+TEST(MemoryDc, ASurfaceThatIsKeptHasWhatWasDrawnLast) {
+    MemorySurface surface;
+    Canvas canvas{20, 20};
+    const CRect rect{0, 0, 20, 20};
+    {
+        CMemoryDC memory{canvas.Dc(), rect, surface};
+        memory.FillSolidRect(rect, kGround);
+    }
+    canvas.Dc().FillSolidRect(rect, kInk);
+    {
+        CMemoryDC memory{canvas.Dc(), rect, surface};
+        memory.SetPixel(3, 4, kInk);
+    }
+    EXPECT_EQ(canvas.At(0, 0), kGround);
+    EXPECT_EQ(canvas.At(3, 4), kInk);
 }
 
 TEST(MemoryDc, ASurfaceThatIsKeptIsMadeOnce) {
