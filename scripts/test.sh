@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds both presets and runs every test of both: natively with sanitizers, and under Wine on a
-# display of its own; and each fuzzer for some seconds. Needs no setting up; leaves nothing running.
+# display of its own; each fuzzer for some seconds; and makes the package and uses it. Needs no setting
+# up; leaves nothing running.
 #
 # The last line is "N passed, N failed" (and ", N skipped" if any); the exit status is 0 only if at
 # least one test ran and none failed.
