@@ -37,11 +37,12 @@ void SetColour(CColorBox& box, Colour colour) {
 void SlotControls::SetUp() {
     TakeOverValueBoxes();
     for (int slot = 0; slot < kSlotCount; ++slot) {
-        CreateSwatch(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot, IDC_SWATCH_WINDOW_FIRST + slot);
+        CreateSwatch(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot,
+                     IDC_SWATCH_WINDOW_FIRST + static_cast<UINT>(slot));
     }
     for (int field = 0; field < kObdFieldCount; ++field) {
         CreateSwatch(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field,
-                     IDC_OBD_SWATCH_WINDOW_FIRST + field);
+                     IDC_OBD_SWATCH_WINDOW_FIRST + static_cast<UINT>(field));
     }
     ShowObdRow(false);
 }
