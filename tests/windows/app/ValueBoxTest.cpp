@@ -27,7 +27,7 @@ protected:
                                   static_cast<DWORD>(::GetWindowLongPtrW(edit, GWL_STYLE)), place.left,
                                   place.top, place.Width(), place.Height(), dialog.m_hWnd,
                                   reinterpret_cast<HMENU>(UINT_PTR{kPlain}), nullptr, nullptr);
-        ::SendMessageW(plain, WM_SETFONT, ::SendMessageW(edit, WM_GETFONT, 0, 0), FALSE);
+        ::SendMessageW(plain, WM_SETFONT, static_cast<WPARAM>(::SendMessageW(edit, WM_GETFONT, 0, 0)), FALSE);
         for (const HWND each : {edit, plain})
             ::SendMessageW(each, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
         box.TakeOver(edit);
