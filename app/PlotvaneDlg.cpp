@@ -117,6 +117,12 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
     AppendSystemMenu();
     LoadPrefs(m_data.PrefsFile(), m_data.prefs);
+    CreateChart();
+    SetIcons();
+    m_panel.SetUp();
+    m_buttons.SetUp();
+    m_panel.ShowPixelShift(m_data.state.pixelShift);
+    m_pump.SetDialog(m_hWnd);
 
     const CRect natural = GetWindowRect();
     m_lastWidth = natural.Width();
@@ -124,13 +130,7 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     m_data.state.width = m_lastWidth;
     m_data.state.height = m_lastHeight;
     ResizeOnTop(*this, m_data.prefs.width, m_data.prefs.height);
-    FitControls();  // before the chart and the swatches are made, which then need not be moved
-    CreateChart();
-    SetIcons();
-    m_panel.SetUp();
-    m_buttons.SetUp();
-    m_panel.ShowPixelShift(m_data.state.pixelShift);
-    m_pump.SetDialog(m_hWnd);
+    Relayout();
     SetTimer(kModeTimer, kTimerMs);
     return TRUE;
 }
@@ -145,17 +145,13 @@ void CPlotvaneDlg::AppendSystemMenu() {
 }
 
 void CPlotvaneDlg::CreateChart() {
+    m_chart.Create(WS_CHILD | WS_VISIBLE, PlaceOfControl(*this, IDC_CHART_FRAME), m_hWnd, IDC_CHART);
     m_chart.SetGridCounts(kGridCounts);
     m_chart.SetLabelMargin(kLabelMargin);
     m_chart.SetSamplesPerScreen(0);
     m_chart.SetXUnits("", "", "");
     m_chart.SetYUnits("", "", "");
     ApplyColours();
-    ShowChart();
-}
-
-void CPlotvaneDlg::ShowChart() {
-    m_chart.Create(WS_CHILD | WS_VISIBLE, PlaceOfControl(*this, IDC_CHART_FRAME), m_hWnd, IDC_CHART);
 }
 
 void CPlotvaneDlg::ApplyColours() {
@@ -242,30 +238,25 @@ void CPlotvaneDlg::OnSize(UINT type, int width, int height) {
 // The control rows keep their distance to the bottom edge, at their columns; only the chart stretches.
 void CPlotvaneDlg::Relayout() {
     m_data.state.relayoutPending = false;
-    if (!FitControls()) return;
-    m_panel.PlaceSwatches();
-    m_chart.ReleasePictures();
-    m_chart.DestroyWindow();
-    ShowChart();
-    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-}
-
-// To the window's size. False if they fit already, or the window is too small to show them.
-bool CPlotvaneDlg::FitControls() {
     const CRect window = GetWindowRect();
-    if (IsIconic() || window.Height() < kLeastHeight) return false;
+    if (IsIconic() || window.Height() < kLeastHeight) return;
     m_data.state.width = window.Width();
     m_data.state.height = window.Height();
     const int wider = window.Width() - m_lastWidth;
     const int higher = window.Height() - m_lastHeight;
-    if (wider == 0 && higher == 0) return false;
+    if (wider == 0 && higher == 0) return;
 
     MoveControlsDown(*this, IDC_MOVED_FIRST, IDC_MOVED_LAST, higher);
+    m_panel.PlaceSwatches();
+    m_chart.ReleasePictures();
+    m_chart.DestroyWindow();
     GrowControl(*this, IDC_CHART_FRAME, wider, higher);
+    m_chart.Create(WS_CHILD | WS_VISIBLE, PlaceOfControl(*this, IDC_CHART_FRAME), m_hWnd, IDC_CHART);
+    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+
     m_lastWidth = window.Width();
     m_lastHeight = window.Height();
     m_data.state.redrawRequest = true;
-    return true;
 }
 
 void CPlotvaneDlg::OnPaint() {

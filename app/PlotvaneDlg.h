@@ -83,8 +83,6 @@ private:
     void FocusButton(int id);
     void StepTitleHint();
     void Relayout();
-    bool FitControls();
-    void ShowChart();
     void ShowPreferences();
     void ShowReplaySpeed();
     DECLARE_MESSAGE_MAP()
