@@ -28,7 +28,7 @@ std::wstring CurrentDirectory() {
 
 }  // namespace
 
-std::optional<ChosenLog> AskForLogFile(HWND owner) {
+std::optional<std::filesystem::path> AskForLogFile(HWND owner) {
     const std::wstring current = CurrentDirectory();
     const std::wstring filter = Filter();
     const std::wstring folder = (std::filesystem::path(current) / "LOGS").wstring();
@@ -49,8 +49,7 @@ std::optional<ChosenLog> AskForLogFile(HWND owner) {
     // The flag alone does not keep the dialog from changing the directory.
     ::SetCurrentDirectoryW(current.c_str());
     if (!chosen) return std::nullopt;
-    const std::filesystem::path log(path.data());
-    return ChosenLog{log, ToBytes(log.filename().wstring())};
+    return std::filesystem::path(path.data());
 }
 
 }  // namespace plotvane

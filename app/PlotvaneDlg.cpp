@@ -110,7 +110,7 @@ CPlotvaneDlg::CPlotvaneDlg()
       m_pump(m_data.state),
       m_acquisition(m_data, {m_chart, m_panel, m_meters, m_buttons, *this, *this, *this}, m_pipe, m_pump,
                     LoadAcquisitionTexts()),
-      m_title(std::string("Plotvane v") + kVersion),
+      m_title(ToWide(std::string("Plotvane v") + kVersion)),
       m_hintText(LoadText(IDS_TITLE_HINT)) {}
 
 BOOL CPlotvaneDlg::OnInitDialog() {
@@ -218,14 +218,14 @@ void CPlotvaneDlg::StepTitleHint() {
         SetTimer(kHintTimer, kTimerMs);
     } else {
         m_hintShown = false;
-        SetWindowText(m_title);
+        ::SetWindowTextW(m_hWnd, m_title.c_str());
     }
 }
 
 // A module's name that arrives during the hint waits for its end.
-void CPlotvaneDlg::SetModuleTitle(std::string_view title) {
-    m_title = title;
-    if (!m_hintShown) SetWindowText(m_title);
+void CPlotvaneDlg::SetModuleTitle(std::u16string_view title) {
+    m_title.assign(title.begin(), title.end());
+    if (!m_hintShown) ::SetWindowTextW(m_hWnd, m_title.c_str());
 }
 
 void CPlotvaneDlg::OnSize(UINT type, int width, int height) {

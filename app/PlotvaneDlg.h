@@ -36,10 +36,10 @@ private:
     void ShowMessage(int textId, int captionId) override;
 
     // TitleBar.
-    void SetModuleTitle(std::string_view title) override;
+    void SetModuleTitle(std::u16string_view title) override;
 
     // LogChooser.
-    std::optional<ChosenLog> ChooseLog() override { return AskForLogFile(m_hWnd); }
+    std::optional<std::filesystem::path> ChooseLog() override { return AskForLogFile(m_hWnd); }
 
     // The window.
     void OnClose();
@@ -97,7 +97,7 @@ private:
     Acquisition m_acquisition;
 
     HICON m_icon = nullptr;  // shared, the system's to free
-    std::string m_title;     // of the window once the title-bar hint is over
+    std::wstring m_title;    // of the window once the title-bar hint is over
     std::string m_hintText;
     bool m_hintShown = true;  // to come, or on
     bool m_closing = false;

@@ -130,7 +130,7 @@ public:
     explicit Drive(const DriveScript& script) {
         m_dialog.control = &m_acquisition.control;
         m_chart.onSample = [this](const TraceValues& values) { m_check(values); };
-        m_dialog.choice = ChosenLog{ScratchPath() / kLogName, kLogName};
+        m_dialog.choice = ScratchPath() / kLogName;
         m_data.state.hostRunning = script.hostRuns;
         LoadPrefs(m_data.PrefsFile(), m_data.prefs);
         for (const std::string& portion : script.portions) m_pipe.Write(portion);

@@ -11,7 +11,7 @@ int LogSource::OpenLogFile() {
         if (!chosen) return 0;
         m_log = std::move(*chosen);
     }
-    switch (CheckLog(m_log.path)) {
+    switch (CheckLog(m_log)) {
         case LogCheck::HostLog:
             return 1;
         case LogCheck::Unreadable:

@@ -11,15 +11,10 @@
 
 namespace plotvane {
 
-struct ChosenLog {
-    std::filesystem::path path;
-    std::string fileName;  // name and extension, for the title, as Windows-1252 bytes
-};
-
 // Lets the user choose a log. Nothing if the user cancels.
 struct LogChooser {
     virtual ~LogChooser() = default;
-    virtual std::optional<ChosenLog> ChooseLog() = 0;
+    virtual std::optional<std::filesystem::path> ChooseLog() = 0;
 };
 
 // Records from a log of the host's, at the pace of its time stamps.
@@ -34,14 +29,15 @@ public:
     int OpenLogFile();
 
     // Opens the chosen log at its start. False if it cannot be opened.
-    bool Reopen() { return m_reader.Open(m_log.path); }
+    bool Reopen() { return m_reader.Open(m_log); }
 
     // Reads the header: groups, fields and units of the slots. 0 or less if it is malformed.
     int ReadLogHeader(SlotTable& slots) { return m_reader.ReadLogHeader(slots); }
 
     const std::string& ModuleName() const { return m_reader.ModuleName(); }
 
-    const std::string& FileName() const { return m_log.fileName; }
+    // Name and extension.
+    std::u16string FileName() const { return m_log.filename().u16string(); }
 
     Next Read(RecordBuffer& record, const LoopRun& run) override;
     void Finish() override { m_reader.Close(); }
@@ -52,7 +48,7 @@ private:
     LogChooser& m_chooser;
     LoopOwner& m_owner;
     LogReader m_reader;
-    ChosenLog m_log;  // kept between loads, so that a stopped replay can be repeated
+    std::filesystem::path m_log;  // kept between loads, so that a stopped replay can be repeated
 };
 
 }  // namespace plotvane

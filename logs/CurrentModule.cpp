@@ -4,6 +4,7 @@
 
 #include "logs/LabelFile.h"
 #include "logs/ModuleKey.h"
+#include "model/Windows1252.h"
 
 namespace plotvane {
 
@@ -37,10 +38,10 @@ void CurrentModule::TakeName(std::string_view name) {
 // Generic OBD streams never load a scaling, so each of their records comes through here: an unchanged title
 // is left alone, or it would flicker.
 void CurrentModule::ShowTitle() {
-    if (m_state.logMode)
-        m_nextTitle.assign("Plotvane   -   ").append(m_name).append("  -   ").append(m_logFileName);
-    else
-        m_nextTitle.assign(m_liveTitle).append(m_name);
+    m_nextTitle.clear();
+    AppendUtf16(m_nextTitle, m_state.logMode ? std::string_view("Plotvane   -   ") : m_liveTitle);
+    AppendUtf16(m_nextTitle, m_name);
+    if (m_state.logMode) m_nextTitle.append(u"  -   ").append(m_logFileName);
     if (m_nextTitle == m_title) return;
     m_title = m_nextTitle;
     m_titleBar.SetModuleTitle(m_title);

@@ -35,7 +35,7 @@ public:
     }
 
     // Name and extension of the log in use, for the window title.
-    void SetLogFileName(std::string_view fileName) { m_logFileName = fileName; }
+    void SetLogFileName(std::u16string_view fileName) { m_logFileName = fileName; }
 
     // As in the record; empty before the first one.
     const std::string& Name() const { return m_name; }
@@ -59,9 +59,9 @@ private:
     std::string m_name;
     std::string m_key;
     bool m_keyIsOfName = false;  // m_key belongs to m_name: it need not be put together anew
-    std::string m_logFileName;
-    std::string m_title;      // what the title bar was last given
-    std::string m_nextTitle;  // kept for its memory
+    std::u16string m_logFileName;
+    std::u16string m_title;      // what the title bar was last given
+    std::u16string m_nextTitle;  // kept for its memory
     LabelTable m_labels;
     std::string m_labelsKey;               // the key that the labels were loaded for,
     std::uint32_t m_labelsGeneration = 0;  // and the run of the loop that did

@@ -8,8 +8,9 @@ namespace plotvane {
 struct TitleBar {
     virtual ~TitleBar() = default;
 
-    // The title that names the module; also the one that returns once the title-bar hint is over.
-    virtual void SetModuleTitle(std::string_view title) = 0;
+    // The title that names the module, in UTF-16 for the name of a log; also the one that returns once the
+    // title-bar hint is over.
+    virtual void SetModuleTitle(std::u16string_view title) = 0;
 };
 
 }  // namespace plotvane

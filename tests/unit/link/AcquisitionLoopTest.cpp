@@ -31,7 +31,7 @@ TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
     pipe.Write("\xFE");
     Run();
     EXPECT_EQ(pipe.descriptor, 5);
-    EXPECT_EQ(dialog.title, "Plotvane  -  Live Data  -  038 906 019 FT");
+    EXPECT_EQ(dialog.title, u"Plotvane  -  Live Data  -  038 906 019 FT");
     ASSERT_EQ(chart.samples.size(), 1u);
     EXPECT_EQ(chart.samples[0][0], 780.0);
     EXPECT_EQ(chart.samples[0][3], 4.2);
@@ -238,7 +238,7 @@ TEST_F(LiveLoopTest, TheObdFormShowsTenChannelsAndLoadsNoScaling) {
     EXPECT_EQ(meters.obd[1], 128.0);
     EXPECT_EQ(chart.redraws, 1);  // the form changed once
     EXPECT_FALSE(std::filesystem::exists(folder / "Scaling"));
-    EXPECT_EQ(dialog.title, "Plotvane  -  Live Data  -  038 906 019 FT");
+    EXPECT_EQ(dialog.title, u"Plotvane  -  Live Data  -  038 906 019 FT");
 }
 
 TEST_F(LiveLoopTest, BackInTheNormalFormTheSlotsAreDrawnAgain) {
@@ -259,7 +259,7 @@ TEST_F(LiveLoopTest, GenericObdIdentifiersKeepOnePairALine) {
     pipe.Write("\xFE");
     Run();
     EXPECT_TRUE(state.obdFile);
-    EXPECT_EQ(dialog.title, "Plotvane  -  Live Data  -  OBD");
+    EXPECT_EQ(dialog.title, u"Plotvane  -  Live Data  -  OBD");
     EXPECT_EQ(panel.values[4], "PID 12");
     const std::string saved = test::BytesOf(ScalingFile("OBD.SCL"));
     EXPECT_NE(saved.find("\r\n12,0,6000,\r\n13,0,250,\r\n14,0,100,\r\n"), std::string::npos);

@@ -26,7 +26,7 @@ protected:
 
     void Choose(const char* name, std::string_view text) {
         test::WriteBytes(folder / name, text);
-        dialog.choice = ChosenLog{folder / name, name};
+        dialog.choice = folder / name;
     }
     void Load() { acquisition.control.LoadLog(); }
 };
@@ -37,7 +37,7 @@ TEST_F(ReplayLoopTest, ALogIsPlayedToItsEnd) {
     EXPECT_EQ(chart.samples[1][0], 1240.0);
     EXPECT_EQ(panel.values[0], "0 /min");
     EXPECT_EQ(panel.values[6], "320 mg/str");
-    EXPECT_EQ(dialog.title, "Plotvane   -   038-906-019-FT  -   x.csv");
+    EXPECT_EQ(dialog.title, u"Plotvane   -   038-906-019-FT  -   x.csv");
     EXPECT_TRUE(dialog.messages.empty());
     EXPECT_TRUE(std::filesystem::exists(ScalingFile("038-906-019-FT.SCL")));
 }
@@ -219,7 +219,7 @@ TEST_F(ReplayLoopTest, AnObdLogIsFollowedByNineNumbersALineForAClassicOne) {
     Load();
     EXPECT_TRUE(state.obdFile);
     EXPECT_EQ(panel.values[4], "PID 12");
-    EXPECT_EQ(dialog.title, "Plotvane   -   OBD.LBL  -   o.csv");
+    EXPECT_EQ(dialog.title, u"Plotvane   -   OBD.LBL  -   o.csv");
     Choose("x.csv", kLog);
     Load();
     EXPECT_FALSE(state.obdFile);

@@ -8,8 +8,8 @@ namespace plotvane {
 namespace {
 
 struct TitleLog : TitleBar {
-    void SetModuleTitle(std::string_view title) override { titles.emplace_back(title); }
-    std::vector<std::string> titles;
+    void SetModuleTitle(std::u16string_view title) override { titles.emplace_back(title); }
+    std::vector<std::u16string> titles;
 };
 
 class CurrentModuleTest : public testing::Test {
@@ -43,7 +43,7 @@ TEST_F(CurrentModuleTest, TakesNameKeyTitleAndLabelsFromTheFirstRecord) {
     EXPECT_EQ(m_module.ApplyModuleName("038 906 019 FT,G001,F0,780,/min,"), 15u);
     EXPECT_EQ(m_module.Name(), "038 906 019 FT");
     EXPECT_EQ(m_module.Key(), "038-906-019-FT.SCL");
-    EXPECT_EQ(m_titleBar.titles, std::vector<std::string>{"Plotvane  -  Live Data  -  038 906 019 FT"});
+    EXPECT_EQ(m_titleBar.titles, std::vector<std::u16string>{u"Plotvane  -  Live Data  -  038 906 019 FT"});
     EXPECT_EQ(m_module.Labels().FieldName(1, 1), "Engine speed");
     EXPECT_EQ(m_module.Labels().FieldSecondText(1, 1), "actual");
     EXPECT_FALSE(m_state.obdFile);
@@ -51,9 +51,17 @@ TEST_F(CurrentModuleTest, TakesNameKeyTitleAndLabelsFromTheFirstRecord) {
 
 TEST_F(CurrentModuleTest, NamesTheLogInTheTitleInLogMode) {
     m_state.logMode = true;
-    m_module.SetLogFileName("x.csv");
+    m_module.SetLogFileName(u"x.csv");
     m_module.ApplyModuleName("038-906-019-FT,G000,,,,");
-    EXPECT_EQ(m_titleBar.titles, std::vector<std::string>{"Plotvane   -   038-906-019-FT  -   x.csv"});
+    EXPECT_EQ(m_titleBar.titles, std::vector<std::u16string>{u"Plotvane   -   038-906-019-FT  -   x.csv"});
+}
+
+TEST_F(CurrentModuleTest, NamesModuleAndLogInTheTitleInTheirOwnCharacters) {
+    m_state.logMode = true;
+    m_module.SetLogFileName(u"\u041C\u043E\u0438 \u8ECA.csv");
+    m_module.ApplyModuleName("M\xFCller \x80,G000,,,,");
+    EXPECT_EQ(m_titleBar.titles.back(),
+              u"Plotvane   -   M\u00FCller \u20AC  -   \u041C\u043E\u0438 \u8ECA.csv");
 }
 
 TEST_F(CurrentModuleTest, ChangesNothingForARecordWithoutComma) {
@@ -82,7 +90,7 @@ TEST_F(CurrentModuleTest, FollowsAnotherModuleWhenTheLoopStartsAnew) {
     StartLoop();
     m_module.ApplyModuleName("DEF,");
     EXPECT_EQ(m_module.Key(), "DEF.SCL");
-    EXPECT_EQ(m_titleBar.titles.back(), "Plotvane  -  Live Data  -  DEF");
+    EXPECT_EQ(m_titleBar.titles.back(), u"Plotvane  -  Live Data  -  DEF");
 }
 
 // Records of generic OBD values alone: nothing ever loads their scaling.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -33,13 +34,13 @@ public:
     void EnableLoad(bool enabled) override { loadEnabled = enabled; }
 
     // TitleBar.
-    void SetModuleTitle(std::string_view text) override {
+    void SetModuleTitle(std::u16string_view text) override {
         title = text;
         ++titles;
     }
 
     // LogChooser.
-    std::optional<ChosenLog> ChooseLog() override {
+    std::optional<std::filesystem::path> ChooseLog() override {
         ++asked;
         return choice;
     }
@@ -53,9 +54,9 @@ public:
     bool stopEnabled = false;
     bool pauseEnabled = false;
     bool loadEnabled = true;
-    std::string title;
+    std::u16string title;
     int titles = 0;
-    std::optional<ChosenLog> choice;  // nothing: the user cancels
+    std::optional<std::filesystem::path> choice;  // nothing: the user cancels
     int asked = 0;
 };
 

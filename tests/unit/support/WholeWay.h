@@ -82,7 +82,7 @@ public:
         ReplayFile(m_folder / "drive.csv");
     }
     void ReplayFile(const std::filesystem::path& log) {
-        m_dialog.choice = ChosenLog{log, "drive.csv"};
+        m_dialog.choice = log;
         m_acquisition.control.LoadLog();
     }
 
