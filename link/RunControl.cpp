@@ -42,12 +42,14 @@ void RunControl::Stop() {
     SaveRanges();
 }
 
-// Only a table that was read from this very file may replace it: before the first record, or behind a
-// malformed one, the ranges in memory belong to another module or to none.
+// Before the first record, or behind a malformed one, the ranges in memory belong to another module or to
+// none, and there is nothing to save. And only a table that was read from this very file may replace it:
+// where it could not be read, the ranges that the user has chosen since then are lost, and that is said.
 void RunControl::SaveRanges() {
     ModuleScaling& ranges = m_plot.ranges;
-    if (m_module.Key() != ranges.LoadedName() || !ranges.IsLoadedWhole()) return;
-    if (ranges.SaveModuleScaling(m_module.Key()) < 0) m_owner.ShowMessage(IDS_SCALING_NOT_SAVED, IDS_ERROR);
+    if (m_module.Key() != ranges.LoadedName()) return;
+    const bool saved = ranges.IsLoadedWhole() && ranges.SaveModuleScaling(m_module.Key()) == 0;
+    if (!saved) m_owner.ShowMessage(IDS_SCALING_NOT_SAVED, IDS_ERROR);
 }
 
 void RunControl::Pause() {

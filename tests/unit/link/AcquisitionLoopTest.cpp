@@ -286,6 +286,17 @@ TEST_F(LiveLoopTest, AnotherModuleIsFollowedOnlyAfterARestart) {
     EXPECT_TRUE(std::filesystem::exists(ScalingFile("BBB-111-222.SCL")));
 }
 
+TEST_F(LiveLoopTest, ScalingThatCouldNotBeLoadedIsNotSavedAndThatIsSaid) {
+    test::WriteBytes(folder / "Scaling", "a file in the folder's place");
+    pipe.Write(BlockOf(EngineRecord()));
+    pipe.Write("\xFE");
+    Run();
+    EXPECT_EQ(panel.values[0], "780 /min");
+    ASSERT_EQ(dialog.messages.size(), 1u);
+    EXPECT_EQ(dialog.messages[0], std::make_pair(IDS_SCALING_NOT_SAVED, IDS_ERROR));
+    EXPECT_EQ(test::BytesOf(folder / "Scaling"), "a file in the folder's place");
+}
+
 TEST_F(LiveLoopTest, ScalingThatCannotBeSavedIsSaid) {
     pipe.Write(BlockOf(EngineRecord()));
     After(120.0, [&] {
