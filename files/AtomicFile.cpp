@@ -1,10 +1,9 @@
 #include "files/AtomicFile.h"
 
-#include <chrono>
 #include <string>
-#include <thread>
 
 #include "files/FileOperations.h"
+#include "files/HeldFile.h"
 #include "files/TextInput.h"
 
 #ifdef _WIN32
@@ -43,16 +42,9 @@ bool WriteWhole(const std::filesystem::path& path, const std::string& bytes) {
     return std::fclose(file.release()) == 0 && written;
 }
 
-// A virus scanner or an indexer often holds a file for a moment just after it was written, and Windows then
-// refuses to rename it. Tried for 80 ms at most: the user-interface thread waits.
+// On Windows a file that is held cannot be renamed over.
 bool RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {
-    constexpr int kAttempts = 5;
-    constexpr std::chrono::milliseconds kPause{20};
-    for (int attempt = 1;; ++attempt) {
-        if (RenameFile(from, to)) return true;
-        if (attempt == kAttempts) return false;
-        std::this_thread::sleep_for(kPause);
-    }
+    return OutwaitHolder([&] { return RenameFile(from, to); });
 }
 
 }  // namespace

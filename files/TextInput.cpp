@@ -2,7 +2,12 @@
 
 #include <string>
 
+#ifdef _WIN32
+#include <stdlib.h>
+#endif
+
 #include "files/FileOperations.h"
+#include "files/HeldFile.h"
 
 namespace plotvane {
 namespace {
@@ -10,13 +15,22 @@ namespace {
 constexpr int kEndOfTextByte = 0x1A;
 constexpr int kEndOfFileByte = 0xFF;
 
+#ifdef _WIN32
+constexpr unsigned long kSharingViolation = 32;  // the system's own number of an error
+#endif
+
 }  // namespace
 
 FileHandle OpenFile(const std::filesystem::path& path, const char* mode) {
     if (IsFolder(path)) return nullptr;
 #ifdef _WIN32
     const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-    return FileHandle(_wfopen(path.c_str(), wideMode.c_str()));
+    FileHandle file;
+    OutwaitHolder([&] {
+        file.reset(_wfopen(path.c_str(), wideMode.c_str()));
+        return file || _doserrno != kSharingViolation;
+    });
+    return file;
 #else
     return FileHandle(std::fopen(path.c_str(), mode));
 #endif

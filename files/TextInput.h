@@ -14,8 +14,8 @@ struct FileCloser {
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
-// Opens a file as std::fopen does, on every system with the path's own characters. Null if it cannot be
-// opened or is a folder.
+// Opens a file as std::fopen does, on every system with the path's own characters. A file that another
+// program keeps to itself for a moment is waited for. Null if it cannot be opened or is a folder.
 FileHandle OpenFile(const std::filesystem::path& path, const char* mode);
 
 // A text file of the host's or of this program's, read character by character; of any length, with

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -74,6 +76,37 @@ TEST(ReplaceTextFile, WaitsOutAReaderThatHoldsTheFileForAMoment) {
     scanner.join();
     EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "new");
     EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
+// Two copies of the program may share a folder, from two machines or one after the other.
+TEST(ReplaceTextFile, AReaderMeanwhileSeesTheOldTextOrTheNewOne) {
+    const test::TempFolder folder;
+    const std::string texts[] = {std::string(300, 'a'), std::string(9000, 'b')};
+    ASSERT_TRUE(ReplaceTextFile(folder / "a.cfg", texts[0]));
+    std::atomic<bool> done{false};
+    std::thread writer([&] {
+        for (int edition = 1; edition <= 100; ++edition) {
+            // A reader may hold the file for so long that Windows refuses; then the old text stands.
+            static_cast<void>(ReplaceTextFile(folder / "a.cfg", texts[edition % 2]));
+        }
+        done = true;
+    });
+    int seen[] = {0, 0};
+    bool sawAnotherText = false;
+    while (!done) {
+        TextInput file(folder / "a.cfg");
+        std::string text;
+        for (int c = file.Get(); c != TextInput::kEnd; c = file.Get()) text += static_cast<char>(c);
+        const auto* const known = std::ranges::find(texts, text);
+        if (known == std::end(texts))
+            sawAnotherText = true;
+        else
+            ++seen[known - texts];
+    }
+    writer.join();
+    EXPECT_FALSE(sawAnotherText);
+    EXPECT_GT(seen[0], 0);
+    EXPECT_GT(seen[1], 0);
 }
 
 }  // namespace

@@ -2,6 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#ifdef _WIN32
+#include <share.h>
+
+#include <chrono>
+#include <thread>
+#endif
+
 #include "tests/support/TempFolder.h"
 
 namespace plotvane {
@@ -69,6 +76,22 @@ TEST_F(TextInputTest, IsNotOpenForAMissingFileOrAFolder) {
     TextInput folder(m_folder.Path());
     EXPECT_FALSE(folder.IsOpen());
 }
+
+#ifdef _WIN32
+// Only Windows lets a program keep a file to itself.
+TEST_F(TextInputTest, OutwaitsAProgramThatKeepsTheFileForAMoment) {
+    test::WriteBytes(m_folder / "text", "mine");
+    std::FILE* const held = _wfsopen((m_folder / "text").c_str(), L"rb", _SH_DENYRW);
+    ASSERT_TRUE(held);
+    std::thread backup([held] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        std::fclose(held);
+    });
+    TextInput input(m_folder / "text");
+    backup.join();
+    EXPECT_EQ(AllOf(input), "mine");
+}
+#endif
 
 }  // namespace
 }  // namespace plotvane
