@@ -26,12 +26,20 @@ std::wstring CurrentDirectory() {
     return directory;
 }
 
+// The folder, or the nearest one above it that is no longer than plain paths let a folder be: beyond that
+// Windows' dialog goes elsewhere, and Wine's ends the program.
+std::filesystem::path StartFolder(std::filesystem::path folder) {
+    constexpr std::size_t kLongest = 247;
+    while (folder.native().size() > kLongest) folder = folder.parent_path();
+    return folder;
+}
+
 }  // namespace
 
 std::optional<std::filesystem::path> AskForLogFile(HWND owner) {
     const std::wstring current = CurrentDirectory();
     const std::wstring filter = Filter();
-    const std::wstring folder = (std::filesystem::path(current) / "LOGS").wstring();
+    const std::wstring folder = StartFolder(std::filesystem::path(current) / "LOGS").wstring();
     const std::wstring title = ToWide(LoadText(IDS_CHOOSE_LOG));
     std::array<wchar_t, 32768> path{};
 
