@@ -23,7 +23,7 @@ die() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
-test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev)
+test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev locales)
 fuzz_packages=(clang libclang-rt-dev)
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
 package_packages=(git zip unzip cmark-gfm nsis imagemagick)
@@ -127,7 +127,8 @@ start_display() {
 prepare_wine() {
     export WINEPREFIX=$build/${1:-wine} WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
     prefixes+=("$WINEPREFIX")
-    [[ -e $WINEPREFIX/.ready ]] && return
+    local made=$WINEPREFIX/.made # in its present form
+    [[ -e $made ]] && return
     say "making the Wine prefix $WINEPREFIX"
     rm -rf "$WINEPREFIX"
     watched timeout 120 wineboot -i >"$logs/wineboot.log" 2>&1 || {
@@ -137,8 +138,12 @@ prepare_wine() {
     # The signs on title bars. Debian's Wine does not look where its package has put them.
     local signs=/usr/share/wine/fonts/marlett.ttf
     [[ ! -e $signs ]] || cp "$signs" "$WINEPREFIX/drive_c/windows/Fonts"
+    # Windows has Arial. Where it is only asked for, Wine takes a font of the system's code page in its place:
+    # on a Japanese one another than Liberation Sans, which has the same widths.
+    watched timeout 60 wine reg add 'HKCU\Software\Wine\Fonts\Replacements' \
+        /v Arial /d 'Liberation Sans' /f >>"$logs/wineboot.log" 2>&1 || die "Wine does not keep its registry"
     timeout 60 wineserver -w || true  # the registry is written when the server ends
-    touch "$WINEPREFIX/.ready"
+    touch "$made"
 }
 
 # build_preset PRESET [TARGET...]: configures and builds; ccache shortens it where it is installed.

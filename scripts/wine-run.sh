@@ -10,7 +10,9 @@ if [[ -n ${DISPLAY:-} && -n ${WINEPREFIX:-} ]]; then
     exec wine "$@"
 fi
 
+place=${LC_ALL:-}
 source "$(dirname "$0")/common.sh"
+[[ -z ${LOCPATH:-} ]] || export LC_ALL=$place # a test that brings its own locales
 exec 9>"$build/.wine-lock"
 flock 9  # one program at a time: the end of one ends the prefix's server
 start_display

@@ -4,19 +4,13 @@
 
 namespace plotvane::test {
 
-namespace {
-
-constexpr int kMessageText = 0xFFFF;
-
-}  // namespace
-
 void Replay::Start() {
     session.Start();
     main = session.Main();
     ASSERT_TRUE(Becomes([this] { return main.IsShown(IDC_LOAD_LOG); }, true));
 }
 
-std::filesystem::path Replay::WriteLog(std::string_view name, std::string_view bytes) {
+std::filesystem::path Replay::WriteLog(const std::filesystem::path& name, std::string_view bytes) {
     const auto folder = session.Folder() / "LOGS";
     std::filesystem::create_directory(folder);
     WriteBytes(folder / name, bytes);
@@ -56,15 +50,6 @@ void Replay::Choose(const std::filesystem::path& path) {
 void Replay::Load(const std::filesystem::path& path) {
     Press(IDC_LOAD_LOG);
     Choose(path);
-}
-
-void Replay::ConfirmMessage(const std::wstring& text, const std::wstring& caption) {
-    const RemoteWindow message = session.DialogWith(kMessageText);
-    EXPECT_EQ(message.Text(kMessageText), text);
-    EXPECT_EQ(message.Text(), caption);
-    EXPECT_FALSE(::IsWindowEnabled(main.Get())) << "the message belongs to the main window";
-    message.PostClick(IDOK);
-    EXPECT_TRUE(Becomes([&] { return message.Exists(); }, false));
 }
 
 std::string ClassicLog(const std::vector<LogRowText>& rows) {

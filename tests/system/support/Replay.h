@@ -15,11 +15,15 @@ namespace plotvane::test {
 // The program without a host, and logs for it in the folder where it looks for them.
 class Replay : public ::testing::Test {
 protected:
+    Replay() = default;
+    // In such a folder: see Session.
+    explicit Replay(const std::filesystem::path& below) : session(below) {}
+
     // Waits until the program offers to load a log.
     void Start();
 
     // Gives a log to the program's folder of logs.
-    std::filesystem::path WriteLog(std::string_view name, std::string_view bytes);
+    std::filesystem::path WriteLog(const std::filesystem::path& name, std::string_view bytes);
 
     // Presses a button as a person can: it has to be there and enabled. The handler goes on for as long as
     // the replay does.
@@ -34,8 +38,9 @@ protected:
     // Load, and the file dialog.
     void Load(const std::filesystem::path& path);
 
-    // Confirms the message that has to have come, once it reads so.
-    void ConfirmMessage(const std::wstring& text, const std::wstring& caption);
+    void ConfirmMessage(const std::wstring& text, const std::wstring& caption) const {
+        session.ConfirmMessage(text, caption);
+    }
 
     // Whether any window of the program is open beside the main one.
     bool HasDialog() const { return WindowsOf(main.ProcessId()).size() > 1; }

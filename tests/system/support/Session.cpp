@@ -9,7 +9,14 @@ namespace {
 // Any free number will do; this one shows that the program reads it from the file.
 constexpr int kDescriptor = 5;
 
+constexpr int kMessageText = 0xFFFF;
+
 }  // namespace
+
+Session::Session(const std::filesystem::path& below)
+    : m_workingFolder(below.empty() ? m_folder.Path() : m_folder.Path() / below) {
+    std::filesystem::create_directories(m_workingFolder);
+}
 
 void Session::Start() {
     Launch(nullptr, -1);
@@ -69,6 +76,15 @@ RemoteWindow Session::DialogWith(int id) const {
         true))
         << "no dialog with the control " << id << " came";
     return dialog;
+}
+
+void Session::ConfirmMessage(const std::wstring& text, const std::wstring& caption) const {
+    const RemoteWindow message = DialogWith(kMessageText);
+    EXPECT_EQ(message.Text(kMessageText), text);
+    EXPECT_EQ(message.Text(), caption);
+    EXPECT_FALSE(::IsWindowEnabled(Main().Get())) << "the message belongs to the main window";
+    message.PostClick(IDOK);
+    EXPECT_TRUE(Becomes([&] { return message.Exists(); }, false));
 }
 
 ::testing::AssertionResult Session::Shows(int slot, const std::wstring& text) const {

@@ -17,6 +17,9 @@ namespace plotvane::test {
 // One run of the real program in a working folder of its own. Whatever still runs ends with the object.
 class Session {
 public:
+    // `below` is a folder under the one of the session's own, or a whole path; it is made if it is missing.
+    explicit Session(const std::filesystem::path& below = {});
+
     // Without a host the program offers logs to replay; with one it plots live.
     void Start();
     void StartWithHost();
@@ -39,6 +42,9 @@ public:
     // text is the control 0xFFFF) or the About dialog. Waited for; an empty window if it does not come.
     RemoteWindow DialogWith(int id) const;
 
+    // Confirms the message that has to have come, once it reads so.
+    void ConfirmMessage(const std::wstring& text, const std::wstring& caption) const;
+
     // Waits until value box `slot` reads `text`, which is how a test knows that a record has arrived.
     ::testing::AssertionResult Shows(int slot, const std::wstring& text) const;
     std::wstring ValueText(int slot) const { return Main().Text(IDC_VALUE_FIRST + slot); }
@@ -46,14 +52,17 @@ public:
     // Closes the main window and waits for the end of the program.
     ::testing::AssertionResult Closes() const;
 
-    const std::filesystem::path& Folder() const { return m_folder.Path(); }
-    std::filesystem::path Scaling(std::string_view name) const { return Folder() / "Scaling" / name; }
+    const std::filesystem::path& Folder() const { return m_workingFolder; }
+    std::filesystem::path Scaling(const std::filesystem::path& name) const {
+        return Folder() / "Scaling" / name;
+    }
     std::filesystem::path ExchangeFile() const { return Folder() / "MB-PIPE.TXT"; }
 
 private:
     void Launch(HANDLE inheritedPipe, int descriptor);
 
     TempFolder m_folder;
+    const std::filesystem::path m_workingFolder;
     std::unique_ptr<PipeHost> m_host;
     std::unique_ptr<ChildProcess> m_process;
     bool m_throughHost = false;  // the process is a host, and the program another one

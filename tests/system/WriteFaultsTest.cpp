@@ -1,0 +1,176 @@
+// Settings files that cannot be written: what the program says, and what is on the disk afterwards.
+#include "tests/system/support/MainDialog.h"
+#include "tests/system/support/Records.h"
+#include "tests/system/support/Session.h"
+#include "tests/system/support/WriteFault.h"
+
+namespace plotvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kPrefs = "Prefs.cfg";
+constexpr const char* kDefaults = "Defaults.cfg";
+constexpr const wchar_t* kNotSaved = L"Sorry, the scaling values couldn't be saved to disk";
+
+// What a user has set; another window size than the one that the program would write.
+constexpr const char* kMyPrefs = "BackColor=400000\r\nAutorun=1\r\nSaveWindowSize=1\r\nWidth=300\r\n";
+constexpr const char* kMyDefaults = "km/h,0,300,\r\nV,0,15,\r\n";
+
+class WriteFaults : public ::testing::TestWithParam<WriteFaultKind> {
+protected:
+    WriteFaults() {
+        std::filesystem::create_directory(session.Scaling(""));
+        WriteBytes(session.Scaling(kPrefs), kMyPrefs);
+        WriteBytes(session.Scaling(kDefaults), kMyDefaults);
+    }
+    std::unique_ptr<WriteFault> BreakFile(const char* name) const {
+        return Break(GetParam(), session.Scaling(name));
+    }
+    // Once the fault is over.
+    void ExpectWhole(const char* name, const std::string& bytes) const {
+        EXPECT_EQ(BytesOf(session.Scaling(name)), bytes);
+        EXPECT_FALSE(std::filesystem::exists(FileBeside(session.Scaling(name))));
+    }
+    // Neither a message nor a dialog is open, and the program goes on.
+    void ExpectSilence() const {
+        EXPECT_TRUE(session.Main().Answers(5000ms));
+        EXPECT_EQ(WindowsOf(session.Main().ProcessId()).size(), 1u);
+    }
+
+    Session session;
+};
+
+TEST_P(WriteFaults, AtTheCloseLeaveThePreferencesAsTheyWere) {
+    session.Start();
+    ASSERT_TRUE(session.Main().Exists());
+    auto fault = BreakFile(kPrefs);
+    EXPECT_TRUE(session.Closes());  // which a message would hold up
+    fault.reset();
+    ExpectWhole(kPrefs, kMyPrefs);
+}
+
+TEST_P(WriteFaults, OfSaveAndExitAreSilentAndLeaveBothFiles) {
+    session.Start();
+    session.Main().Post(WM_SYSCOMMAND, ID_SYSMENU_PREFERENCES);
+    const RemoteWindow dialog = session.DialogWith(IDC_PREFS_SHOW_ZEROS);
+    dialog.SetChecked(IDC_PREFS_SHOW_ZEROS, true);
+    dialog.Click(IDC_PREFS_SHOW_ZEROS);
+    dialog.Type(IDC_PREFS_ROW_MAX, L"280");
+    {
+        const auto prefs = BreakFile(kPrefs);
+        const auto defaults = BreakFile(kDefaults);
+        dialog.PostClick(IDOK);
+        EXPECT_TRUE(Becomes([&] { return dialog.Exists(); }, false));
+        ExpectSilence();
+    }
+    ExpectWhole(kPrefs, kMyPrefs);
+    ExpectWhole(kDefaults, kMyDefaults);
+    EXPECT_TRUE(session.Closes());
+    EXPECT_NE(BytesOf(session.Scaling(kPrefs)), kMyPrefs);  // nothing is in the way any more
+}
+
+TEST_P(WriteFaults, OfTheRangesAtAStopAreSaid) {
+    const std::string mine = ScalingBytes(7, "500,5000,0,100,0,100,0,30,");
+    WriteBytes(session.Scaling(kScalingFile), mine);
+    session.StartWithHost();
+    session.Host().SendRecord(kFirstRecord);
+    ASSERT_TRUE(session.Shows(3, L"4.2 l/h"));
+    {
+        const auto fault = BreakFile(kScalingFile);
+        session.Host().StopSending();
+        session.ConfirmMessage(kNotSaved, L"Error");
+        ExpectSilence();
+    }
+    ExpectWhole(kScalingFile, mine);
+
+    // With the disk in order again, the ranges are saved at the next stop.
+    session.Main().PostClick(IDC_PAUSE);
+    session.Host().SendRecord(kSecondRecord);
+    ASSERT_TRUE(session.Shows(3, L"5.2 l/h"));
+    session.Host().StopSending();
+    EXPECT_TRUE(Becomes([&] { return BytesOf(session.Scaling(kScalingFile)); },
+                        ScalingBytes(7, "500,5000,0,100,0,300,0,30,")));
+    ExpectSilence();
+    EXPECT_TRUE(session.Closes());
+}
+
+TEST_P(WriteFaults, OfTheRangesAtTheCloseAreSaidAndThePreferencesSavedAllTheSame) {
+    session.StartWithHost();
+    session.Host().SendRecord(kFirstRecord);
+    ASSERT_TRUE(session.Shows(3, L"4.2 l/h"));
+    const std::string before = BytesOf(session.Scaling(kScalingFile));
+    auto fault = BreakFile(kScalingFile);
+    session.Main().Close();
+    session.ConfirmMessage(kNotSaved, L"Error");
+    EXPECT_TRUE(session.Process().EndsWithin(kDeadline));
+    fault.reset();
+    ExpectWhole(kScalingFile, before);
+    EXPECT_NE(BytesOf(session.Scaling(kPrefs)), kMyPrefs);
+    EXPECT_FALSE(std::filesystem::exists(session.ExchangeFile()));
+}
+
+std::string NameOf(const ::testing::TestParamInfo<WriteFaultKind>& info) {
+    return info.param == WriteFaultKind::Held ? "Held" : "FullDisk";
+}
+INSTANTIATE_TEST_SUITE_P(Each, WriteFaults, ::testing::Values(WriteFaultKind::Held, WriteFaultKind::FullDisk),
+                         NameOf);
+
+// Files that the program makes for itself when they are missing.
+class FirstWriteFaults : public ::testing::Test {
+protected:
+    FirstWriteFaults() { std::filesystem::create_directory(session.Scaling("")); }
+
+    // The unit's range from the built-in table is in force: km/h is the third field.
+    void ExpectTheDriveIsPlotted() {
+        ASSERT_TRUE(session.Shows(3, L"4.2 l/h"));
+        EXPECT_EQ(WindowsOf(session.Main().ProcessId()).size(), 1u);
+        session.Main().Click(IDC_SCALE_NEXT);
+        session.Main().Click(IDC_SCALE_NEXT);
+        EXPECT_EQ(session.Main().Text(IDC_SCALE_MAX), L"250");
+    }
+
+    Session session;
+};
+
+TEST_F(FirstWriteFaults, OfTheDefaultsOnAFullDiskAreSilent) {
+    const auto fault = Break(WriteFaultKind::FullDisk, session.Scaling(kDefaults));
+    session.StartWithHost();
+    session.Host().SendRecord(kFirstRecord);
+    ExpectTheDriveIsPlotted();
+    EXPECT_FALSE(std::filesystem::exists(session.Scaling(kDefaults)));
+    EXPECT_TRUE(session.Closes());
+}
+
+TEST_F(FirstWriteFaults, OfTheDefaultsInTheirFoldersPlaceAreSilent) {
+    std::filesystem::create_directory(session.Scaling(kDefaults));
+    session.StartWithHost();
+    session.Host().SendRecord(kFirstRecord);
+    ExpectTheDriveIsPlotted();
+    EXPECT_TRUE(session.Closes());
+    EXPECT_TRUE(std::filesystem::is_empty(session.Scaling(kDefaults)));
+}
+
+TEST_F(FirstWriteFaults, OfTheRangesAreSaidAtTheStopOnly) {
+    const auto fault = Break(WriteFaultKind::FullDisk, session.Scaling(kScalingFile));
+    session.StartWithHost();
+    session.Host().SendRecord(kFirstRecord);
+    ExpectTheDriveIsPlotted();
+    EXPECT_FALSE(std::filesystem::exists(session.Scaling(kScalingFile)));
+    session.Host().StopSending();
+    session.ConfirmMessage(kNotSaved, L"Error");
+    EXPECT_FALSE(std::filesystem::exists(session.Scaling(kScalingFile)));
+    EXPECT_TRUE(session.Closes());
+}
+
+TEST_F(FirstWriteFaults, OfThePreferencesAreSilent) {
+    session.Start();
+    ASSERT_TRUE(session.Main().Exists());
+    auto fault = Break(WriteFaultKind::FullDisk, session.Scaling(kPrefs));
+    EXPECT_TRUE(session.Closes());
+    fault.reset();
+    EXPECT_TRUE(std::filesystem::is_empty(session.Scaling("")));
+}
+
+}  // namespace
+}  // namespace plotvane::test
