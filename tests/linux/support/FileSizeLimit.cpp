@@ -9,23 +9,29 @@ namespace plotvane::test {
 namespace {
 
 // Only what the process asks of itself changes, so that the limit can be lifted again by any user.
-std::size_t ExchangeLimit(std::size_t bytes) {
+std::size_t Limit() {
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
-    const std::size_t before = limit.rlim_cur;
+    return limit.rlim_cur;
+}
+
+bool SetLimit(std::size_t bytes) {
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
     limit.rlim_cur = bytes;
-    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) throw std::runtime_error("cannot limit the size of files");
-    return before;
+    return setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
 }  // namespace
 
 // The system would also end the process by a signal, which a full disk does not.
 FileSizeLimit::FileSizeLimit(std::size_t bytes)
-    : m_before(ExchangeLimit(bytes)), m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN)) {}
+    : m_before(Limit()), m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN)) {
+    if (!SetLimit(bytes)) throw std::runtime_error("cannot limit the size of files");
+}
 
 FileSizeLimit::~FileSizeLimit() {
-    ExchangeLimit(m_before);
+    SetLimit(m_before);
     std::signal(SIGXFSZ, m_handlerBefore);
 }
 

@@ -14,28 +14,33 @@ constexpr std::uint32_t kPermissionsAreNothing = 1u << CAP_DAC_OVERRIDE;
 
 using Capabilities = std::array<__user_cap_data_struct, 2>;
 
-__user_cap_header_struct ThisProcess() {
-    return {_LINUX_CAPABILITY_VERSION_3, 0};
+bool Ask(long call, Capabilities& capabilities) {
+    __user_cap_header_struct thisProcess{_LINUX_CAPABILITY_VERSION_3, 0};
+    return syscall(call, &thisProcess, capabilities.data()) == 0;
 }
 
-// The capabilities in force, 0..31; what the process may put in force stays, so that they can come back.
-std::uint32_t ExchangeEffective(std::uint32_t kept) {
+std::uint32_t Effective() {
     Capabilities capabilities{};
-    auto header = ThisProcess();
-    if (syscall(SYS_capget, &header, capabilities.data()) != 0) throw std::runtime_error("capget failed");
-    const std::uint32_t before = capabilities[0].effective;
-    capabilities[0].effective = capabilities[0].permitted & kept;
-    header = ThisProcess();
-    if (syscall(SYS_capset, &header, capabilities.data()) != 0) throw std::runtime_error("capset failed");
-    return before;
+    if (!Ask(SYS_capget, capabilities)) throw std::runtime_error("cannot ask for rights");
+    return capabilities[0].effective;
+}
+
+// What the process may put in force stays, so that it can come back.
+bool SetEffective(std::uint32_t effective) {
+    Capabilities capabilities{};
+    if (!Ask(SYS_capget, capabilities)) return false;
+    capabilities[0].effective = effective;
+    return Ask(SYS_capset, capabilities);
 }
 
 }  // namespace
 
-UserRights::UserRights() : m_before(ExchangeEffective(~kPermissionsAreNothing)) {}
+UserRights::UserRights() : m_before(Effective()) {
+    if (!SetEffective(m_before & ~kPermissionsAreNothing)) throw std::runtime_error("cannot give up rights");
+}
 
 UserRights::~UserRights() {
-    ExchangeEffective(m_before);
+    SetEffective(m_before);
 }
 
 }  // namespace plotvane::test
