@@ -36,7 +36,8 @@ protected:
             const std::string time =
                 std::to_string(row / 20) + "." + std::to_string(row % 20 * 5 + 100).substr(1);
             const std::string four = "," + time + ",1,2,3," + std::to_string(row % 100);
-            log += "0," + time + "," + std::to_string(speed) + ",50,4.2,12" + four + four + ",\r\n";
+            log.append("0,").append(time).append(",").append(std::to_string(speed)).append(",50,4.2,12");
+            log.append(four).append(four).append(",\r\n");
         }
         return log;
     }

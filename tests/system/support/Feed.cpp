@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t kFloodBytes = 4096;
 // Leaves room for what the test itself sends.
-constexpr std::size_t kMostUnread = 48 * 1024;
+constexpr DWORD kMostUnread = 48 * 1024;
 
 std::string Field(int group, int field, const std::string& value, std::string_view unit) {
     return "G00" + std::to_string(group) + ",F" + std::to_string(field) + "," + value + "," +
