@@ -1,10 +1,7 @@
 #include "files/TextInput.h"
 
+#include <cstdlib>
 #include <string>
-
-#ifdef _WIN32
-#include <stdlib.h>
-#endif
 
 #include "files/FileOperations.h"
 #include "files/HeldFile.h"

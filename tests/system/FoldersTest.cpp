@@ -61,7 +61,7 @@ protected:
         ASSERT_TRUE(::SetFileAttributesW(session.Scaling(name).c_str(), FILE_ATTRIBUTE_READONLY));
         m_protected.push_back(session.Scaling(name));
     }
-    ~ReadOnlyFiles() override {
+    void TearDown() override {
         for (const auto& file : m_protected) ::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
     }
 
@@ -103,7 +103,7 @@ std::filesystem::path FolderOfLength(std::size_t length) {
 class LongFolder : public Replay, public ::testing::WithParamInterface<std::size_t> {
 protected:
     LongFolder() : Replay(FolderOfLength(GetParam())) {}
-    ~LongFolder() override {
+    void TearDown() override {
         std::error_code ignored;
         std::filesystem::remove_all(session.Folder(), ignored);
     }
