@@ -45,12 +45,12 @@ for preset in "$@"; do
             f=1
             complaints+="  failed: $preset, $name: the program itself ($outcome)"$'\n'
         fi
-        table+=$(printf '%-9s %-18s %7d %7d %8d %8.1f s' "$preset" "$name" "$p" "$f" "$s" "$seconds")$'\n'
+        table+=$(printf '%-9s %-20s %7d %7d %8d %8.1f s' "$preset" "$name" "$p" "$f" "$s" "$seconds")$'\n'
         passed=$((passed + p)) failed=$((failed + f)) skipped=$((skipped + s))
     done < <(programs "$preset/ctest.xml")
 done
 
-printf '\n%-9s %-18s %7s %7s %8s %10s\n%s\n' build tests passed failed skipped time "$table"
+printf '\n%-9s %-20s %7s %7s %8s %10s\n%s\n' build tests passed failed skipped time "$table"
 [[ -z $complaints ]] || printf '%s\n' "$complaints"
 ((passed + failed > 0)) || { echo "error: no test ran" >&2; failed=1; }
 printf '%d passed, %d failed' "$passed" "$failed"
