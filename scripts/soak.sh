@@ -94,7 +94,7 @@ replay() {
     write_log "$rows" 0.001 >"$folder/LOGS/soak.csv"
     local began=$SECONDS time
     remote load "${log//\//\\}"
-    sleep "$warm_up"
+    sleep 3 # of a short log there must be something left to watch
     remote watch "$((minutes * 120))"
     time=$(remote texts | grep -a ^time)
     remote ended || { echo "$time of $((rows / 1000)) s of the log"; return 1; }
