@@ -116,7 +116,7 @@ CPlotvaneDlg::CPlotvaneDlg()
 BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
     AppendSystemMenu();
-    LoadPrefs(m_data.PrefsFile(), m_data.prefs);
+    m_arePrefsKnown = LoadPrefs(m_data.PrefsFile(), m_data.prefs);
     CreateChart();
     SetIcons();
     m_panel.SetUp();
@@ -288,7 +288,7 @@ void CPlotvaneDlg::OnSysCommand(UINT id, LPARAM lParam) {
 
 void CPlotvaneDlg::ShowPreferences() {
     CPrefsDlg(m_hWnd, m_data.prefs, m_data.PrefsFile(), m_data.defaults, m_data.state).DoModal();
-    LoadPrefs(m_data.PrefsFile(), m_data.prefs);
+    m_arePrefsKnown = LoadPrefs(m_data.PrefsFile(), m_data.prefs);
     ApplyColours();
     m_meters.ApplyPrefs();
     m_data.state.redrawRequest = true;
@@ -301,7 +301,8 @@ void CPlotvaneDlg::OnClose() {
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
     ::SetFocus(nullptr);        // a limit that is being typed is taken when its edit is left
     Stop();
-    if (m_data.prefs.saveWindowSize) {
+    // Only the user may write over a file that could not be read.
+    if (m_data.prefs.saveWindowSize && m_arePrefsKnown) {
         // A run without the host has made no folder yet; what the user set must not be lost for that.
         MakeFolders(m_data.PrefsFile().parent_path());
         static_cast<void>(

@@ -101,7 +101,8 @@ private:
     std::string m_hintText;
     bool m_hintShown = true;  // to come, or on
     bool m_closing = false;
-    int m_lastWidth = 0;  // outer size in pixels for which the controls are placed
+    bool m_arePrefsKnown = false;  // read, or there are none
+    int m_lastWidth = 0;           // outer size in pixels for which the controls are placed
     int m_lastHeight = 0;
 };
 

@@ -3,7 +3,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <system_error>
 
 #include "files/AtomicFile.h"
 #include "files/FileOperations.h"
@@ -19,8 +18,10 @@ constexpr std::size_t kMaxDigits = 11;
 constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
 
 // The beginning of the file; empty if there is none.
-std::string TextOf(const std::filesystem::path& path) {
+// Nothing if the file cannot be opened.
+std::optional<std::string> TextOf(const std::filesystem::path& path) {
     TextInput file(path);
+    if (!file.IsOpen()) return std::nullopt;
     std::string text;
     while (text.size() < kMaxTextLength && file.Peek() != TextInput::kEnd) {
         text += static_cast<char>(file.Get());
@@ -93,17 +94,17 @@ private:
 
 }  // namespace
 
-void LoadPrefs(const std::filesystem::path& file, Prefs& prefs) {
+bool LoadPrefs(const std::filesystem::path& file, Prefs& prefs) {
     const Prefs defaults;
-    const std::string text = TextOf(file);
-    if (text.empty()) {
+    const std::optional<std::string> text = TextOf(file);
+    if (!text || text->empty()) {
         const bool saveWindowSize = prefs.saveWindowSize;
         prefs = defaults;
         prefs.saveWindowSize = saveWindowSize;
-        return;
+        return text || KindOf(file) == FileKind::Missing;
     }
 
-    KeyedText keyed(text);
+    KeyedText keyed(*text);
     prefs.backColor = keyed.Hex("BackColor", defaults.backColor);
     prefs.gridColor = keyed.Hex("GridColor", defaults.gridColor);
     for (std::size_t trace = 0; trace < prefs.lineColor.size(); ++trace) {
@@ -120,6 +121,7 @@ void LoadPrefs(const std::filesystem::path& file, Prefs& prefs) {
     prefs.maxConsumption = keyed.Decimal("MaxConsumption", defaults.maxConsumption);
     prefs.fuelHistoryDepth = keyed.Decimal("FuelHistoryDepth", defaults.fuelHistoryDepth);
     if (!keyed.HasKeys()) LoadLegacyPrefs(file, prefs);
+    return true;
 }
 
 int SavePrefs(const std::filesystem::path& file, const Prefs& prefs, int windowWidth, int windowHeight) {

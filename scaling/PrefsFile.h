@@ -19,7 +19,10 @@ constexpr std::uint32_t kNoPrefsValue = 0xFFFFFFFF;
 // Reads the file into the record. A missing or empty file gives the defaults and leaves `saveWindowSize` as
 // it is; a missing key gives its default, but leaves a trace colour as it is. A file without keys is taken
 // for the older form. Numbers are stored as they stand in the file; their users bound them.
-void LoadPrefs(const std::filesystem::path& file, Prefs& prefs);
+//
+// False if the file is there but cannot be opened: the record then holds defaults, and what the user has set
+// is unknown.
+bool LoadPrefs(const std::filesystem::path& file, Prefs& prefs);
 
 // Writes the record, with the window's present outer size instead of the record's. 0, or -1 if the file
 // cannot be written.

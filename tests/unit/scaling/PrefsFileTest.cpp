@@ -328,5 +328,17 @@ TEST_F(PrefsFileTest, AFolderOfThatNameIsLikeAMissingFile) {
     ExpectEqual(prefs, Prefs{});
 }
 
+TEST_F(PrefsFileTest, OnlyWhatIsThereAndCannotBeReadIsUnknown) {
+    Prefs prefs;
+    EXPECT_TRUE(LoadPrefs(File(), prefs));
+    for (const std::string_view text : {"", "Autorun=0\n", "0,0,0,\n"}) {
+        test::WriteBytes(File(), text);
+        EXPECT_TRUE(LoadPrefs(File(), prefs)) << text;
+    }
+    std::filesystem::remove(File());
+    std::filesystem::create_directory(File());
+    EXPECT_FALSE(LoadPrefs(File(), prefs));
+}
+
 }  // namespace
 }  // namespace plotvane
