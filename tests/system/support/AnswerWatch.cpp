@@ -36,7 +36,7 @@ AnswerWatch::AnswerWatch(HWND window, std::chrono::milliseconds every) {
 }
 
 void AnswerWatch::Ask(HWND window, std::chrono::milliseconds every, const std::stop_token& stop) {
-    while (!stop.stop_requested()) {
+    for (bool again = true; again; again = !stop.stop_requested()) {
         const auto asked = Clock::now();
         DWORD_PTR ignored = 0;
         ::SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored);

@@ -10,11 +10,11 @@
 
 namespace plotvane::test {
 
-// Asks a window of the program again and again for as long as this object watches. Each answer has to come
-// within 200 ms, of a machine that has time for it. Where others work too, everything takes a multiple of its
-// time, so a piece of work that is always the same is done beside the asking: by as much as its slowest run
-// took longer than it would by itself, the answers may too. On a machine with time to spare that is nearly
-// nothing.
+// Asks a window of the program again and again for as long as this object watches, once at least. Each answer
+// has to come within 200 ms, of a machine that has time for it. Where others work too, everything takes a
+// multiple of its time, so a piece of work that is always the same is done beside the asking: by as much as
+// its slowest run took longer than it would by itself, the answers may too. On a machine with time to spare
+// that is nearly nothing.
 class AnswerWatch {
 public:
     // With null for the window nothing is asked, only the work is done.
