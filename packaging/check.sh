@@ -159,10 +159,11 @@ check_upgrade() {
 machine=""
 fresh_machine() {
     [[ -n $machine ]] || start_display
-    [[ -z $machine ]] || { wineserver -k && wineserver -w; } || true
     machine=$1
     export WINEPREFIX=$build/package-wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
-    rm -rf "$WINEPREFIX"
+    # What ran on the machine before, also in an earlier run of this script, may still be writing as it ends.
+    [[ ! -d $WINEPREFIX ]] || { wineserver -k; wineserver -w; } || true
+    wait_for 10 rm -rf "$WINEPREFIX" || die "$WINEPREFIX cannot be removed"
     say "making a fresh Wine prefix for $machine"
     watched timeout 120 wineboot -i >"$logs/wineboot-package.log" 2>&1 || die "Wine could not make its prefix"
 }
