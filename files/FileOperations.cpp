@@ -2,14 +2,13 @@
 
 #include <sys/stat.h>
 
+#include <cstdio>
 #include <optional>
 
 #ifdef _WIN32
 #include <direct.h>
-#include <stdio.h>
-#include <wchar.h>
-#else
-#include <cstdio>
+
+#include <cwchar>
 #endif
 
 namespace plotvane {

@@ -2,9 +2,9 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <stdlib.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace plotvane {
 namespace {
