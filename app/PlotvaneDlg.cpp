@@ -23,9 +23,11 @@ namespace {
 constexpr UINT_PTR kModeTimer = 1;
 constexpr UINT_PTR kLayoutTimer = 2;
 constexpr UINT_PTR kHintTimer = 3;
+constexpr UINT_PTR kRowsTimer = 4;
 constexpr UINT kTimerMs = 100;
 
-constexpr int kLeastClientHeight = 200;  // smaller resizes are ignored
+constexpr std::size_t kControlsOfChart = 1;  // in the template, its placeholder comes first
+constexpr int kLeastClientHeight = 200;      // smaller resizes are ignored
 constexpr GridCounts kGridCounts{9, 9};
 constexpr int kLabelMargin = 1;  // characters
 
@@ -101,7 +103,7 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
 END_MESSAGE_MAP()
 
 CPlotvaneDlg::CPlotvaneDlg()
-    : CDialog(IDD_MAIN),
+    : CDialog(IDD_MAIN, nullptr, kControlsOfChart),
       m_data(ScalingFolder()),
       m_chart(m_data.prefs, m_data.state, m_data.slots),
       m_panel(*this, LoadText(IDS_PIXEL_SHIFT)),
@@ -119,9 +121,6 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     m_arePrefsKnown = LoadPrefs(m_data.PrefsFile(), m_data.prefs);
     CreateChart();
     SetIcons();
-    m_panel.SetUp();
-    m_buttons.SetUp();
-    m_panel.ShowPixelShift(m_data.state.pixelShift);
     m_pump.SetDialog(m_hWnd);
 
     const CRect natural = GetWindowRect();
@@ -133,6 +132,21 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     Relayout();
     SetTimer(kModeTimer, kTimerMs);
     return TRUE;
+}
+
+// A hundred controls take Windows longer to make than all else at the start takes: they come when the chart
+// is on the screen. In a window that is shown each would ask for a painting of its own.
+void CPlotvaneDlg::SetUpRows() {
+    if (m_hasRows) return;
+    m_hasRows = true;
+    const bool isShown = ::IsWindowVisible(m_hWnd) != FALSE;
+    if (isShown) SetRedraw(false);
+    CreateOtherControls(m_lowered);
+    m_panel.SetUp();
+    m_buttons.SetUp();
+    m_panel.ShowPixelShift(m_data.state.pixelShift);
+    if (isShown) SetRedraw(true);
+    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void CPlotvaneDlg::AppendSystemMenu() {
@@ -175,7 +189,11 @@ void CPlotvaneDlg::SetIcons() {
 void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
     KillTimer(timer);
     switch (timer) {
+        case kRowsTimer:
+            SetUpRows();
+            break;
         case kModeTimer:
+            SetUpRows();
             DecideMode();
             break;
         case kLayoutTimer:
@@ -205,7 +223,7 @@ void CPlotvaneDlg::DecideMode() {
     }
 }
 
-// When the dialog opened its buttons were hidden or disabled, and a check box has got the focus.
+// When the controls came, the buttons were hidden or disabled, and none has got the focus.
 void CPlotvaneDlg::FocusButton(int id) {
     SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(id)), TRUE);
 }
@@ -246,8 +264,11 @@ void CPlotvaneDlg::Relayout() {
     const int higher = window.Height() - m_lastHeight;
     if (wider == 0 && higher == 0) return;
 
-    MoveControlsDown(*this, IDC_MOVED_FIRST, IDC_MOVED_LAST, higher);
-    m_panel.PlaceSwatches();
+    m_lowered += higher;
+    if (m_hasRows) {
+        MoveControlsDown(*this, IDC_MOVED_FIRST, IDC_MOVED_LAST, higher);
+        m_panel.PlaceSwatches();
+    }
     m_chart.ReleasePictures();
     m_chart.DestroyWindow();
     GrowControl(*this, IDC_CHART_FRAME, wider, higher);
@@ -262,8 +283,9 @@ void CPlotvaneDlg::Relayout() {
 void CPlotvaneDlg::OnPaint() {
     if (!IsIconic()) {
         Default();
-        // Ahead of the hundred controls around it, whose turn it would otherwise wait for.
         ::UpdateWindow(m_chart.m_hWnd);
+        // Behind a pause: the picture may stay off the screen until this thread is idle.
+        if (!m_hasRows) SetTimer(kRowsTimer, USER_TIMER_MINIMUM);
         return;
     }
     CPaintDC dc(m_hWnd);

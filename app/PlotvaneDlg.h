@@ -78,6 +78,7 @@ private:
     void CreateChart();
     void ApplyColours();
     void SetIcons();
+    void SetUpRows();
 
     void DecideMode();
     void FocusButton(int id);
@@ -102,6 +103,8 @@ private:
     bool m_hintShown = true;  // to come, or on
     bool m_closing = false;
     bool m_arePrefsKnown = false;  // read, or there are none
+    bool m_hasRows = false;        // the controls below the chart
+    int m_lowered = 0;             // pixels that these stand below their places in the template
     int m_lastWidth = 0;           // outer size in pixels for which the controls are placed
     int m_lastHeight = 0;
 };

@@ -1,5 +1,6 @@
 #include "app/SlotControls.h"
 
+#include "app/DialogLayout.h"
 #include "model/Numbers.h"
 #include "plot/AirFuelRule.h"
 #include "res/resource.h"
@@ -59,18 +60,17 @@ void SlotControls::TakeOverValueBoxes() {
     m_elapsed.TakeOver(m_dialog.GetDlgItem(IDC_ELAPSED));
 }
 
+// On top of its placeholder, which would paint over it otherwise.
 void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id) {
-    box.Create(WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, CRect(), m_dialog.m_hWnd, id);
-    Place(box, placeholder);
     SetColour(box, InactiveColour());
+    box.Create(WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, PlaceOfControl(m_dialog, placeholder),
+               m_dialog.m_hWnd, id);
+    ::SetWindowPos(box.m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     m_dialog.ShowDlgItem(placeholder, true);
 }
 
-// On top of its placeholder, which would paint over it otherwise.
 void SlotControls::Place(CColorBox& box, int placeholder) {
-    CRect place;
-    ::GetWindowRect(m_dialog.GetDlgItem(placeholder), &place);
-    place = m_dialog.ScreenToClient(place);
+    const CRect place = PlaceOfControl(m_dialog, placeholder);
     ::SetWindowPos(box.m_hWnd, HWND_TOP, place.left, place.top, place.Width(), place.Height(),
                    SWP_NOACTIVATE);
 }
