@@ -1,9 +1,10 @@
-// From the start of the process to the first painted chart, against the same of an empty dialog, in turns;
-// and the private memory of both. Prints medians and ratios.
+// From the start of the process to the first painted chart, and to the controls below it, against an empty
+// dialog, in turns; and the private memory. Prints medians and ratios.
 //
-// "Painted" is what a person would call so, and the same for both: the place of the chart is looked at on the
-// screen itself every few milliseconds. A chart is there when the place holds its grid on its background and
-// nothing else; an empty dialog, when the place has the colour of dialogs and nothing else.
+// "Painted" is what a person would call so, and the same for all: a place is looked at on the screen itself
+// every few milliseconds. A chart is there when its place holds its grid on its background and nothing else;
+// an empty dialog, when that place has the colour of dialogs and nothing else; the controls, when there is a
+// text on the colour of dialogs where the last of them stands.
 #include <windows.h>
 
 #include <algorithm>
@@ -37,6 +38,11 @@ RECT PlaceOfChart(const RECT& client) {
             client.top + height / 2};
 }
 
+// Of the last control that is made: the title of the box at the right, above the bottom edge.
+RECT PlaceOfLastText(const RECT& client) {
+    return {client.right - 100, client.bottom - 34, client.right - 30, client.bottom - 22};
+}
+
 bool HoldsChart(const test::ScreenPicture& picture) {
     const Prefs prefs;
     const int grid = picture.Count(prefs.gridColor);
@@ -49,9 +55,15 @@ bool HoldsDialog(const test::ScreenPicture& picture) {
     return picture.Count(::GetSysColor(COLOR_3DFACE)) == picture.width * picture.height;
 }
 
+bool HoldsText(const test::ScreenPicture& picture) {
+    const int size = picture.width * picture.height;
+    return picture.Count(::GetSysColor(COLOR_3DFACE)) > size / 2 && picture.Count(kBlack) > size / 20;
+}
+
 struct Program {
     const char* name;
     const wchar_t* file;
+    RECT (*placeIn)(const RECT& client);
     bool (*isPainted)(const test::ScreenPicture&);
     std::vector<double> startMs = {};
     std::vector<double> privateKb = {};
@@ -60,7 +72,7 @@ struct Program {
 bool IsPainted(const test::ChildProcess& process, const Program& program) {
     const auto windows = test::WindowsOf(process.Id());
     if (windows.empty()) return false;
-    const RECT place = PlaceOfChart(windows.front().ClientScreenRect());
+    const RECT place = program.placeIn(windows.front().ClientScreenRect());
     return place.right > place.left && place.bottom > place.top && program.isPainted(test::PictureOf(place));
 }
 
@@ -87,8 +99,9 @@ double Quantile(std::vector<double> figures, double part) {
 
 int Run() {
     const test::TempFolder folder;
-    Program programs[] = {{"empty dialog", L"empty_dialog.exe", HoldsDialog},
-                          {"plotvane", L"plotvane.exe", HoldsChart}};
+    Program programs[] = {{"empty dialog", L"empty_dialog.exe", PlaceOfChart, HoldsDialog},
+                          {"chart", L"plotvane.exe", PlaceOfChart, HoldsChart},
+                          {"controls", L"plotvane.exe", PlaceOfLastText, HoldsText}};
     for (int round = 0; round < kRounds; ++round) {
         for (Program& program : programs) {
             if (StartOnce(program, folder.Path())) continue;
