@@ -1,6 +1,7 @@
 // The stand-in host and the program together, as run.sh and people use them: a pipe inherited for real.
 #include <gtest/gtest.h>
 
+#include "tests/system/support/Prompt.h"
 #include "tests/system/support/Records.h"
 #include "tests/system/support/Session.h"
 
@@ -8,8 +9,6 @@ namespace plotvane::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr auto kAtOnce = 200ms;
 
 TEST(StandInHost, PlaysItsOwnDriveAndClosesTheProgram) {
     Session session;
@@ -65,7 +64,7 @@ TEST(StandInHost, LeavesTheProgramRunningWhenItDies) {
     ASSERT_TRUE(Becomes([&] { return session.ValueText(0).empty(); }, false));
     ASSERT_TRUE(session.Process().EndsWithin(kDeadline)) << "the host is gone";
     const RemoteWindow main = session.Main();
-    EXPECT_TRUE(Stays([&] { return main.Answers(kAtOnce); }, true, 1000ms));
+    EXPECT_TRUE(KeepsAnswering(main));
     EXPECT_TRUE(session.Closes());
 }
 
@@ -75,7 +74,7 @@ TEST_P(FaultyHost, LeavesTheWindowAnsweringAndClosing) {
     Session session;
     session.StartThroughStandIn(L"--fault " + std::wstring(GetParam()) + L"@0.5");
     const RemoteWindow main = session.Main();
-    EXPECT_TRUE(Stays([&] { return main.Answers(kAtOnce); }, true, 2500ms));
+    EXPECT_TRUE(KeepsAnswering(main, 2500ms));
     EXPECT_TRUE(session.Closes());
     EXPECT_TRUE(session.Process().EndsWithin(kDeadline));
 }

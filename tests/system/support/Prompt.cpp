@@ -11,6 +11,12 @@ constexpr double kEndMs = 1000.0;
     return ::testing::AssertionFailure() << "more than " << watch.BoundMs() << " ms: " << watch.Figures();
 }
 
+::testing::AssertionResult KeepsAnswering(const RemoteWindow& window, std::chrono::milliseconds during) {
+    AnswerWatch watch(window.Get());
+    ::Sleep(static_cast<DWORD>(during.count()));
+    return AnsweredPromptly(watch);
+}
+
 ::testing::AssertionResult EndsPromptly(const Session& session) {
     const auto asked = std::chrono::steady_clock::now();
     AnswerWatch machine(nullptr);
