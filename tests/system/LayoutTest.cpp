@@ -16,6 +16,25 @@ bool operator==(const RECT& a, const RECT& b) {
     return ::EqualRect(&a, &b) != FALSE;
 }
 
+// Place of a control inside the main window.
+RECT PlaceIn(const RemoteWindow& main, int id) {
+    RECT place = main.Control(id).ScreenRect();
+    ::MapWindowPoints(nullptr, main.Get(), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+// Of everything below the chart.
+std::map<int, RECT> ControlPlacesIn(const RemoteWindow& main) {
+    std::map<int, RECT> places;
+    for (int id = IDC_MOVED_FIRST; id <= IDC_MOVED_LAST; ++id) {
+        if (main.Control(id).Exists()) places[id] = PlaceIn(main, id);
+    }
+    for (int slot = 0; slot < 12; ++slot) {
+        places[IDC_SWATCH_WINDOW_FIRST + slot] = PlaceIn(main, IDC_SWATCH_WINDOW_FIRST + slot);
+    }
+    return places;
+}
+
 class Layout : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -26,22 +45,8 @@ protected:
         m_size = m_main.Size();
     }
 
-    // Place of a control inside the main window.
-    RECT Place(int id) const {
-        RECT place = m_main.Control(id).ScreenRect();
-        ::MapWindowPoints(nullptr, m_main.Get(), reinterpret_cast<POINT*>(&place), 2);
-        return place;
-    }
-    std::map<int, RECT> ControlPlaces() const {
-        std::map<int, RECT> places;
-        for (int id = IDC_MOVED_FIRST; id <= IDC_MOVED_LAST; ++id) {
-            if (m_main.Control(id).Exists()) places[id] = Place(id);
-        }
-        for (int slot = 0; slot < 12; ++slot) {
-            places[IDC_SWATCH_WINDOW_FIRST + slot] = Place(IDC_SWATCH_WINDOW_FIRST + slot);
-        }
-        return places;
-    }
+    RECT Place(int id) const { return PlaceIn(m_main, id); }
+    std::map<int, RECT> ControlPlaces() const { return ControlPlacesIn(m_main); }
     // The chart is made anew by each relayout, so its handle tells them apart.
     HWND Chart() const { return m_main.Control(IDC_CHART).Get(); }
     ::testing::AssertionResult RelaysOut(HWND before) const {
@@ -126,6 +131,27 @@ TEST_F(Layout, EnterClosesNothing) {
     EXPECT_TRUE(Stays([this] { return m_session.Process().Running(); }, true, 300ms));
     EXPECT_FALSE(std::filesystem::exists(m_session.Scaling("Prefs.cfg")));
     EXPECT_TRUE(m_session.Closes());
+}
+
+TEST_F(Layout, AStoredSizeFindsTheRowsAtTheBottomToo) {
+    constexpr int kWidth = 900;
+    constexpr int kHeight = 700;
+    const std::map<int, RECT> natural = ControlPlaces();
+    ASSERT_TRUE(m_session.Closes());
+
+    Session stored;
+    std::filesystem::create_directory(stored.Scaling(""));
+    WriteBytes(stored.Scaling("Prefs.cfg"), "Width=384\nHeight=2bc\n");
+    stored.Start();
+    const RemoteWindow main = stored.Main();
+    ASSERT_EQ(main.Size().cx, kWidth);
+    ASSERT_EQ(main.Size().cy, kHeight);
+    const LONG lower = kHeight - m_size.cy;
+    for (const auto& [id, place] : ControlPlacesIn(main)) {
+        RECT expected = natural.at(id);
+        ::OffsetRect(&expected, 0, lower);
+        EXPECT_TRUE(place == expected) << id;
+    }
 }
 
 TEST(LiveLayout, AResizeWhilePlottingKeepsPlotting) {

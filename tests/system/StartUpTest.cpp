@@ -80,6 +80,31 @@ TEST(StartUp, TheTitleHintShrinksFrom14To0AndThenTheTitleStands) {
         << "the hint shows once";
 }
 
+// At the first sight of the program's window.
+bool ShowsTheChartAlone(const Session& session) {
+    RemoteWindow main;
+    EXPECT_TRUE(Becomes(
+        [&] {
+            for (const RemoteWindow& window : WindowsOf(session.Process().Id())) main = window;
+            return main.Control(IDC_CHART).Exists();
+        },
+        true));
+    return !main.Control(IDC_VALUE_FIRST).Exists();
+}
+
+// Who looks from outside may miss the moment, but hardly time and again.
+TEST(StartUp, TheChartIsShownBeforeTheControlsBelowItAreMade) {
+    bool alone = false;
+    for (int start = 0; start < 10 && !alone; ++start) {
+        Session session;
+        session.Start();
+        alone = ShowsTheChartAlone(session);
+        EXPECT_TRUE(session.Main().Control(IDC_VALUE_FIRST).Exists());
+        EXPECT_TRUE(session.Closes());
+    }
+    EXPECT_TRUE(alone);
+}
+
 TEST(StartUp, WithoutAHostTheReplayControlsAreShown) {
     Session session;
     session.Start();
