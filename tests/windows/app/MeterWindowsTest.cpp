@@ -16,7 +16,7 @@ namespace {
 constexpr Colour kBackColour = 0x203040;
 
 class MeterWindowsTest : public testing::Test {
-protected:
+public:
     MeterWindowsTest() {
         RegisterWindowClass(L"MeterWindowsTest", 0);
         owner.CreateEx(0, L"MeterWindowsTest", "", WS_POPUP, CRect{0, 0, 100, 100}, nullptr, 0);
@@ -28,6 +28,7 @@ protected:
     // While their places still exist.
     ~MeterWindowsTest() override { owner.DestroyWindow(); }
 
+protected:
     void Fill(int slot, int group, int field, std::string_view unit) {
         data.slots[slot].group = group;
         data.slots[slot].field = field;

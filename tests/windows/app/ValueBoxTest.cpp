@@ -19,7 +19,7 @@ constexpr int kPlain = 5000;  // an id that the dialog has not
 // A value box of the program's dialog, and beside it a plain edit of the same kind and size: what the one
 // shows is what the other shows.
 class ValueBoxTest : public MainDialogFixture {
-protected:
+public:
     ValueBoxTest() : edit(dialog.GetDlgItem(IDC_VALUE_FIRST)) {
         const CRect place = PlaceOf(IDC_VALUE_FIRST + 5);
         ::ShowWindow(dialog.GetDlgItem(IDC_VALUE_FIRST + 5), SW_HIDE);
@@ -36,6 +36,7 @@ protected:
     }
     ~ValueBoxTest() override { ::DestroyWindow(plain); }
 
+protected:
     static void Settle() { DispatchAll(); }
 
     void ShowBoth(std::string_view text) {
