@@ -124,7 +124,9 @@ void PrintRow(int seconds, const plotvane::test::Resources& row) {
 
 // The growth is judged between the first row and the last.
 bool Watch(const RemoteWindow& main, int seconds) {
-    constexpr int kRows = 12;
+    constexpr int kLeastRows = 12;
+    constexpr int kLongestPause = 120;  // the end of a replay may come long before the time is over
+    const int pause = std::clamp(seconds / kLeastRows, 1, kLongestPause);
     // A program that held on to sixteen bytes of each record would grow by more in an hour. At the end of a
     // replay three buttons change their images, of each of which Wine keeps three bitmaps, and one image is
     // new.
@@ -139,7 +141,7 @@ bool Watch(const RemoteWindow& main, int seconds) {
     const auto first = plotvane::test::ResourcesOf(main.ProcessId());
     PrintRow(0, first);
     for (int row = 1; !isOver(); ++row) {
-        while (elapsed() < seconds * row / kRows && !isOver()) ::Sleep(kPollMs);
+        while (elapsed() < pause * row && !isOver()) ::Sleep(kPollMs);
         if (!main.Exists()) return std::fputs("plotvane-remote: the program has ended\n", stderr), false;
         if (!isOver()) PrintRow(elapsed(), plotvane::test::ResourcesOf(main.ProcessId()));
     }
