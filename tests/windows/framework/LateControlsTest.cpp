@@ -100,7 +100,7 @@ TEST(LateControls, TheDialogBeginsWithTheFirstOnes) {
 }
 
 TEST(LateControls, AreTheSameThatWindowsMakes) {
-    for (const UINT id : {IDD_TEST_EXCHANGE, IDD_MAIN, IDD_PREFS}) {
+    for (const UINT id : {UINT{IDD_TEST_EXCHANGE}, UINT{IDD_MAIN}, UINT{IDD_PREFS}}) {
         const WindowsOwnDialog expected(id);
         LateDialog dialog(id, 1, [&](LateDialog& self) {
             self.CreateOtherControls(0);
