@@ -73,7 +73,7 @@ private:
 };
 
 std::wstring ReadWindowClass(Reader& reader) {
-    const std::wstring name = reader.NameOrNumber();
+    std::wstring name = reader.NameOrNumber();
     if (name.empty() || name.front() != kNumberFollows) return name;
     const std::size_t index = std::size_t{name.back()} - kFirstClass;
     if (index >= kNumberedClasses.size()) throw std::runtime_error("A control of no known class.");
