@@ -155,10 +155,9 @@ private:
         m_dialog.Stop();
     }
 
+    // Behind the close, which one of the clicks may have waited for, nobody clicks any more.
     void Perform(std::string_view clicks) {
-        // Behind the close nobody clicks any more.
-        if (m_dialog.closes > 0) return;
-        for (std::size_t i = 0; i < clicks.size(); ++i) {
+        for (std::size_t i = 0; i < clicks.size() && m_dialog.closes == 0; ++i) {
             if (clicks[i] == 'M') {
                 m_acquisition.selection.SetMinimum(clicks.substr(i + 1));
                 m_acquisition.selection.SetMaximum(clicks.substr(i + 1, 3));
