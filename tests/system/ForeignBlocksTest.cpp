@@ -111,16 +111,21 @@ private:
 
     // Sends a few blocks and waits until they are read. False where the program reads no more.
     bool SendSome(Session& session, Random& random, std::string (*make)(Random&, int), int& sent) {
-        for (int more = 0; more < 8; ++more) {
+        for (int more = 0; more < kAtATime; ++more) {
             const std::string block = make(random, ++sent);
             m_closesAllowed = m_closesAllowed || block.find('\xFD') != std::string::npos;
             session.Host().Send(block);
         }
         // As long as the number of unread bytes goes down they are being read.
+        int startsOver = 0;
         for (DWORD left = session.Host().Unread(); left > 0;) {
             const bool reads = bool(Becomes([&] { return session.Host().Unread() < left; }, true, kStill));
             if (!session.Process().Running()) return false;
             if (!reads && !StartsOver(session)) return false;
+            if (!reads && ++startsOver > kAtATime) {
+                ADD_FAILURE() << "it starts over, and over, and reads nothing";
+                return false;
+            }
             left = session.Host().Unread();
         }
         return true;
@@ -134,6 +139,7 @@ private:
         return true;
     }
 
+    static constexpr int kAtATime = 8;
     static constexpr auto kStill = 600ms;  // a dozen turns
 
     LRESULT m_runningImage = 0;

@@ -6,7 +6,9 @@ namespace plotvane::test {
 
 RemoteWindow FindMainDialog(DWORD processId) {
     for (const RemoteWindow& window : WindowsOf(processId)) {
-        if (window.Control(IDC_CHART_FRAME).Exists() && window.Control(IDC_VALUE_FIRST).Exists())
+        // It is shown before it has controls, and again when they are all there: so this is asked last.
+        if (window.Control(IDC_CHART_FRAME).Exists() && window.Control(IDC_VALUE_FIRST).Exists() &&
+            window.IsShown())
             return window;
     }
     return {};

@@ -22,7 +22,8 @@ public:
 
     std::wstring Text() const;  // by WM_GETTEXT, which crosses processes
     std::wstring Text(int id) const { return Control(id).Text(); }
-    bool IsShown(int id) const { return ::IsWindowVisible(Control(id).Get()) != FALSE; }
+    bool IsShown() const { return ::IsWindowVisible(m_window) != FALSE; }
+    bool IsShown(int id) const { return Control(id).IsShown(); }
     bool IsEnabled(int id) const { return ::IsWindowEnabled(Control(id).Get()) != FALSE; }
     bool IsChecked(int id) const { return Control(id).Send(BM_GETCHECK) == BST_CHECKED; }
 
