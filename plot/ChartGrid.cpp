@@ -1,7 +1,7 @@
 #include "plot/ChartGrid.h"
 
 #include "framework/Dc.h"
-#include "plot/ChartPictures.h"
+#include "plot/ChartPicture.h"
 
 namespace plotvane {
 namespace {

@@ -15,15 +15,6 @@ std::uint32_t PixelOf(Colour colour) {
            static_cast<std::uint32_t>(GreenOf(colour)) << 8 | BlueOf(colour);
 }
 
-void ScrollRow(std::uint32_t* row, int width, int shift) {
-    if (shift <= 0 || width <= shift) return;
-    std::memmove(row, row + shift, static_cast<std::size_t>(width - shift) * sizeof *row);
-}
-
-void CombineRow(std::uint32_t* row, const std::uint32_t* under, const std::uint32_t* over, int width) {
-    for (int x = 0; x < width; ++x) row[x] = under[x] | over[x];
-}
-
 }  // namespace
 
 std::uint32_t* ChartPixels::Row(int y) const {
@@ -41,8 +32,12 @@ PixelRect ChartPixels::Clipped(const PixelRect& area) const {
 
 void ChartPixels::ScrollLeft(const PixelRect& area, int shift) const {
     const PixelRect part = Clipped(area);
-    if (part.IsEmpty()) return;
-    for (int y = part.top; y < part.bottom; ++y) ScrollRow(Row(y) + part.left, part.Width(), shift);
+    if (part.IsEmpty() || shift <= 0 || part.Width() <= shift) return;
+    const std::size_t kept = static_cast<std::size_t>(part.Width() - shift) * sizeof *pixels;
+    for (int y = part.top; y < part.bottom; ++y) {
+        std::uint32_t* const row = Row(y) + part.left;
+        std::memmove(row, row + shift, kept);
+    }
 }
 
 void ChartPixels::DotRow(const PixelRect& area, int y, Colour colour) const {
@@ -53,24 +48,6 @@ void ChartPixels::DotRow(const PixelRect& area, int y, Colour colour) const {
 void ChartPixels::DotColumn(const PixelRect& area, int x, Colour colour) const {
     const std::uint32_t pixel = PixelOf(colour);
     for (int y = area.top; y < area.bottom; y += kDotDistancePx) Dot(x, y, pixel);
-}
-
-void ChartPixels::Combine(const ChartPixels& under, const ChartPixels& over, const PixelRect& area) const {
-    const PixelRect part = Clipped(area);
-    if (part.IsEmpty()) return;
-    for (int y = part.top; y < part.bottom; ++y) {
-        CombineRow(Row(y) + part.left, under.Row(y) + part.left, over.Row(y) + part.left, part.Width());
-    }
-}
-
-void ChartPixels::ScrollAndCombine(const ChartPixels& under, const ChartPixels& over, const PixelRect& area,
-                                   int shift) const {
-    const PixelRect part = Clipped(area);
-    if (part.IsEmpty()) return;
-    for (int y = part.top; y < part.bottom; ++y) {
-        ScrollRow(over.Row(y) + part.left, part.Width(), shift);
-        CombineRow(Row(y) + part.left, under.Row(y) + part.left, over.Row(y) + part.left, part.Width());
-    }
 }
 
 }  // namespace plotvane

@@ -22,15 +22,6 @@ struct ChartPixels {
     void DotRow(const PixelRect& area, int y, Colour colour) const;
     void DotColumn(const PixelRect& area, int x, Colour colour) const;
 
-    // Becomes both pictures laid over each other in `area`: their bits are ORed, so colours mix where both
-    // have one. All three have the same size.
-    void Combine(const ChartPixels& under, const ChartPixels& over, const PixelRect& area) const;
-
-    // `over.ScrollLeft(area, shift)` and then Combine, row by row while the row is at hand: large pictures do
-    // not stay in the processor's cache between two passes.
-    void ScrollAndCombine(const ChartPixels& under, const ChartPixels& over, const PixelRect& area,
-                          int shift) const;
-
 private:
     PixelRect Clipped(const PixelRect& area) const;
     std::uint32_t* Row(int y) const;

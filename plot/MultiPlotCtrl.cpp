@@ -50,7 +50,7 @@ bool CMultiPlotCtrl::Create(DWORD style, const RECT& rect, HWND parent, UINT id)
 }
 
 void CMultiPlotCtrl::ReleasePictures() {
-    m_pictures.Release();
+    m_picture.Release();
 }
 
 void CMultiPlotCtrl::SetRange(double lower, double upper, int trace) {
@@ -95,12 +95,14 @@ void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
     RedrawIfDue();
     TakeValues(values);
     const int shift = ShiftFor(m_state.pixelShift);
-    if (m_pictures) {
+    if (m_picture) {
+        m_picture.LiftGrid();
         ScrollTraces(shift);
-        CDC dc(m_pictures.Traces().Dc());
+        CDC dc(m_picture.Get().Dc());
         for (std::size_t i = 0; i < m_traces.size(); ++i) {
             DrawSegment(dc, m_traces[i].TakeSegment(m_geometry, shift), m_pens[i]);
         }
+        m_picture.LayGrid();
     }
     ShowSample();
 }
@@ -109,9 +111,11 @@ void CMultiPlotCtrl::AppendGap(const TraceValues& values) {
     RedrawIfDue();
     TakeValues(values);
     const int shift = ShiftFor(kGapPx);
-    if (m_pictures) {
+    if (m_picture) {
+        m_picture.LiftGrid();
         ScrollTraces(shift);
         for (PlotTrace& trace : m_traces) trace.TakeGap(m_geometry);
+        m_picture.LayGrid();
     }
     ShowSample();
 }
@@ -131,12 +135,12 @@ void CMultiPlotCtrl::SetRedraw(bool on) {
 void CMultiPlotCtrl::RedrawIfDue() {
     if (!m_isRedrawDue) return;
     m_isRedrawDue = false;
-    if (m_hWnd) RedrawPictures();
+    if (m_hWnd) RedrawPicture();
 }
 
-void CMultiPlotCtrl::RedrawPictures() {
+void CMultiPlotCtrl::RedrawPicture() {
     const PixelRect client = m_geometry.Client();
-    if (m_pictures.Create(client.Width(), client.Height())) {
+    if (m_picture.Create(client.Width(), client.Height())) {
         // Only the first trace's limits count for the room that all labels get.
         m_geometry.SetLabelMargin({.lower = m_traces[0].lower,
                                    .upper = m_traces[0].upper,
@@ -149,10 +153,11 @@ void CMultiPlotCtrl::RedrawPictures() {
                                .customMaximum = m_yTexts.second,
                                .scaleColour = m_gridColour};
         const auto labels = ChartLabels(m_slots, m_traces, rules, m_geometry.Plot());
-        FillWithBackground(m_pictures.Grid(), client);
-        DrawChartGrid(m_pictures.Grid(), m_geometry, m_gridCounts, m_gridColour, labels);
-        FillWithBackground(m_pictures.Traces(), client);
-        m_pictures.ChangedFrom(0);
+        FillWithBackground(client);
+        DrawChartGrid(m_picture.Get(), m_geometry, m_gridCounts, m_gridColour, labels);
+        m_picture.TakeGrid();
+        FillWithBackground(client);  // traces without a line
+        m_picture.LayGrid();
     }
     Changed();
 }
@@ -182,18 +187,16 @@ void CMultiPlotCtrl::TakeValues(const TraceValues& values) {
 }
 
 void CMultiPlotCtrl::ScrollTraces(int shift) {
-    if (shift > 0) {
-        m_pictures.ScrollTraces(m_geometry.ScrolledArea(), shift, !m_isRedrawOn);
-        FillWithBackground(m_pictures.Traces(), m_geometry.BaredStrip(shift));
-    }
-    m_pictures.ChangedFrom(m_geometry.Plot().right - shift - 1 - kWidestPenPx);
+    if (shift <= 0) return;
+    m_picture.ScrollLeft(m_geometry.ScrolledArea(), shift);
+    FillWithBackground(m_geometry.BaredStrip(shift));
 }
 
 void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen) {
     std::optional<PixelLine> line = segment.line;
     if (pen.width > 1) {
-        line = CutToRows(segment.line, -kRowsKeptOfWideLines,
-                         m_pictures.Traces().Height() + kRowsKeptOfWideLines);
+        line =
+            CutToRows(segment.line, -kRowsKeptOfWideLines, m_picture.Get().Height() + kRowsKeptOfWideLines);
     }
     if (line) {
         const Selected penInDc(dc, pen.pen);
@@ -201,21 +204,21 @@ void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const Tra
         dc.LineTo(line->to.x, line->to.y);
     }
     // Clipping by erasing costs less than a clip region and is part of how the chart looks.
-    if (segment.wipedAbove) FillWithBackground(m_pictures.Traces(), *segment.wipedAbove);
-    if (segment.wipedBelow) FillWithBackground(m_pictures.Traces(), *segment.wipedBelow);
+    if (segment.wipedAbove) FillWithBackground(*segment.wipedAbove);
+    if (segment.wipedBelow) FillWithBackground(*segment.wipedBelow);
 }
 
-void CMultiPlotCtrl::FillWithBackground(const Picture& picture, const PixelRect& area) {
-    CDC(picture.Dc()).FillRect(ToRect(area), m_backgroundBrush.Get());
+void CMultiPlotCtrl::FillWithBackground(const PixelRect& area) {
+    CDC(m_picture.Get().Dc()).FillRect(ToRect(area), m_backgroundBrush.Get());
 }
 
 void CMultiPlotCtrl::Draw(CDC& dc) {
     const PixelRect client = m_geometry.Client();
-    if (!m_pictures) {
+    if (!m_picture) {
         dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
         return;
     }
-    const Picture& picture = m_isRedrawOn ? m_pictures.Combined() : m_pictures.LastCombined();
+    const Picture& picture = m_picture.Get();
     if (picture.Width() != client.Width() || picture.Height() != client.Height()) {
         dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
     }
@@ -231,7 +234,11 @@ void CMultiPlotCtrl::OnDestroy() {
 void CMultiPlotCtrl::OnPaint() {
     m_isPaintDue = false;
     CPaintDC dc(m_hWnd);
-    Draw(dc);
+    if (m_isRedrawOn) {
+        Draw(dc);
+    } else {
+        m_hasChangedUnseen = true;
+    }
 }
 
 void CMultiPlotCtrl::OnSize(UINT type, int width, int height) {

@@ -12,7 +12,7 @@
 #include "model/RunState.h"
 #include "plot/ChartGeometry.h"
 #include "plot/ChartGrid.h"
-#include "plot/ChartPictures.h"
+#include "plot/ChartPicture.h"
 #include "plot/PlotTrace.h"
 #include "plot/SampleSpread.h"
 #include "plot/TraceChart.h"
@@ -21,11 +21,11 @@
 namespace plotvane {
 
 // The strip chart: each sample scrolls the plot to the left and draws one short line a trace at its right
-// edge. Grid and labels are a picture of their own below the traces, drawn anew only by a full redraw, which
-// also erases the traces.
+// edge. Grid and labels lie over the traces and stay where they are; they are drawn anew only by a full
+// redraw, which also erases the traces.
 //
 // The object outlives its window: the owner destroys the window and creates it anew over another rectangle.
-// Colours, ranges and the traces' last values stay; the pictures go with ReleasePictures, without which they
+// Colours, ranges and the traces' last values stay; the picture goes with ReleasePictures, without which it
 // would keep the old size.
 class CMultiPlotCtrl : public CWnd, public TraceChart {
 public:
@@ -36,7 +36,7 @@ public:
     // A child window over the rectangle, in the parent's client pixels. False if Windows refuses.
     bool Create(DWORD style, const RECT& rect, HWND parent, UINT id);
 
-    // Frees the pictures; the next full redraw makes them again at the client's size.
+    // Frees the off-screen picture; the next full redraw makes it again at the client's size.
     void ReleasePictures();
 
     // TraceChart.
@@ -79,7 +79,7 @@ private:
     void OnPaint();
     void OnSize(UINT type, int width, int height);
 
-    void RedrawPictures();
+    void RedrawPicture();
     void RedrawIfDue();
     void Changed();
     void ShowSample();
@@ -87,7 +87,7 @@ private:
     void TakeValues(const TraceValues& values);
     void ScrollTraces(int shift);
     void DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen);
-    void FillWithBackground(const Picture& picture, const PixelRect& area);
+    void FillWithBackground(const PixelRect& area);
 
     DECLARE_MESSAGE_MAP()
 
@@ -105,11 +105,11 @@ private:
     std::array<TracePen, kTraceCount> m_pens;
     CBrush m_backgroundBrush;
     ChartGeometry m_geometry;
-    ChartPictures m_pictures;
+    ChartPicture m_picture;
     std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
     bool m_isRedrawOn = true;
     bool m_isRedrawDue = false;       // a full redraw was asked for while off
-    bool m_hasChangedUnseen = false;  // the pictures changed while off
+    bool m_hasChangedUnseen = false;  // there is something to paint since it is off
     bool m_isPaintDue = false;        // the window is invalid
 };
 

@@ -79,46 +79,10 @@ TEST(ChartPixels, DotsAreClippedToThePicture) {
     EXPECT_EQ(sheet.memory, (Pixels{0xFFFFFF, 1, 2, 3, 4, 0xFFFFFF}));
 }
 
-TEST(ChartPixels, CombinedColoursAreOred) {
-    Sheet under(3, 1), over(3, 1), both(3, 1);
-    under.memory = {0x00402010, 0x00FFFFFF, 0x1};
-    over.memory = {0x00010220, 0x00FF0000, 0x2};
-    both.view.Combine(under.view, over.view, {0, 0, 2, 1});
-    EXPECT_EQ(both.memory, (Pixels{0x00412230, 0x00FFFFFF, 2}));
-}
-
-TEST(ChartPixels, CombiningIsClippedToThePicture) {
-    Sheet under(2, 2), over(2, 2), both(2, 2);
-    over.memory = {0x10, 0x10, 0x10, 0x10};
-    both.view.Combine(under.view, over.view, {1, -3, 70, 80});
-    EXPECT_EQ(both.memory, (Pixels{0, 0x11, 2, 0x13}));
-    both.view.Combine(under.view, over.view, {5, 0, 7, 2});
-    both.view.Combine(under.view, over.view, {1, 0, 0, 2});
-    EXPECT_EQ(both.memory, (Pixels{0, 0x11, 2, 0x13}));
-}
-
-TEST(ChartPixels, ScrollingAndCombiningInOnePassIsTheSameAsOneAfterTheOther) {
-    for (const int shift : {0, 1, 2, 3, 9}) {
-        SCOPED_TRACE(shift);
-        Sheet under(6, 4), over(6, 4), both(6, 4);
-        for (auto& pixel : under.memory) pixel <<= 8;
-        Sheet expectedOver(6, 4), expectedBoth(6, 4);
-
-        const PixelRect area{1, 1, 5, 9};
-        both.view.ScrollAndCombine(under.view, over.view, area, shift);
-        expectedOver.view.ScrollLeft(area, shift);
-        expectedBoth.view.Combine(under.view, expectedOver.view, area);
-        EXPECT_EQ(over.memory, expectedOver.memory);
-        EXPECT_EQ(both.memory, expectedBoth.memory);
-    }
-}
-
 TEST(ChartPixels, PictureWithoutPixelsIsLeftAlone) {
     const ChartPixels none;
     none.ScrollLeft({0, 0, 5, 5}, 1);
     none.DotRow({0, 0, 5, 5}, 0, 0xFFFFFF);
-    none.Combine(none, none, {0, 0, 5, 5});
-    none.ScrollAndCombine(none, none, {0, 0, 5, 5}, 1);
 }
 
 }  // namespace

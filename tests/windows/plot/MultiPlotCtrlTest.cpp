@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <random>
+#include <tuple>
 #include <utility>
 
 #include "tests/windows/plot/BareChart.h"
@@ -51,12 +52,13 @@ TEST_F(MultiPlotCtrl, TracesAreOredOverTheGrid) {
     EXPECT_EQ(shown.At(603, 39), 0x402000u | 0x100081u);
 }
 
-// The pen width, and whether every sample is shown, or only now and then one.
-class ChartPixelByPixel : public MultiPlotCtrl, public testing::WithParamInterface<std::pair<int, bool>> {
+// The pen width and the background: on black the grid is a few dots, on any other colour the whole picture.
+class ChartPixelByPixel : public MultiPlotCtrl, public testing::WithParamInterface<std::tuple<int, Colour>> {
 protected:
     ChartPixelByPixel() {
-        prefs.thickness = GetParam().first;
+        prefs.thickness = std::get<0>(GetParam());
         m_look.penWidth = prefs.thickness;
+        m_look.background = std::get<1>(GetParam());
         chart.SetBackgroundColor(m_look.background);
         chart.SetGridColor(m_look.grid);
         for (int k = 0; k < kTraceCount; ++k) {
@@ -93,7 +95,7 @@ protected:
                            .plotLeft = kLeft,
                            .gridLines = 9,
                            .penWidth = 0,
-                           .background = 0x281400,
+                           .background = kBlack,
                            .grid = 0x60FF80,
                            .traces = {},
                            .lower = {},
@@ -106,7 +108,6 @@ private:
 
 TEST_P(ChartPixelByPixel, ShowsWhatThePlainDrawingCallsShow) {
     BareChart bare(m_look);
-    Canvas window(620, 310);
     for (int i = 0; i < 600; ++i) {
         SCOPED_TRACE(testing::Message() << "sample " << i);
         Walk();
@@ -119,14 +120,13 @@ TEST_P(ChartPixelByPixel, ShowsWhatThePlainDrawingCallsShow) {
         chart.AppendPoints(m_values);
         bare.Append(m_values, state.pixelShift);
         chart.SetRedraw(true);
-        if (GetParam().second) chart.Draw(window.Dc());
         if (i % 37 == 0 || i == 599) ExpectSamePixels(bare);
         if (HasFatalFailure()) return;
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ChartPixelByPixel,
-                         testing::Values(std::pair{0, true}, std::pair{0, false}, std::pair{10, true}));
+                         testing::Combine(testing::Values(0, 10), testing::Values(kBlack, Colour{0x281400})));
 
 TEST_F(MultiPlotCtrl, WindowShowsThePictureAndIsValidAfterwards) {
     chart.SetGridColor(0x30A0C0);
@@ -200,20 +200,40 @@ TEST_F(MultiPlotCtrl, NothingReachesTheScreenWhileRedrawIsOff) {
     ShowOneTraceOnly();
     Append(100);
     Append(100);
-    EXPECT_EQ(Shown(chart).At(607, 200), kRed);
     chart.UpdateWindow();
+    const CClientDC window(chart.m_hWnd);
+    EXPECT_EQ(::GetPixel(window, 607, 200), kRed);
 
     chart.SetRedraw(false);
     chart.SetRange(0, 290, kTrace);
     Append(50);
     EXPECT_FALSE(HasUpdateRegion());
-    EXPECT_EQ(Shown(chart).At(607, 200), kRed);
+    EXPECT_EQ(::GetPixel(window, 607, 200), kRed);
 
     chart.SetRedraw(true);
     EXPECT_TRUE(HasUpdateRegion());
-    const Shown shown(chart);
-    EXPECT_EQ(shown.At(604, 200), kBlack);
-    EXPECT_EQ(shown.At(609, 250), kRed);
+    chart.UpdateWindow();
+    EXPECT_EQ(::GetPixel(window, 604, 200), kBlack);
+    EXPECT_EQ(::GetPixel(window, 609, 250), kRed);
+}
+
+TEST_F(MultiPlotCtrl, APaintAskedForWhileRedrawIsOffComesBehindIt) {
+    ShowOneTraceOnly();
+    Append(100);
+    Append(100);
+    chart.UpdateWindow();
+    const CClientDC window(chart.m_hWnd);
+
+    chart.SetRedraw(false);
+    Append(50);
+    chart.Invalidate();
+    chart.UpdateWindow();
+    EXPECT_FALSE(HasUpdateRegion());
+    EXPECT_EQ(::GetPixel(window, 609, 250), kBlack);
+
+    chart.SetRedraw(true);
+    chart.UpdateWindow();
+    EXPECT_EQ(::GetPixel(window, 609, 250), kRed);
 }
 
 TEST_F(MultiPlotCtrl, RedrawWithoutAChangeLeavesTheWindowAlone) {
@@ -304,7 +324,7 @@ TEST_F(MultiPlotCtrl, KeepsNoGdiObjectTooMany) {
     for (int i = 0; i < 5; ++i) use();
     EXPECT_EQ(LivingGdiObjects(), before);
     chart.ReleasePictures();
-    EXPECT_EQ(LivingGdiObjects(), before - 6);  // three pictures, each a bitmap in a device context
+    EXPECT_EQ(LivingGdiObjects(), before - 2);  // the picture is a bitmap in a device context
 
     const int all = LivingGdiObjects();
     { CMultiPlotCtrl other(prefs, state, slots); }
