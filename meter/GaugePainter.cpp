@@ -17,10 +17,8 @@ private:
     CDC& m_dc;
 };
 
+// With the device context's own pen and brush, which are selected.
 void FillTriangle(CDC& dc, const DialTriangle& triangle, Colour colour) {
-    // The device context's own, which cost no making and freeing.
-    const Selected penInDc{dc, ::GetStockObject(DC_PEN)};
-    const Selected brushInDc{dc, ::GetStockObject(DC_BRUSH)};
     ::SetDCPenColor(dc, colour);
     ::SetDCBrushColor(dc, colour);
     dc.Polygon(ToGdi(triangle));
@@ -35,6 +33,9 @@ void GaugePainter::Paint(CDC& dc, const CRect& client, const Gauge& gauge) {
     if (!m_dial->Geometry().HasDial()) return;
     if (m_dial->FaceRegion()) {
         const FaceClip clip{dc, m_dial->FaceRegion()};
+        // The device context's own, which cost no making and freeing.
+        const Selected penInDc{dc, ::GetStockObject(DC_PEN)};
+        const Selected brushInDc{dc, ::GetStockObject(DC_BRUSH)};
         DrawMarkers(dc, gauge);
         DrawNeedle(dc, gauge);
     }
