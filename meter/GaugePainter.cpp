@@ -26,9 +26,18 @@ void FillTriangle(CDC& dc, const DialTriangle& triangle, Colour colour) {
 
 }  // namespace
 
-void GaugePainter::Paint(CDC& dc, const CRect& client, const Gauge& gauge) {
+void GaugePainter::DiscardDial() {
+    m_surface.Release();
+    m_dial.reset();
+}
+
+void GaugePainter::Paint(CDC& target, const CRect& client, const Gauge& gauge) {
     if (client.Width() <= 0 || client.Height() <= 0) return;
-    if (!m_dial || !*m_dial) m_dial.emplace(dc, client, gauge);
+    if (!m_dial || !*m_dial) {
+        DiscardDial();
+        m_dial.emplace(target, client, gauge);
+    }
+    CMemoryDC dc{target, client, m_surface};
     dc.BitBlt(0, 0, client.Width(), client.Height(), m_dial->Dc(), 0, 0, SRCCOPY);
     if (!m_dial->Geometry().HasDial()) return;
     if (m_dial->FaceRegion()) {
@@ -63,7 +72,7 @@ void GaugePainter::DrawNeedle(CDC& dc, const Gauge& gauge) const {
 
 void GaugePainter::DrawTexts(CDC& dc, const Gauge& gauge) {
     const DialTextPlaces& places = m_dial->TextPlaces();
-    const Selected fontInDc{dc, m_dial->Font()};
+    m_surface.KeepFont(m_dial->Font());
     dc.SetTextColor(gauge.TextColor());
     dc.SetBkColor(gauge.BackgroundColor());
     dc.SetTextAlign(TA_CENTER | TA_BASELINE);
@@ -76,7 +85,6 @@ void GaugePainter::DrawTexts(CDC& dc, const Gauge& gauge) {
         gauge.AppendPeakText(m_text, m_peakLabel);
         dc.TextOut(places.peak.x, places.peak.y, m_text);
     }
-    dc.SetBkColor(gauge.FaceColor());
 }
 
 }  // namespace plotvane

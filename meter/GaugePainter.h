@@ -7,6 +7,7 @@
 #include "framework/Dc.h"
 #include "meter/DialPicture.h"
 #include "meter/Gauge.h"
+#include "meter/MemoryDc.h"
 
 namespace plotvane {
 
@@ -18,10 +19,11 @@ public:
     explicit GaugePainter(std::string peakLabel) : m_peakLabel(std::move(peakLabel)) {}
 
     // Call this when the size of the client area changes, or anything of the gauge that asks for it.
-    void DiscardDial() { m_dial.reset(); }
+    void DiscardDial();
 
-    // Covers the whole client area of `dc`, whose origin is that of the rectangle.
-    void Paint(CDC& dc, const CRect& client, const Gauge& gauge);
+    // Covers the whole client area of `target`, a device context for a screen whose origin is that of the
+    // rectangle, in one piece.
+    void Paint(CDC& target, const CRect& client, const Gauge& gauge);
 
 private:
     void DrawMarkers(CDC& dc, const Gauge& gauge) const;
@@ -30,7 +32,8 @@ private:
 
     const std::string m_peakLabel;
     std::optional<DialPicture> m_dial;
-    std::string m_text;  // kept for its memory: painting a value allocates nothing once warm
+    MemorySurface m_surface;  // goes before the dial, whose font it keeps
+    std::string m_text;       // kept for its memory: painting a value allocates nothing once warm
 };
 
 }  // namespace plotvane

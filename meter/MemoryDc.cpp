@@ -13,13 +13,24 @@ bool IsPrinting(HDC dc) {
 
 HDC MemorySurface::Fit(HDC like, int width, int height) {
     if (m_bitmap && width == m_width && height == m_height) return m_dc.Get();
+    Release();
     m_width = width;
     m_height = height;
-    m_bitmapInDc.reset();
     m_dc = MemoryDc{::CreateCompatibleDC(like)};
     m_bitmap = CBitmap{::CreateCompatibleBitmap(like, width, height)};
     m_bitmapInDc.emplace(m_dc.Get(), m_bitmap);
     return m_dc.Get();
+}
+
+void MemorySurface::KeepFont(const CFont& font) {
+    if (m_dc && !m_fontInDc) m_fontInDc.emplace(m_dc.Get(), font);
+}
+
+void MemorySurface::Release() {
+    m_fontInDc.reset();
+    m_bitmapInDc.reset();
+    m_bitmap.Reset();
+    m_dc.Reset();
 }
 
 CMemoryDC::CMemoryDC(CDC& target, const RECT* rect)

@@ -15,13 +15,20 @@ public:
     // What was drawn last may still be on it.
     HDC Fit(HDC like, int width, int height);
 
+    // Selects the font, unless one was given before, and leaves it so until the surface is made anew or
+    // released: to choose a font takes longer than to write a short text. It has to live until then.
+    void KeepFont(const CFont& font);
+
+    void Release();
+
 private:
     int m_width = 0;
     int m_height = 0;
-    // In this order, so that the bitmap is out of the device context before either goes.
+    // In this order, so that bitmap and font are out of the device context before it goes.
     MemoryDc m_dc;
     CBitmap m_bitmap;
     std::optional<Selected> m_bitmapInDc;
+    std::optional<Selected> m_fontInDc;
 };
 
 // Painting without flicker: what is drawn on it goes to a picture of its own, filled with the target's

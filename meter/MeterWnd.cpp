@@ -128,7 +128,7 @@ void CMeterWnd::OnDestroy() {
 void CMeterWnd::OnPaint() {
     m_isPaintDue = false;
     CPaintDC paint{m_hWnd};
-    Paint(paint);
+    m_painter.Paint(paint, GetClientRect(), m_gauge);
 }
 
 void CMeterWnd::OnSize(UINT type, int width, int height) {
@@ -194,13 +194,7 @@ void CMeterWnd::InvalidateBackground() {
 void CMeterWnd::ShowValue() {
     if (!m_hWnd || m_isPaintDue) return;
     if (!m_windowDc) m_windowDc.emplace(m_hWnd);
-    Paint(*m_windowDc);
-}
-
-void CMeterWnd::Paint(CDC& target) {
-    const CRect client = GetClientRect();
-    CMemoryDC picture{target, client, m_surface};
-    m_painter.Paint(picture, client, m_gauge);
+    m_painter.Paint(*m_windowDc, GetClientRect(), m_gauge);
 }
 
 void CMeterWnd::LetUserChoose(void (CMeterWnd::*set)(COLORREF)) {

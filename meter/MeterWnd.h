@@ -8,7 +8,6 @@
 #include "meter/ColorChooser.h"
 #include "meter/Gauge.h"
 #include "meter/GaugePainter.h"
-#include "meter/MemoryDc.h"
 
 namespace plotvane {
 
@@ -61,12 +60,10 @@ private:
     void Apply(GaugeChange change);
     void InvalidateBackground();
     void ShowValue();
-    void Paint(CDC& target);
     void LetUserChoose(void (CMeterWnd::*set)(COLORREF));
 
-    Gauge m_gauge;           // what is shown
-    GaugePainter m_painter;  // how
-    MemorySurface m_surface;
+    Gauge m_gauge;                        // what is shown
+    GaugePainter m_painter;               // how
     std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
     bool m_isPaintDue = false;            // the window is invalid
     CMeterWnd** const m_ownerSlot;

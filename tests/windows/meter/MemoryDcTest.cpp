@@ -107,6 +107,43 @@ TEST(MemoryDc, ASurfaceThatIsKeptIsMadeOnce) {
     EXPECT_EQ(LivingGdiObjects(), before);
 }
 
+TEST(MemoryDc, ASurfaceKeepsTheFontThatItIsGivenUntilItIsMadeAnew) {
+    const CFont font{
+        ::CreateFontW(20, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET, 0, 0, 0, 0, L"Arial")};
+    MemorySurface surface;
+    Canvas canvas{20, 20};
+    const auto fontOn = [&](const CRect& rect) {
+        const CMemoryDC memory{canvas.Dc(), rect, surface};
+        return ::GetCurrentObject(memory, OBJ_FONT);
+    };
+    surface.KeepFont(font);  // there is nothing yet to select it into
+    const HGDIOBJ first = fontOn({0, 0, 20, 20});
+    EXPECT_NE(first, font.Get());
+    surface.KeepFont(font);
+    surface.KeepFont(font);
+    EXPECT_EQ(fontOn({0, 0, 20, 20}), font.Get());
+    EXPECT_EQ(fontOn({0, 0, 10, 20}), first);
+}
+
+TEST(MemoryDc, AReleasedSurfaceHoldsNothingAndCanBeUsedAgain) {
+    MemorySurface surface;
+    Canvas canvas{20, 20};
+    const int before = LivingGdiObjects();
+    const CFont font{
+        ::CreateFontW(20, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET, 0, 0, 0, 0, L"Arial")};
+    for (int round = 0; round < 2; ++round) {
+        {
+            CMemoryDC memory{canvas.Dc(), CRect{0, 0, 20, 20}, surface};
+            surface.KeepFont(font);
+            memory.FillSolidRect(CRect{0, 0, 20, 20}, kGround + static_cast<COLORREF>(round));
+        }
+        EXPECT_EQ(canvas.At(3, 3), kGround + static_cast<COLORREF>(round));
+        EXPECT_EQ(LivingGdiObjects(), before + 3);
+        surface.Release();
+        EXPECT_EQ(LivingGdiObjects(), before + 1);
+    }
+}
+
 TEST(MemoryDc, CoversTheClipBoxWhenItIsGivenNoRectangle) {
     Canvas canvas{20, 20};
     canvas.Dc().SetBkColor(kGround);

@@ -23,8 +23,8 @@ using test::MeterSlot;
 using test::Settle;
 using test::Stage;
 
-constexpr int kObjectsOfADial = 4;                     // device context, bitmap, font, region
-constexpr int kObjectsOfAMeter = kObjectsOfADial + 2;  // and the device context and bitmap it paints on
+// Device context, bitmap, font and region of the dial; device context and bitmap of what it is painted on.
+constexpr int kObjectsOfAMeter = 6;
 
 // The colour that is on the screen there.
 COLORREF Shown(const CMeterWnd& meter, int x, int y) {
@@ -197,7 +197,7 @@ Repaint RepaintAfter(CMeterWnd& meter, Action action) {
         EXPECT_TRUE(dialIsKept) << "a dial was discarded that nobody is asked to paint again";
         return ::GetPixel(window, 0, 0) == kScribble ? Repaint::Nothing : Repaint::WithTheDialKept;
     }
-    EXPECT_TRUE(dialIsKept || LivingGdiObjects() == objects - kObjectsOfADial);
+    EXPECT_TRUE(dialIsKept || LivingGdiObjects() == objects - kObjectsOfAMeter);
     CRect update;
     ::GetUpdateRect(meter.GetSafeHwnd(), &update, FALSE);
     EXPECT_EQ(update.Width(), meter.GetClientRect().Width());
