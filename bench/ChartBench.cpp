@@ -110,6 +110,11 @@ void Compare(int width, int height) {
     chart.SetLabelMargin(1);
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
     chart.Create(kStyle, CRect{0, 0, width + 6, height + 6}, parent.m_hWnd, 1);
+    CMultiPlotCtrl blueChart(prefs, state, slots);
+    blueChart.SetGridCounts({.vertical = 9, .horizontal = 9});
+    blueChart.SetLabelMargin(1);
+    blueChart.SetBackgroundColor(0x281400);
+    blueChart.Create(kStyle, CRect{0, 0, width + 6, height + 6}, parent.m_hWnd, 5);
 
     test::BareChart::Look look{.width = width,
                                .height = height,
@@ -152,6 +157,12 @@ void Compare(int width, int height) {
         Contender{"CMultiPlotCtrl", chart.m_hWnd,
                   [&](const TraceValues& values) {
                       chart.AppendPoints(values);
+                      DispatchAll();
+                  }},
+        // Where the background is not black, all of the picture is grid.
+        Contender{"CMultiPlotCtrl on dark blue", blueChart.m_hWnd,
+                  [&](const TraceValues& values) {
+                      blueChart.AppendPoints(values);
                       DispatchAll();
                   }},
     };
