@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <random>
 #include <vector>
@@ -86,7 +87,7 @@ TEST(GridOverlay, MovingWhatLiesBeneathIsTheSameAsCombiningTwoPictures) {
     for (const std::uint32_t background : {0x000000u, 0x281400u}) {
         SCOPED_TRACE(background);
         std::mt19937 random{7};
-        Pixels drawn(kWidth * kHeight, background);
+        Pixels drawn(std::size_t{kWidth} * kHeight, background);
         for (int i = 0; i < 120; ++i) drawn[random() % drawn.size()] = random() & 0xFFFFFF;
         GridOverlay grid = GridFrom(drawn, kWidth);
 
