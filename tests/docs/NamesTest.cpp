@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -104,6 +105,43 @@ TEST(RoomsTest, AreTheFoldersOfTheReadme) {
         if (name.find('/') != std::string::npos) folders.insert(name.substr(0, name.find('/')));
     }
     EXPECT_EQ(told, folders);
+}
+
+// Which room includes headers of which others; each may include the resources' names.
+std::map<std::string, std::set<std::string>> RoomsUsedByRooms(const std::set<std::string>& rooms) {
+    std::map<std::string, std::set<std::string>> used;
+    for (const std::string& name : AllFiles()) {
+        const std::string room = name.substr(0, name.find('/'));
+        if (!rooms.contains(room) || (!name.ends_with(".h") && !name.ends_with(".cpp"))) continue;
+        const std::string source = SourceText(name);
+        static const std::regex include("#include \"(\\w+)/");
+        for (std::sregex_iterator match(source.begin(), source.end(), include), end; match != end; ++match) {
+            const std::string other = (*match)[1];
+            if (other != room && other != "res") used[room].insert(other);
+        }
+    }
+    return used;
+}
+
+TEST(RoomsTest, UseEachOtherAsTheArchitectureTells) {
+    const Table table = Page("docs/architecture.md").TableOf({"room", "uses"});
+    std::set<std::string> rooms;
+    for (std::size_t i = 1; i < table.size(); ++i) rooms.insert(table[i].at(0));
+    EXPECT_EQ(rooms.size(), 9U);
+    auto used = RoomsUsedByRooms(rooms);
+    std::set<std::string> below = rooms;
+    for (std::size_t i = 1; i < table.size(); ++i) {
+        const std::string& room = table[i].at(0);
+        below.erase(room);
+        std::set<std::string> told;
+        std::istringstream words(table[i].at(1));
+        for (std::string word; std::getline(words, word, ',');) {
+            told.insert(word.substr(word.find_first_not_of(' ')));
+        }
+        EXPECT_EQ(told, used[room]) << room;
+        EXPECT_TRUE(std::includes(below.begin(), below.end(), told.begin(), told.end()))
+            << room << " uses a room that the table has above it";
+    }
 }
 
 TEST(TestLayersTest, AreTheFoldersOfTheirTable) {
