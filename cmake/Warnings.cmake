@@ -1,6 +1,11 @@
-# Warnings are errors in both builds: what one compiler overlooks the other tends to see.
+# Off by default: a newer compiler has warnings that nobody here has seen, and must still build the program.
+option(PLOTVANE_WERROR "Make warnings errors; scripts/lint.sh and the machine that checks each change turn it on" OFF)
+
 add_library(plotvane_warnings INTERFACE)
-target_compile_options(plotvane_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+target_compile_options(plotvane_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+if(PLOTVANE_WERROR)
+    target_compile_options(plotvane_warnings INTERFACE -Werror)
+endif()
 
 # GCC 12 takes "text" + std::to_string(number) for an overlapping copy once it is inlined, which only
 # optimised builds do; clang-tidy, which reads the options of the native one, does not know this one.

@@ -146,14 +146,16 @@ prepare_wine() {
     touch "$made"
 }
 
-# build_preset PRESET [TARGET...]: configures and builds; ccache shortens it where it is installed.
+# build_preset PRESET [TARGET...]: configures and builds; ccache shortens it where it is installed. Warnings are errors
+# with PLOTVANE_WERROR=ON in the environment.
 build_preset() {
     local preset=$1
     shift
     if command -v ccache >/dev/null; then
         export CCACHE_BASEDIR=$root CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
     fi
-    watched cmake -S "$root" --preset "$preset" >"$logs/configure-$preset.log" 2>&1 || {
+    watched cmake -S "$root" --preset "$preset" -DPLOTVANE_WERROR="${PLOTVANE_WERROR:-OFF}" \
+        >"$logs/configure-$preset.log" 2>&1 || {
         cat "$logs/configure-$preset.log" >&2
         die "configuring the $preset build failed"
     }

@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 source scripts/common.sh
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" clang lld clang-format clang-tidy cppcheck
+export PLOTVANE_WERROR=ON
 failures=0
 
 say "clang-format"
