@@ -1,0 +1,127 @@
+#!/usr/bin/env bash
+# fresh.sh [bookworm|trixie|sid]: tries what the README promises. Makes an empty Debian of that name (default: trixie),
+# clones the committed tree into it and runs scripts/run.sh and scripts/test.sh there, with nothing installed and
+# nothing in the environment. Shows the last lines of both; their whole output and the picture are in build/fresh
+# afterwards. Fails if one of the two fails.
+#
+# Needs root, some 8 GB of disk and the archive from which this machine's apt installs. The new Debian has mounts and
+# process ids of its own: nothing of it stays when the script ends, however it ends.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/common.sh
+
+usage="usage: scripts/fresh.sh [bookworm|trixie|sid]"
+name=${1:-trixie}
+(($# <= 1)) || die "$usage"
+[[ $name == bookworm || $name == trixie || $name == sid ]] || die "$usage"
+((EUID == 0)) || die "this needs root: it mounts, and changes the root folder"
+
+results=$build/fresh
+debian=$results/$name
+tree=/plotvane # in the new Debian
+keys=/usr/share/keyrings/debian-archive-keyring.gpg
+last_lines=6
+
+# Where apt finds the packages of the Debian that runs here.
+archive() {
+    local codename
+    codename=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
+    apt-get indextargets --format '$(RELEASE) $(COMPONENT) $(REPO_URI)' 'Identifier: Packages' |
+        awk -v codename="$codename" '$1 == codename && $2 == "main" && !found { found = 1; print $3 }'
+}
+
+make_debian() {
+    local mirror log=$results/$name-debootstrap.log
+    mirror=$(archive)
+    [[ -n $mirror ]] || die "apt knows no archive of this Debian"
+    say "making an empty Debian, $name"
+    debootstrap --variant=minbase --keyring="$keys" "$name" "$debian" "$mirror" >"$log" 2>&1 || {
+        tail -n "$last_lines" "$log" >&2
+        die "debootstrap failed; if it lacks a key, a newer debian-archive-keyring may have it"
+    }
+}
+
+# Gives it this machine's way to the archive: names, proxies, certificates.
+connect_debian() {
+    local settings=$debian/etc/apt/apt.conf.d/99-this-machine certificates=/usr/local/share/ca-certificates
+    cp -L /etc/resolv.conf /etc/hosts "$debian/etc"
+    apt-config dump | grep -E '^Acquire::(https?::|Check-|Force|Retries)' >"$settings" || true
+    [[ -z ${http_proxy:-} ]] || echo "Acquire::http::Proxy \"$http_proxy\";" >>"$settings"
+    [[ -z ${https_proxy:-} ]] || echo "Acquire::https::Proxy \"$https_proxy\";" >>"$settings"
+    [[ ! -d $certificates ]] || cp -rL "$certificates" "$debian${certificates%/*}"
+    [[ ! -x $debian/usr/sbin/update-ca-certificates ]] || chroot "$debian" update-ca-certificates >/dev/null
+}
+
+# By way of a bundle: cloning a tree that belongs to another user, git would refuse.
+clone_tree() {
+    local bundle=$debian/tree.bundle
+    repository() { git -c safe.directory="$root" "$@"; }
+    [[ -z $(repository status --porcelain) ]] || say "warning: the tree has changes that no commit holds"
+    say "cloning: $(repository log -1 --format='%h, %s')"
+    repository bundle create --quiet "$bundle" HEAD
+    git -c advice.detachedHead=false clone --quiet "$bundle" "$debian$tree"
+    rm "$bundle"
+}
+
+# Runs one of the two commands there and shows how it ended.
+try() {
+    local script=scripts/$1.sh log=$results/$name-$1.log begin=$SECONDS status=0
+    say "running $script"
+    chroot "$debian" /usr/bin/env -i "$tree/$script" </dev/null >"$log" 2>&1 || status=$?
+    say "$script ended with $status after $((SECONDS - begin)) s; its last lines:"
+    tail -n "$last_lines" "$log" | sed 's/^/    /'
+    return "$status"
+}
+
+show_versions() {
+    chroot "$debian" /usr/bin/env -i /bin/bash -c '
+        . /etc/os-release
+        echo "$PRETTY_NAME"
+        for program in x86_64-w64-mingw32-g++-posix g++ clang cmake wine; do
+            "$program" --version 2>/dev/null | head -1
+        done' | sed 's/^/    /'
+}
+
+# Runs with mounts and process ids that end with it.
+try_all() {
+    local failures=0
+    make_debian
+    connect_debian
+    clone_tree
+    # No /sys: many containers have none.
+    mount -t proc proc "$debian/proc"
+    mount -t tmpfs -o mode=1777 tmpfs "$debian/dev/shm"
+    try run || failures=1
+    cp "$debian$tree/build/run/live.png" "$results/$name-live.png" || failures=1
+    try test || failures=1
+    say "it was:"
+    show_versions
+    return "$failures"
+}
+
+# What runs in the new Debian needs no gentle end, because nothing of it is kept.
+end_debian() {
+    local status=$? group
+    trap - EXIT INT TERM HUP
+    for group in "${groups[@]}"; do
+        kill -KILL -- "-$group" 2>/dev/null || true
+    done
+    wait 2>/dev/null
+    # Until the last process has gone, which may still be writing.
+    wait_for 60 rm -rf --one-file-system "$debian" 2>/dev/null || say "warning: $debian could not be removed"
+    exit "$status"
+}
+
+if [[ -n ${PLOTVANE_FRESH:-} ]]; then
+    try_all
+    exit
+fi
+
+need_packages debootstrap debian-archive-keyring gpgv git
+mkdir -p "$results"
+exec 9>"$results/.lock-$name"
+flock -n 9 || die "another script makes $debian"
+trap end_debian EXIT
+rm -rf --one-file-system "$debian" "$results/$name"-* # of a run that was killed, and of the last one
+PLOTVANE_FRESH=1 watched unshare --mount --pid --fork --kill-child "$0" "$name" || die "$name: see above"
+say "both commands work on $name; their output and the picture: $results/$name-*"
