@@ -4,7 +4,8 @@
 
 namespace plotvane::test {
 
-// How often this program has asked for memory by `new`, in any form and wherever from.
+// How often this program has asked for memory by `new`, from anywhere and in any form but that for types with
+// a larger alignment than usual, of which there are none.
 std::size_t NewCount();
 
 }  // namespace plotvane::test
