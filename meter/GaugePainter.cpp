@@ -35,7 +35,7 @@ void GaugePainter::Paint(CDC& target, const CRect& client, const Gauge& gauge) {
     if (client.Width() <= 0 || client.Height() <= 0) return;
     if (!m_dial || !*m_dial) {
         DiscardDial();
-        m_dial.emplace(target, client, gauge);
+        m_dial = std::make_unique<DialPicture>(target, client, gauge);
     }
     CMemoryDC dc{target, client, m_surface};
     dc.BitBlt(0, 0, client.Width(), client.Height(), m_dial->Dc(), 0, 0, SRCCOPY);

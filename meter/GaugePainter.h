@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -31,7 +31,7 @@ private:
     void DrawTexts(CDC& dc, const Gauge& gauge);
 
     const std::string m_peakLabel;
-    std::optional<DialPicture> m_dial;
+    std::unique_ptr<DialPicture> m_dial;
     MemorySurface m_surface;  // goes before the dial, whose font it keeps
     std::string m_text;       // kept for its memory: painting a value allocates nothing once warm
 };
