@@ -231,9 +231,6 @@ void CPrefsDlg::OnNumberLeft(UINT id) {
     if (const auto rejection = EnterNumber(m_prefs, number, m_numbers[index])) {
         Reject(rejection->messageId, IDS_INCORRECT_VALUE, id, rejection->shownText);
         m_keepsBadThickness = m_keepsBadThickness || number == PrefsNumber::Thickness;
-    } else {
-        m_numbers[index] = Decimal(NumberOf(m_prefs, number));
-        UpdateData(false);
     }
 }
 
@@ -276,18 +273,16 @@ void CPrefsDlg::OnNewRow() {
 void CPrefsDlg::OnRowEditLeft(UINT id) {
     if (m_rejecting || m_closing || !m_rows.HasRow()) return;
     UpdateData();
+    // What is taken stays as it was typed; what is not gives way to the row.
     switch (id) {
         case IDC_PREFS_ROW_UNIT:
-            m_rows.EnterUnit(m_rowUnit);
-            m_rowUnit = m_rows.Row().unit;
+            if (!m_rows.EnterUnit(m_rowUnit)) m_rowUnit = m_rows.Row().unit;
             break;
         case IDC_PREFS_ROW_MIN:
             m_rows.EnterMin(m_rowMin);
-            m_rowMin = Decimal(m_rows.Row().min);
             break;
         default:
-            m_rows.EnterMax(m_rowMax);
-            m_rowMax = Decimal(m_rows.Row().max);
+            if (!m_rows.EnterMax(m_rowMax)) m_rowMax = Decimal(m_rows.Row().max);
             break;
     }
     UpdateData(false);

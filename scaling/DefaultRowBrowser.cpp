@@ -50,20 +50,24 @@ DefaultRowBrowser::NewRow DefaultRowBrowser::AppendRow() {
     return NewRow::Added;
 }
 
-void DefaultRowBrowser::EnterUnit(std::string_view text) {
-    if (!HasRow()) return;
+bool DefaultRowBrowser::EnterUnit(std::string_view text) {
+    if (!HasRow()) return false;
     const std::string before = Row().unit;
     m_table.SetUnit(m_row, text);
-    if (Row().unit == kEndText) m_table.SetUnit(m_row, before);
+    if (Row().unit != kEndText) return true;
+    m_table.SetUnit(m_row, before);
+    return false;
 }
 
 void DefaultRowBrowser::EnterMin(std::string_view text) {
     if (HasRow()) m_table.SetMin(m_row, ParseDecimal(text));
 }
 
-void DefaultRowBrowser::EnterMax(std::string_view text) {
+bool DefaultRowBrowser::EnterMax(std::string_view text) {
     const int max = ParseDecimal(text);
-    if (HasRow() && max != kEndMarker) m_table.SetMax(m_row, max);
+    if (!HasRow() || max == kEndMarker) return false;
+    m_table.SetMax(m_row, max);
+    return true;
 }
 
 }  // namespace plotvane

@@ -35,11 +35,12 @@ public:
 
     [[nodiscard]] NewRow AppendRow();
 
-    // What was typed for the row. A unit loses what would break the file; a unit or a maximum that the file's
-    // reader takes for the end of the table, and with it all rows behind, leaves the row as it was.
-    void EnterUnit(std::string_view text);
+    // What was typed for the row. A unit loses what would break the file. False, with the row as it was, for
+    // a unit or a maximum that the file's reader takes for the end of the table, and with it all rows after
+    // it, and where there is no row.
+    bool EnterUnit(std::string_view text);
     void EnterMin(std::string_view text);
-    void EnterMax(std::string_view text);
+    bool EnterMax(std::string_view text);
 
 private:
     DefaultScaling& m_table;

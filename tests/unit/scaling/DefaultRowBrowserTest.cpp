@@ -157,12 +157,12 @@ TEST_F(DefaultRowBrowserTest, AUnitLosesWhatWouldBreakTheFile) {
 
 TEST_F(DefaultRowBrowserTest, WhatTheFilesReaderTakesForItsEndIsNotTaken) {
     Load("V,0,20,\nms,1,30,\n");
-    m_browser.EnterUnit("EOF");
-    m_browser.EnterUnit("E,OF\n");
-    m_browser.EnterMax("-99999");
+    EXPECT_FALSE(m_browser.EnterUnit("EOF"));
+    EXPECT_FALSE(m_browser.EnterUnit("E,OF\n"));
+    EXPECT_FALSE(m_browser.EnterMax("-99999"));
     ExpectRow("V", 0, 20);
     m_browser.EnterMin("-99999");  // does not end it
-    m_browser.EnterUnit("eof");
+    EXPECT_TRUE(m_browser.EnterUnit("eof"));
     EXPECT_EQ(Saved(), "eof,-99999,20,\r\nms,1,30,\r\n");
     m_browser.Load();
     EXPECT_EQ(Position(), "Field#: 1/2");

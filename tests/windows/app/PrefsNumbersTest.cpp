@@ -46,15 +46,34 @@ TEST_F(PrefsDlgNumbers, AreTakenWhenTheirEditIsLeft) {
     });
 }
 
-TEST_F(PrefsDlgNumbers, ShowWhatWasTaken) {
+TEST_F(PrefsDlgNumbers, StayAsTypedWhereTheyAreTaken) {
     Use([this](DialogUser& user) {
         Enter(user, kThickness, "thick");
         Enter(user, kMileage, "45x");
+        Enter(user, kDepth, "007");
         EXPECT_TRUE(user.IsAtRest());
         EXPECT_EQ(m_prefs.thickness, 0);
-        EXPECT_EQ(user.TextOf(kThickness), "0");
+        EXPECT_EQ(user.TextOf(kThickness), "thick");
         EXPECT_EQ(m_prefs.maxMileage, 45);
-        EXPECT_EQ(user.TextOf(kMileage), "45");
+        EXPECT_EQ(user.TextOf(kMileage), "45x");
+        EXPECT_EQ(m_prefs.fuelHistoryDepth, 7);
+        EXPECT_EQ(user.TextOf(kDepth), "007");
+        // Also when all that the dialog shows is shown again.
+        user.Choose(1225, 3);
+        EXPECT_EQ(user.TextOf(kMileage), "45x");
+        EXPECT_EQ(user.BoxCount(), 0);
+    });
+}
+
+TEST_F(PrefsDlgNumbers, AnEmptyThicknessCountsAsZeroAndStaysEmpty) {
+    m_prefs.thickness = 5;
+    Use([this](DialogUser& user) {
+        user.GoTo(kThickness);
+        user.SetText(kThickness, "");
+        user.GoTo(1225);
+        EXPECT_TRUE(user.IsAtRest());
+        EXPECT_EQ(m_prefs.thickness, 0);
+        EXPECT_EQ(user.TextOf(kThickness), "");
         EXPECT_EQ(user.BoxCount(), 0);
     });
 }

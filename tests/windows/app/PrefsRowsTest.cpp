@@ -79,27 +79,54 @@ TEST_F(PrefsDlgRows, TextsThatAreSetBeforeAnyIsLeftAreAllTaken) {
             ::SendMessageW(user.Dialog(), WM_COMMAND, MAKEWPARAM(edit, EN_KILLFOCUS),
                            reinterpret_cast<LPARAM>(user.Control(edit)));
         }
-        ExpectRow(user, "Field#: 1/1", "A", "-3", "3");
+        ExpectRow(user, "Field#: 1/1", "A", "-3", "3 amps");
+        EXPECT_EQ(m_table.Row(0).unit, "A");
         EXPECT_EQ(m_table.Row(0).min, -3);
         EXPECT_EQ(m_table.Row(0).max, 3);
     });
 }
 
-TEST_F(PrefsDlgRows, UnitsAreTakenWithoutWhatWouldBreakTheFile) {
-    WriteBytes(TableFile(), "V,0,20,\r\n");
+class PrefsDlgRowTexts : public PrefsDlgRows {
+protected:
+    PrefsDlgRowTexts() { WriteBytes(TableFile(), "V,1,20,\r\n"); }
+
+    // What the edit shows once it has been left with that text.
+    static std::string ShownAfter(DialogUser& user, int edit, std::string_view text) {
+        user.SetText(edit, text);
+        ::SendMessageW(user.Dialog(), WM_COMMAND, MAKEWPARAM(edit, EN_KILLFOCUS),
+                       reinterpret_cast<LPARAM>(user.Control(edit)));
+        return user.TextOf(edit);
+    }
+};
+
+TEST_F(PrefsDlgRowTexts, UnitsAreTakenWithoutWhatWouldBreakTheFileAndStayAsTyped) {
     Use([this](DialogUser& user) {
-        const auto enter = [&user](std::string_view text) {
-            user.SetText(kUnit, text);
-            ::SendMessageW(user.Dialog(), WM_COMMAND, MAKEWPARAM(kUnit, EN_KILLFOCUS),
-                           reinterpret_cast<LPARAM>(user.Control(kUnit)));
-        };
-        enter("k,m\n/h");
-        ExpectRow(user, "Field#: 1/1", "km/h", "0", "20");
-        enter("EOF");
-        ExpectRow(user, "Field#: 1/1", "km/h", "0", "20");
-        enter(std::string(60, 'u'));
+        EXPECT_EQ(ShownAfter(user, kUnit, "k,m/h"), "k,m/h");
+        EXPECT_EQ(m_table.Row(0).unit, "km/h");
+        EXPECT_EQ(ShownAfter(user, kUnit, std::string(60, 'u')), std::string(60, 'u'));
         EXPECT_EQ(m_table.Row(0).unit, std::string(39, 'u'));
-        EXPECT_EQ(user.TextOf(kUnit), std::string(39, 'u'));
+    });
+}
+
+TEST_F(PrefsDlgRowTexts, NumbersThatAreTakenStayAsTyped) {
+    Use([this](DialogUser& user) {
+        EXPECT_EQ(ShownAfter(user, kMin, "-5 V"), "-5 V");
+        EXPECT_EQ(m_table.Row(0).min, -5);
+        EXPECT_EQ(ShownAfter(user, kMin, ""), "");
+        EXPECT_EQ(m_table.Row(0).min, 0);
+        EXPECT_EQ(ShownAfter(user, kMax, "007"), "007");
+        EXPECT_EQ(m_table.Row(0).max, 7);
+        user.Click(kPrevious);  // shows the row again
+        ExpectRow(user, "Field#: 1/1", "V", "0", "7");
+    });
+}
+
+TEST_F(PrefsDlgRowTexts, WhatIsNotTakenGivesWayToTheRow) {
+    Use([this](DialogUser& user) {
+        EXPECT_EQ(ShownAfter(user, kUnit, "EOF"), "V");
+        EXPECT_EQ(ShownAfter(user, kMax, "-99999"), "20");
+        EXPECT_EQ(m_table.Row(0).unit, "V");
+        EXPECT_EQ(m_table.Row(0).max, 20);
     });
 }
 
