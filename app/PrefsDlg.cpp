@@ -81,7 +81,7 @@ BEGIN_MESSAGE_MAP(CPrefsDlg, CDialog)
     ON_BN_CLICKED(IDC_PREFS_SHOW_ZEROS, OnSwitchClicked)
     ON_BN_CLICKED(IDC_PREFS_SAVE_SIZE, OnSwitchClicked)
     ON_CONTROL_RANGE(EN_KILLFOCUS, IDC_PREFS_THICKNESS, IDC_PREFS_FUEL_DEPTH, OnNumberLeft)
-    ON_CONTROL(EN_CHANGE, IDC_PREFS_THICKNESS, OnThicknessChanged)
+    ON_CONTROL_RANGE(EN_CHANGE, IDC_PREFS_THICKNESS, IDC_PREFS_FUEL_DEPTH, OnNumberChanged)
     // The default scaling table.
     ON_BN_CLICKED(IDC_PREFS_ROW_NEXT, OnNextRow)
     ON_BN_CLICKED(IDC_PREFS_ROW_PREVIOUS, OnPreviousRow)
@@ -103,6 +103,7 @@ CPrefsDlg::CPrefsDlg(HWND owner, Prefs& prefs, std::filesystem::path prefsFile, 
 BOOL CPrefsDlg::OnInitDialog() {
     CDialog::OnInitDialog();
     m_closing = false;
+    m_isReset.fill(false);
     m_rows.Load();
     FillLists();
     for (const int slider : kSliders) SendDlgItemMessage(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, 255));
@@ -224,19 +225,26 @@ void CPrefsDlg::OnSwitchClicked() {
 
 void CPrefsDlg::OnNumberLeft(UINT id) {
     if (m_rejecting || m_closing) return;
-    if (id == IDC_PREFS_THICKNESS && m_keepsBadThickness) return;
-    UpdateData();
     const UINT index = id - IDC_PREFS_THICKNESS;
     const auto number = static_cast<PrefsNumber>(index);
+    if (m_isReset[index] && !IsJudgedAfterReset(number)) return;
+    UpdateData();
     if (const auto rejection = EnterNumber(m_prefs, number, m_numbers[index])) {
         Reject(rejection->messageId, IDS_INCORRECT_VALUE, id, rejection->shownText);
-        m_keepsBadThickness = m_keepsBadThickness || number == PrefsNumber::Thickness;
+        m_isReset[index] = true;
     }
 }
 
-// A rejected thickness stays in the record until the edit is changed again, not just left once more.
-void CPrefsDlg::OnThicknessChanged() {
-    m_keepsBadThickness = false;
+// A rejected thickness stays in the record until the edit is changed, however often it is left. The other
+// edits may show a bad number from the file; that is rejected whenever somebody goes from it to another
+// control. But when a box has gone, the whole dialog may lose the focus once more and get it back: that is
+// the system's doing.
+bool CPrefsDlg::IsJudgedAfterReset(PrefsNumber number) const {
+    return number != PrefsNumber::Thickness && ::IsChild(m_hWnd, ::GetFocus());
+}
+
+void CPrefsDlg::OnNumberChanged(UINT id) {
+    m_isReset[id - IDC_PREFS_THICKNESS] = false;
 }
 
 void CPrefsDlg::Reject(UINT textId, UINT captionId, UINT edit, const std::string& shownText) {

@@ -35,7 +35,7 @@ private:
     void OnTraceChosen();
     void OnSwitchClicked();
     void OnNumberLeft(UINT id);
-    void OnThicknessChanged();
+    void OnNumberChanged(UINT id);
     void OnNextRow();
     void OnPreviousRow();
     void OnNewRow();
@@ -48,9 +48,10 @@ private:
     void ShowSliders(ColourRow row);
     void ShowRow();
     bool TakeTypedText();
+    bool IsJudgedAfterReset(PrefsNumber number) const;
 
     // Shows the box, then gives the focus to that edit with its text, which is set in between, selected. No
-    // edit that loses the focus meanwhile is checked: two bad ones would send it to and fro for ever.
+    // edit that loses the focus meanwhile is judged: two bad ones would pass it to each other for ever.
     void Reject(UINT textId, UINT captionId, UINT edit, const std::string& shownText);
 
     DECLARE_MESSAGE_MAP()
@@ -63,9 +64,9 @@ private:
     PrefsColourEdit m_colours;
     DefaultRowBrowser m_rows;
     std::string m_rowLabel;
-    bool m_rejecting = false;          // a box is shown, or the focus is on its way back
-    bool m_closing = false;            // edits that lose the focus to the end of the dialog are not read
-    bool m_keepsBadThickness = false;  // the record does not hold the "0" that its edit was reset to
+    bool m_rejecting = false;         // a box is shown, or the focus is on its way back
+    bool m_closing = false;           // edits that lose the focus to the end of the dialog are not read
+    std::array<bool, 4> m_isReset{};  // by number: rejected, and its edit not changed since it was reset
 
     std::array<CColorBox, 3> m_swatches;
 

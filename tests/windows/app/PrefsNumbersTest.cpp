@@ -198,6 +198,59 @@ TEST_F(PrefsDlgNumbers, TwoBadOnesShowOneBoxEachAndNeverASecond) {
     EXPECT_EQ(m_result, IDCANCEL);
 }
 
+// A window of the dialog's own thread that comes to the front takes the focus from the dialog for as long.
+class OtherWindow {
+public:
+    OtherWindow()
+        : m_window(::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 20, 20, nullptr, nullptr,
+                                     nullptr, nullptr)) {}
+    ~OtherWindow() { ::DestroyWindow(m_window); }
+    OtherWindow(const OtherWindow&) = delete;
+    OtherWindow& operator=(const OtherWindow&) = delete;
+
+    HWND Get() const { return m_window; }
+
+private:
+    HWND m_window;
+};
+
+// The display may do so by itself when a box has gone.
+TEST_F(PrefsDlgNumbers, ARejectedOneIsNotJudgedAgainWhenTheWholeDialogLosesTheFocus) {
+    WriteBytes(PrefsFile(), "MaxMileage=0\r\n");
+    const OtherWindow other;
+    Use([&other](DialogUser& user) {
+        Enter(user, kMileage, "1001");
+        EXPECT_TRUE(user.SeesBox(kBox1To1000));
+        EXPECT_TRUE(user.GetsFocus(kMileage));
+        ::SetForegroundWindow(other.Get());
+        EXPECT_TRUE(user.WaitUntil("the edit loses the focus", [&] { return !user.HasFocus(kMileage); }));
+        EXPECT_TRUE(user.IsAtRest());
+        ::SetForegroundWindow(user.Dialog());
+        EXPECT_TRUE(user.GetsFocus(kMileage));
+        EXPECT_TRUE(user.IsAtRest());
+        EXPECT_EQ(user.BoxCount(), 1);
+
+        user.GoTo(kConsumption);  // from a bad number to another control
+        EXPECT_TRUE(user.SeesBox(kBox1To1000));
+        EXPECT_TRUE(user.IsAtRest());
+        EXPECT_EQ(user.BoxCount(), 2);
+        EXPECT_TRUE(user.GetsFocus(kMileage));
+    });
+}
+
+TEST_F(PrefsDlgNumbers, ANewOneIsTakenAlsoWhenTheWholeDialogLosesTheFocus) {
+    const OtherWindow other;
+    Use([&](DialogUser& user) {
+        Enter(user, kMileage, "1001");
+        EXPECT_TRUE(user.SeesBox(kBox1To1000));
+        EXPECT_TRUE(user.GetsFocus(kMileage));
+        user.Type(kMileage, "45");
+        ::SetForegroundWindow(other.Get());
+        EXPECT_TRUE(user.WaitUntil("the number is taken", [&] { return m_prefs.maxMileage == 45; }));
+        EXPECT_EQ(user.BoxCount(), 1);
+    });
+}
+
 TEST_F(PrefsDlgNumbers, EnterTakesWhatIsBeingTyped) {
     Use([](DialogUser& user) {
         user.Type(kMileage, "80");
