@@ -14,8 +14,10 @@ git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror || failu
 
 say "marks of unfinished work"
 # Put together from halves, so that this line is not one of them.
-marks="TO""DO|FIX""ME|XX""X|GTEST_SK""IP"
+marks="TO""DO|FIX""ME|XX""X"
 git grep -nIE "\b($marks)\b|DISAB""LED_" -- . && failures=1
+# A machine may lack what a test needs. Such a test says so: the summary shows the reason and counts it as skipped.
+git grep -nI "GTEST_SK""IP" -- . | grep -v 'GTEST_SK''IP() << "[a-z]' && failures=1
 
 say "cppcheck"
 # .cppcheck names what it takes for a mistake and is none. Tests are left to clang-tidy: it does not know their macros.

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # test-summary.sh PRESET...: adds up what the last test run of each preset left in build/PRESET: ctest.xml
 # (ctest's view: one entry a test program) and NAME.xml (GoogleTest's view: the cases inside program NAME).
-# A program without a NAME.xml counts as one test. Names each failed test, prints a table of the layers
-# and, last, the totals. Fails if any test failed or none ran.
+# A program without a NAME.xml counts as one test. Prints a table of the layers, names each failed test and each
+# skipped one with its reason, and in the last line gives the totals. Fails if any test failed or none ran.
 set -euo pipefail
 cd "$(dirname "$0")/../build"
 
@@ -11,7 +11,7 @@ programs() {
     sed -nE 's/.*<testcase name="([^"]*)".* time="([^"]*)" status="([^"]*)".*/\1 \3 \2/p' "$1"
 }
 
-# Passed, failed, skipped, then one line for each failed case.
+# Passed, failed, skipped; then a line for each case that failed or was skipped, which begins with that word.
 cases() {
     awk '
         function attribute(name,    text) {
@@ -24,7 +24,12 @@ cases() {
             current = attribute("classname") "." attribute("name"); counted = 0; total++
             if (attribute("status") == "notrun" || attribute("result") == "skipped") skipped++
         }
-        /<failure / && !counted { counted = 1; failed++; names = names "\n" current }
+        /<failure / && !counted { counted = 1; failed++; names = names "\nfailed: " current }
+        /<skipped / {
+            reason = attribute("message")
+            sub(/.*&#x0A;/, "", reason) # the place in the source stands before it
+            names = names "\nskipped: " current ": " reason
+        }
         END { printf "%d %d %d%s\n", total - failed - skipped, failed, skipped, names }' "$1"
 }
 
@@ -35,8 +40,8 @@ for preset in "$@"; do
     while read -r name outcome seconds; do
         p=0 f=0 s=0
         if [[ -s $preset/$name.xml ]]; then
-            { read -r p f s; failures=$(cat); } < <(cases "$preset/$name.xml")
-            [[ -z $failures ]] || complaints+=$(sed "s/^/  failed: $preset, $name: /" <<<"$failures")$'\n'
+            { read -r p f s; names=$(cat); } < <(cases "$preset/$name.xml")
+            [[ -z $names ]] || complaints+=$(sed "s/^\([a-z]*\): /  \1: $preset, $name: /" <<<"$names")$'\n'
         elif [[ $outcome == run ]]; then
             p=1
         fi
