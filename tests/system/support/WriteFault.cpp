@@ -8,6 +8,7 @@
 
 #include "tests/system/support/Await.h"
 #include "tests/system/support/Handle.h"
+#include "tests/system/support/LinuxProgram.h"
 
 namespace plotvane::test {
 namespace {
@@ -28,24 +29,16 @@ private:
 class FullDisk : public WriteFault {
 public:
     explicit FullDisk(const std::filesystem::path& file) : m_link(FileBeside(file)) {
-        Run(L"Z:\\bin\\ln", L"ln -s /dev/full ");
+        StartLinuxProgram(L"ln", L"-s /dev/full " + Name(), m_link.parent_path());
         if (!Becomes([this] { return IsThere(); }, true)) throw std::runtime_error("cannot fill the disk");
     }
     ~FullDisk() override {
-        Run(L"Z:\\bin\\rm", L"rm -f ");
+        StartLinuxProgram(L"rm", L"-f " + Name(), m_link.parent_path());
         EXPECT_TRUE(Becomes([this] { return IsThere(); }, false));
     }
 
 private:
-    // Without waiting: what starts is no Windows process.
-    void Run(const wchar_t* program, std::wstring command) const {
-        command += L'"' + m_link.filename().wstring() + L'"';
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        PROCESS_INFORMATION started{};
-        ::CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                         m_link.parent_path().c_str(), &startup, &started);
-    }
+    std::wstring Name() const { return L'"' + m_link.filename().wstring() + L'"'; }
 
     // The system knows no attributes of such a file, but opens it.
     bool IsThere() const {

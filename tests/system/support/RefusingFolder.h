@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+
+#include "tests/support/TempFolder.h"
+
+namespace plotvane::test {
+
+// A folder in which this user can make neither file nor folder: one of its own, which is write-protected, or,
+// for a user whom no protection stops, one that the system keeps to itself. Each is tried first; some
+// machines have none.
+class RefusingFolder {
+public:
+    RefusingFolder();
+    ~RefusingFolder();
+    RefusingFolder(const RefusingFolder&) = delete;
+    RefusingFolder& operator=(const RefusingFolder&) = delete;
+
+    // Empty if there is none.
+    const std::filesystem::path& Path() const { return m_path; }
+
+private:
+    void Protect() const;
+    void Unprotect() const;
+
+    TempFolder m_above;
+    const std::filesystem::path m_own = m_above / "protected";
+    std::filesystem::path m_path;
+};
+
+}  // namespace plotvane::test
