@@ -9,11 +9,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// On a slow disk the program has to be read before it can show anything.
-TEST(StartUp, TheProgramIsSmallerThanOneAndAHalfMegabytes) {
-    EXPECT_LT(std::filesystem::file_size(ProgramFolder() / "plotvane.exe"), 1'500'000u);
-}
-
 TEST(StartUp, ASecondCopyEndsSilently) {
     Session first;
     first.Start();
