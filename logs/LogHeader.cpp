@@ -101,6 +101,14 @@ void ReadAdvancedHeader(LogText& text, LogHeader& header) {
     text.SkipLines(1);
 }
 
+// "PID- 012": the three characters behind a "-" and one more character. Lines do not count on the way to it,
+// but a number ends with its line.
+int TakePid(LogText& text) {
+    text.SkipPast('-');
+    text.SkipCharacter();
+    return ParseDecimal(text.TakeCharacters(3));
+}
+
 void ReadObdHeader(LogText& text, LogHeader& header) {
     header.form = LogForm::Obd;
     header.moduleName = kObdName;
@@ -108,18 +116,19 @@ void ReadObdHeader(LogText& text, LogHeader& header) {
     header.columns[0].group = 0;
     header.columns[SlotOf(1, 0)].group = 1;
     text.SkipLines(1);
-    for (int& pid : header.pids)  // "PID- 012"
-        if (text.SkipPastInLine('-')) {
-            text.TakeCharacters(1);
-            pid = ParseDecimal(text.TakeCharacters(3));
-        }
+    for (int& pid : header.pids) pid = TakePid(text);
     text.SkipLines(1);
-    for (std::size_t slot = 0; slot < header.pids.size(); ++slot)  // "Engine speed (/min)"
-        if (header.pids.at(slot) >= 1 && text.SkipPastInLine('(')) {
-            text.ReadCell(')');
-            header.columns.at(slot).unit = text.Cell();
-        }
-    text.SkipLines(1);
+    bool standsBehindUnit = false;
+    for (std::size_t slot = 0; slot < header.pids.size(); ++slot) {
+        if (header.pids.at(slot) < 1) continue;
+        text.SkipPast('(');  // "Engine speed (/min)"
+        header.columns.at(slot).unit = text.ReadUpTo(')');
+        standsBehindUnit = true;
+    }
+    if (!standsBehindUnit) return;
+    // The first row is in the next line, or it goes on right here: a comma, and its time.
+    header.tookFirstMarker = text.Take(',') && text.AtDigit();
+    if (!header.tookFirstMarker) text.SkipLines(1);
 }
 
 }  // namespace

@@ -32,10 +32,12 @@ struct LogHeader {
     std::array<int, kSlotRows> rowGroups{kNoGroup, kNoGroup, kNoGroup};  // of the classic form
     std::array<int, kPidCount> pids{};                                   // of the OBD form; below 1: not used
     std::array<LogColumn, kSlotCount> columns;
+    bool tookFirstMarker = false;  // the first row's first comma was read with the header
 };
 
 // Reads the header of a log from its first character on; the text stands before the first row then. Nothing
-// here detects a malformed header: what is missing stays unset, and the rows tell.
+// here detects a malformed header: what is missing stays unset, and the rows tell. Parts of a header are
+// looked for beyond line ends, so a foreign one may take the whole file; the log has no rows then.
 LogHeader ReadLogHeader(LogText& text);
 
 }  // namespace plotvane

@@ -1,6 +1,7 @@
 #include "logs/LogReader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/Numbers.h"
 
@@ -38,9 +39,10 @@ LogRow LogReader::ReadLogRow(RecordBuffer& record) {
     record.Clear();
     m_rowEnded = false;
     m_items = 0;
-    // The first column is a marker. It is looked for beyond line ends, so empty lines do no harm, nor does a
-    // comma at the end of the line before.
-    if (!m_text.SkipPast(',')) {
+    // The first column is a marker. Its comma is looked for beyond line ends, so empty lines do no harm, nor
+    // does a comma at the end of the line before.
+    const bool hasMarker = std::exchange(m_header.tookFirstMarker, false) || m_text.SkipPast(',');
+    if (!hasMarker) {
         m_state.endOfLog = true;
         return LogRow::Ended;
     }
@@ -130,7 +132,7 @@ int LogReader::ReadObdRow(RecordBuffer& record) {
 std::optional<std::string_view> LogReader::NextColumn() {
     if (m_rowEnded) return std::nullopt;
     const auto end = m_text.ReadCell();
-    m_rowEnded = end != LogText::CellEnd::Delimiter;
+    m_rowEnded = end != LogText::CellEnd::Comma;
     if (end == LogText::CellEnd::File && m_text.Cell().empty()) return std::nullopt;
     return m_text.Cell();
 }

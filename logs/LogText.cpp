@@ -9,19 +9,25 @@ bool LogText::Open(const std::filesystem::path& path) {
     return m_input.IsOpen();
 }
 
-LogText::CellEnd LogText::ReadCell(char delimiter) {
+LogText::CellEnd LogText::ReadCell() {
     m_cellLength = 0;
     while (!AtLineEnd()) {
-        const int c = m_input.Get();
-        if (c == delimiter) return CellEnd::Delimiter;
+        const int c = Next();
+        if (c == ',') return CellEnd::Comma;
         AddToCell(c);
     }
     return m_input.Peek() == TextInput::kEnd ? CellEnd::File : CellEnd::LineEnd;
 }
 
+std::string_view LogText::ReadUpTo(char delimiter) {
+    m_cellLength = 0;
+    for (int c = Next(); c != delimiter && c != TextInput::kEnd; c = Next()) AddToCell(c == '\n' ? ' ' : c);
+    return Cell();
+}
+
 bool LogText::SkipPast(char wanted, int count) {
     while (count > 0) {
-        const int c = m_input.Get();
+        const int c = Next();
         if (c == TextInput::kEnd) return false;
         if (c == wanted) --count;
     }
@@ -30,36 +36,40 @@ bool LogText::SkipPast(char wanted, int count) {
 
 bool LogText::SkipPastInLine(char wanted) {
     while (!AtLineEnd())
-        if (m_input.Get() == wanted) return true;
+        if (Next() == wanted) return true;
     return false;
 }
 
 bool LogText::Take(char wanted) {
     if (m_input.Peek() != wanted) return false;
-    m_input.Get();
+    Next();
     return true;
 }
 
 std::optional<char> LogText::TakeLetterOrDigit() {
     const int c = m_input.Peek();
     if (c == TextInput::kEnd || !IsLetterOrDigit(static_cast<char>(c))) return std::nullopt;
-    return static_cast<char>(m_input.Get());
+    return static_cast<char>(Next());
 }
 
 std::optional<int> LogText::TakeDigits(int count) {
     int number = 0;
     for (; count > 0; --count) {
-        const int c = m_input.Peek();
-        if (c < '0' || c > '9') return std::nullopt;
-        number = number * 10 + m_input.Get() - '0';
+        if (!AtDigit()) return std::nullopt;
+        number = number * 10 + Next() - '0';
     }
     return number;
 }
 
 std::string_view LogText::TakeCharacters(std::size_t count) {
     m_cellLength = 0;
-    for (; count > 0 && !AtLineEnd(); --count) AddToCell(m_input.Get());
+    for (; count > 0 && !AtLineEnd(); --count) AddToCell(Next());
     return Cell();
+}
+
+bool LogText::AtDigit() {
+    const int c = m_input.Peek();
+    return c >= '0' && c <= '9';
 }
 
 bool LogText::AtLineEnd() {

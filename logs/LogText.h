@@ -16,25 +16,33 @@ class LogText {
 public:
     static constexpr std::size_t kMaxCellLength = 256;
 
-    enum class CellEnd { Delimiter, LineEnd, File };
+    enum class CellEnd { Comma, LineEnd, File };
 
     bool Open(const std::filesystem::path& path);
     void Close() { m_input = TextInput(); }
 
-    // Reads the text up to the delimiter, which is taken too, or up to the line end, which is not.
-    CellEnd ReadCell(char delimiter = ',');
+    // Reads the text up to the comma, which is taken too, or up to the line end, which is not.
+    CellEnd ReadCell();
 
-    // What ReadCell has read, cut to kMaxCellLength; until the next call. A NUL, which would end a record in
-    // its middle, is a "?" in it: like any other odd character it makes a value no number.
+    // Reads the text up to the delimiter, wherever it is, and takes that too. The text is the cell then; a
+    // line end is a blank in it, because a record, and the boxes that show its parts, have one line.
+    std::string_view ReadUpTo(char delimiter);
+
+    // What was read last, cut to kMaxCellLength; until the next call. A NUL, which would end a record in its
+    // middle, is a "?" in it: like any other odd character it makes a value no number.
     std::string_view Cell() const { return {m_cell.data(), m_cellLength}; }
 
-    // Moves behind the count-th such character, wherever it is. False at the end of the file.
+    // Moves behind the count-th such character, wherever it is. False, at the end of the file, if there are
+    // fewer.
     bool SkipPast(char wanted, int count = 1);
 
     // The same within the line; if there is none, stops before the line end.
     bool SkipPastInLine(char wanted);
 
     bool SkipLines(int count) { return SkipPast('\n', count); }
+
+    // Moves behind the next character, whatever it is.
+    void SkipCharacter() { Next(); }
 
     // Takes the next character if it is this one.
     bool Take(char wanted);
@@ -48,7 +56,13 @@ public:
     // Takes so many characters of the line, fewer at its end; they are the cell then.
     std::string_view TakeCharacters(std::size_t count);
 
+    // Whether the next character is a digit.
+    bool AtDigit();
+
 private:
+    // Every character is read here.
+    int Next() { return m_input.Get(); }
+
     bool AtLineEnd();
     void AddToCell(int character);
 

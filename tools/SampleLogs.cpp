@@ -168,19 +168,23 @@ std::string ObdLog(const Drive& drive, const LogSpan& span) {
     for (int slot = 0; slot < kSlotCount && slots.size() < kPids; ++slot) {
         if (ChannelAt(drive, slot).pid > 0) slots.push_back(slot);
     }
+    std::string names;
     std::string pids = "mark";
     std::string units = "mark";
     for (const int slot : slots) {
         const DriveChannel& channel = ChannelAt(drive, slot);
+        names += ",," + channel.name;
         pids += ",time,PID- " + Digits3(channel.pid);
-        units += ",time," + channel.name + " (" + channel.unit + ')';
+        units += ",time,(" + channel.unit + ')';
     }
     for (std::size_t k = slots.size(); k < kPids; ++k) {
+        names += ",,none";
         pids += ",time,PID- 000";
-        units += ",time,none";
+        units += ",time,";
     }
+    // The names stand between: the units are looked for from the line behind that of the PIDs on.
     std::string log(kFirstLine);
-    log += "OBD-II,generic data\n" + pids + '\n' + units + '\n';
+    log += "OBD-II,generic data\n\n" + pids + '\n' + names + '\n' + units + '\n';
     int number = 0;
     for (const double time : RowTimes(span)) {
         std::string line = std::to_string(number++);

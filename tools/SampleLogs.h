@@ -27,7 +27,7 @@ std::string TenFieldLog(const Drive& drive, const LogSpan& span);
 // Advanced measuring blocks: six fields of the drive, each with its own group and time.
 std::string AdvancedLog(const Drive& drive, const LogSpan& span);
 
-// Up to four generic OBD identifiers, the first that the drive has.
+// Up to four generic OBD identifiers, the first that the drive has. The head has six lines.
 std::string ObdLog(const Drive& drive, const LogSpan& span);
 
 }  // namespace plotvane

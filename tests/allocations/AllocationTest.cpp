@@ -124,7 +124,7 @@ TEST(AllocationsPerRecord, NoneInAnAdvancedLog) {
 }
 
 TEST(AllocationsPerRecord, NoneInALogOfIdentifiers) {
-    ExpectNothingAllocatedInReplay(LogOfManyRows(ObdLog(ScriptedDrive(), kWholeDrive), 4));
+    ExpectNothingAllocatedInReplay(LogOfManyRows(ObdLog(ScriptedDrive(), kWholeDrive), 6));
 }
 
 }  // namespace

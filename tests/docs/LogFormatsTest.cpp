@@ -77,6 +77,10 @@ TEST_F(LogFormatsTest, GenericObdBecomesTheRecordOnThePage) {
     EXPECT_EQ(NextRecord(), Unspaced(m_page.Example("record of generic OBD")));
     EXPECT_TRUE(m_page.Says("with the time " + Time(0) + ". The PID stands"));
     EXPECT_TRUE(m_state.obdFile);
+
+    Open(m_page.Example("generic OBD over more lines"));
+    EXPECT_EQ(NextRecord(), Unspaced(m_page.Example("record of generic OBD")));
+    EXPECT_EQ(m_log.ReadLogRow(m_record), LogRow::Ended);
 }
 
 // "Coolant", "temperature " of the page's own file; elsewhere the labels of the file that it redirects to.

@@ -227,6 +227,17 @@ TEST_F(ReplayLoopTest, AnObdLogIsFollowedByNineNumbersALineForAClassicOne) {
     EXPECT_NE(saved.find("\r\n2,0,100,0,100,0,100,0,100,\r\n"), std::string::npos);
 }
 
+TEST_F(ReplayLoopTest, AForeignLogThatCallsItselfObdIsAnEmptyReplay) {
+    std::string log = "Friday,20,November,2026,10:15:30\nOBD\n";
+    for (int i = 0; i < 10'000; ++i) log += "0,0.00,780,0.05,0,0.10,90\n";
+    Choose("x.csv", log);
+    Load();
+    EXPECT_TRUE(chart.samples.empty());
+    EXPECT_TRUE(dialog.messages.empty());
+    EXPECT_TRUE(state.stopped);
+    EXPECT_TRUE(dialog.loadEnabled);
+}
+
 TEST_F(ReplayLoopTest, StopBeforeTheFirstRowWritesNothing) {
     After(0.0, [&] { dialog.Stop(); });
     Load();

@@ -16,6 +16,7 @@ using test::kAdvancedRows;
 using test::kClassicHeader;
 using test::kClassicRecords;
 using test::kClassicRows;
+using test::kLongObdHeader;
 using test::kObdHeader;
 using test::kObdRows;
 
@@ -129,7 +130,8 @@ TEST_F(LogDamageTest, AnEndOfFileByteBehindTheLastValueLeavesTheRowWhole) {
 }
 
 TEST_F(LogDamageTest, ALogMayEndAnywhereInItsHeader) {
-    for (const auto header : {kClassicHeader, kAdvancedHeader, kObdHeader, test::kTenFieldLog})
+    for (const auto header :
+         {kClassicHeader, kAdvancedHeader, kObdHeader, kLongObdHeader, test::kTenFieldLog})
         for (std::size_t length = 0; length <= header.size(); ++length) {
             ExpectBounded(header.substr(0, length));
             if (HasFatalFailure()) return;
@@ -140,6 +142,7 @@ TEST_F(LogDamageTest, AnyByteMayBeAnother) {
     const std::string logs[] = {std::string(kClassicHeader) + std::string(kClassicRows),
                                 std::string(kAdvancedHeader) + std::string(kAdvancedRows),
                                 std::string(kObdHeader) + std::string(kObdRows),
+                                std::string(kLongObdHeader) + std::string(kObdRows),
                                 std::string(test::kTenFieldLog)};
     constexpr std::string_view kBytes = {"\0\n,0G'-(\x1A\xFF\xB0\r", 12};
     constexpr std::size_t kBytesAPlace = 2;  // every place sees two of them, every sixth place the same
@@ -165,8 +168,22 @@ TEST_F(LogDamageTest, ValuesThatDoNotFitIntoTheRecordMakeTheRowShort) {
 
 TEST_F(LogDamageTest, AnObdUnitOf256CharactersMayLeaveNoRoom) {
     const std::string unit(256, 'u');
-    Open(FIRST_LINE "OBD\nPID- 012,PID- 013\n(" + unit + "),(" + unit + ")\n", "0,0,1,0,2\n");
+    Open(FIRST_LINE "OBD\n- 012- 013- 000- 000\n(" + unit + "),(" + unit + ")\n", "0,0,1,0,2\n");
     EXPECT_EQ(Next(), LogRow::Short);
+}
+
+TEST_F(LogDamageTest, AnObdLogWithoutItsFourIdentifiersOrItsUnitsHasNoRows) {
+    const std::string row = "0,0.00,780,0.05,0\n";
+    std::string rows;
+    for (int i = 0; i < 10'000; ++i) rows += row;
+    for (const std::string_view head :
+         {"", "mark,time\n", "- 012- 013- 005\n(a)(b)(c)\n", "- 012- 013- 005- 000\n(a)(b)\n",
+          "- 012- 013- 005- 000 (a)(b)(c)\n", "- 012- 000- 000- 000\n(a\n", "- 012- 000- 000- 000\na)\n"}) {
+        m_state.endOfLog = false;
+        Open(FIRST_LINE "OBD\n" + std::string(head), rows);
+        EXPECT_EQ(Next(), LogRow::Ended) << head;
+        EXPECT_TRUE(m_state.endOfLog) << head;
+    }
 }
 
 TEST_F(LogDamageTest, AVeryLongCellIsCut) {

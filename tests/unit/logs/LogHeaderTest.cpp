@@ -206,9 +206,38 @@ TEST_F(LogHeaderTest, KnowsAnObdLogByItsModuleName) {
 }
 
 TEST_F(LogHeaderTest, CutsAnObdUnitAt256Characters) {
-    Open(FIRST_LINE "OBD\nPID- 012,PID- 013\n(" + std::string(300, 'u') + "),(km/h)\n");
+    Open(FIRST_LINE "OBD\n- 012- 013- 000- 000\n(" + std::string(300, 'u') + "),(km/h)\n");
     EXPECT_EQ(m_slots[0].unit, std::string(256, 'u'));
     EXPECT_EQ(m_slots[1].unit, "km/h");
+}
+
+TEST_F(LogHeaderTest, FindsTheUnitsOfAnObdLogInWhateverLines) {
+    for (const std::string_view head :
+         {"- 012- 013- 005- 017\n(a)(b)(c)(d)\n", "\n\n- 012\n- 013\n\n- 005\n- 017\n(a)\n(b)\n\n(c)\n(d)\n",
+          "names\nPID- 012,PID- 013\nPID- 005,PID- 017\nnames\n,A (a),B (b)\n,C (c),D (d)\n",
+          "-\n012-\n013-,005- 017 (not yet)\n\n)(a)((b)(c))(d)\n"}) {
+        Open(FIRST_LINE "OBD\n" + std::string(head), "0,0.00,1,0.05,2,0.10,3,0.15,4\n");
+        const std::string second = head.starts_with("-\n") ? "(b" : "b";  // a "(" may stand in a unit
+        EXPECT_EQ(NextRecord(),
+                  "OBD.LBL,G012,F0,1,a,G013,F0,2," + second + ",G005,F0,3,c,G017,F0,4,d," + test::Empty(8));
+    }
+}
+
+TEST_F(LogHeaderTest, AnObdUnitThatGoesOverALineEndHasABlankThere) {
+    Open(FIRST_LINE "OBD\n- 012- 013- 000- 000\n(mg/\nstr)(\r\n\n)\n", "0,0,1,0,2,,,,\n");
+    EXPECT_EQ(m_slots[0].unit, "mg/ str");
+    EXPECT_EQ(m_slots[1].unit, "  ");
+    EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,1,mg/ str,G013,F0,2,  ," + test::Empty(10));
+}
+
+TEST_F(LogHeaderTest, TheUnitsOfAnObdLogAreNotInTheLineOfTheLastIdentifier) {
+    Open(FIRST_LINE "OBD\n- 012- 000- 000- 000 (/min)\n", "(km/h)\n0,0.00,50,,,,,,\n");
+    EXPECT_EQ(m_slots[0].unit, "km/h");
+}
+
+TEST_F(LogHeaderTest, ANumberOfAnObdLogEndsWithItsLine) {
+    Open(FIRST_LINE "OBD\n- 5\n- 13\n- 017- 4\n(a)(b)(c)(d)\n", "0,0,1,0,2,0,3,0,4\n");
+    EXPECT_EQ(NextRecord(), "OBD.LBL,G005,F0,1,a,G013,F0,2,b,G017,F0,3,c,G004,F0,4,d," + test::Empty(8));
 }
 
 TEST_F(LogHeaderTest, DescribesTheNewLogOnly) {

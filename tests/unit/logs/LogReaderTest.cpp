@@ -101,6 +101,31 @@ TEST_F(LogReaderTest, ReadsAnObdLogWithACommaBehindItsUnits) {
     EXPECT_EQ(m_last, LogRow::Ended);
 }
 
+TEST_F(LogReaderTest, ReadsAnObdLogWhoseHeadGoesOverMoreLines) {
+    Open(",,,,00:00:00\nOBD\n\n- 012- 000- 000- 000\n(/min)\n", ",0,780,,,,,,,\n");
+    EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11));
+    ExpectStamps(0.0, 0.0, 0.0);
+    EXPECT_EQ(Next(), LogRow::Ended);
+}
+
+// By the letter of the format the rows begin behind the last unit.
+TEST_F(LogReaderTest, ReadsTheFirstRowOfAnObdLogFromTheLineOfTheUnits) {
+    Open(FIRST_LINE "OBD\n- 012- 000- 000- 000\n(/min),0.5,780\n", "1,0.75,790\n");
+    EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11));
+    ExpectStamps(0.5, 0.0, 0.0);
+    EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,790,/min," + Empty(11));
+    ExpectStamps(0.75, 0.0, 0.0);
+    EXPECT_EQ(Next(), LogRow::Ended);
+}
+
+TEST_F(LogReaderTest, ReadsAnObdLogWithTextBehindItsLastUnit) {
+    for (const std::string_view behind : {",", ",time,none", " rpm", ", 1"}) {
+        Open(FIRST_LINE "OBD\n- 012- 000- 000- 000\n(/min)" + std::string(behind) + "\n", "0,0.50,780\n");
+        EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11)) << behind;
+        ExpectStamps(0.5, 0.0, 0.0);
+    }
+}
+
 TEST_F(LogReaderTest, StepsOverAnObdSlotWithoutIdentifier) {
     Open(FIRST_LINE
          "OBD\n"

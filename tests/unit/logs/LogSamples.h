@@ -69,6 +69,16 @@ inline constexpr std::string_view kObdHeader = FIRST_LINE
     "OBD-II,generic data\n"
     "mark,time,PID- 012,time,PID- 013,time,PID- 005,time,PID- 000\n"
     "mark,time,Engine speed (/min),time,Vehicle speed (km/h),time,Coolant (" DEGREES_C "),time,none\n";
+// The same, over more lines.
+inline constexpr std::string_view kLongObdHeader = FIRST_LINE
+    "OBD-II,generic data\n"
+    "\n"
+    "PID- 012,PID- 013\n"
+    "PID- 005,PID- 000\n"
+    "\n"
+    "Engine speed (/min)\n"
+    "Vehicle speed (km/h),Coolant\n"
+    "(" DEGREES_C ")\n";
 inline constexpr std::string_view kObdRows =
     "0,0.00,780,0.05,0,0.10,90,,\n"
     "1,0.50,1240,0.55,12,0.60,90,,\n"
