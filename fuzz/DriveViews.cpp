@@ -51,9 +51,10 @@ void LineChart::AppendPoints(const TraceValues& values) {
         const auto& [from, to] = segment.line;
         for (const int coordinate : {from.x, from.y, to.x, to.y}) RequireNearPicture(coordinate);
         const int height = m_geometry.Client().Height();
-        const auto cut = CutToRows(segment.line, 0, height);
-        Require(!cut || (cut->from.y >= 0 && cut->from.y <= height && cut->to.y >= 0 && cut->to.y <= height),
-                "a line is cut to the rows asked for");
+        const auto shortened = ShortenFarLine(segment.line, 0, height);
+        const int mostRows = (height + 1) * std::max(5, 2 * std::abs(to.x - from.x));
+        Require(!shortened || std::abs(shortened->to.y - shortened->from.y) <= mostRows,
+                "a far line is made short");
     }
 }
 

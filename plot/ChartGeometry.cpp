@@ -26,20 +26,6 @@ int Step(int from, int to, int i, int count) {
 
 }  // namespace
 
-std::optional<PixelLine> CutToRows(const PixelLine& line, int top, int bottom) {
-    const PixelPoint from = line.from;
-    const PixelPoint to = line.to;
-    if (std::max(from.y, to.y) < top || std::min(from.y, to.y) > bottom) return std::nullopt;
-
-    const auto cut = [&](PixelPoint end) -> PixelPoint {
-        const int y = std::clamp(end.y, top, bottom);
-        if (y == end.y) return end;  // the ends lie in different rows otherwise
-        const std::int64_t along = static_cast<std::int64_t>(to.x - from.x) * (y - from.y) / (to.y - from.y);
-        return {static_cast<int>(from.x + along), y};
-    };
-    return PixelLine{cut(from), cut(to)};
-}
-
 int LabelDigits(double lower, double upper) {
     return std::max(DigitsOf(lower), DigitsOf(upper));
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 // Where things lie on the chart. All pixels are client co-ordinates of the chart window, y downwards; the
 // client rectangle starts at (0, 0).
 namespace plotvane {
@@ -64,17 +62,6 @@ private:
     PixelRect m_client;
     PixelRect m_plot;
 };
-
-struct PixelLine {
-    PixelPoint from;
-    PixelPoint to;
-
-    bool operator==(const PixelLine&) const = default;
-};
-
-// The part of a line between two rows, both included; nothing if it has none there. Ends that lie inside stay
-// where they are.
-std::optional<PixelLine> CutToRows(const PixelLine& line, int top, int bottom);
 
 // Digits before (or zeros behind) the decimal point beyond the first, of the longer limit: 6000 has 3,
 // 0.001 has 3. A limit without a magnitude (0, infinite, not a number) adds nothing.

@@ -12,10 +12,6 @@ namespace {
 constexpr int kGapPx = 30;
 constexpr int kWidestPenPx = 10;
 
-// Wide lines are filled polygons, which cost time for every row that they cross, seen or not: one that runs a
-// million rows away takes 30 ms under Wine. Further than the widest pen from the picture nothing is lost.
-constexpr int kRowsKeptOfWideLines = 100;
-
 RECT ToRect(const PixelRect& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
@@ -193,10 +189,11 @@ void CMultiPlotCtrl::ScrollTraces(int shift) {
 }
 
 void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen) {
+    // Wide lines are filled polygons, which cost time for every row that they cross, seen or not: one that
+    // runs a million rows away takes 30 ms under Wine.
     std::optional<PixelLine> line = segment.line;
     if (pen.width > 1) {
-        line =
-            CutToRows(segment.line, -kRowsKeptOfWideLines, m_picture.Get().Height() + kRowsKeptOfWideLines);
+        line = ShortenFarLine(segment.line, -kWidestPenPx, m_picture.Get().Height() + kWidestPenPx);
     }
     if (line) {
         const Selected penInDc(dc, pen.pen);

@@ -4,6 +4,7 @@
 
 #include "model/Colour.h"
 #include "plot/ChartGeometry.h"
+#include "plot/FarLine.h"
 
 namespace plotvane {
 

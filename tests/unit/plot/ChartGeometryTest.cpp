@@ -89,23 +89,5 @@ TEST(ChartGeometry, ScrollLaysBareTheLastColumns) {
     EXPECT_EQ(Usual().BaredStrip(30), (PixelRect{581, 10, 611, 300}));
 }
 
-TEST(CutToRows, LeavesALineInsideAsItIs) {
-    const PixelLine line{{606, 10}, {609, 300}};
-    EXPECT_EQ(CutToRows(line, 10, 300), line);
-    const PixelLine flat{{606, 10}, {609, 10}};
-    EXPECT_EQ(CutToRows(flat, 10, 300), flat);
-}
-
-TEST(CutToRows, CutsFarEndsWhereTheLineCrosses) {
-    EXPECT_EQ(CutToRows({{0, -1000}, {100, 1000}}, -100, 200), (PixelLine{{45, -100}, {60, 200}}));
-    EXPECT_EQ(CutToRows({{100, 1000}, {0, -1000}}, -100, 200), (PixelLine{{60, 200}, {45, -100}}));
-    EXPECT_EQ(CutToRows({{606, 150}, {609, -1'000'000}}, -100, 400), (PixelLine{{606, 150}, {606, -100}}));
-}
-
-TEST(CutToRows, NothingIsLeftOfALineBesideTheRows) {
-    EXPECT_EQ(CutToRows({{606, -300}, {609, -101}}, -100, 400), std::nullopt);
-    EXPECT_EQ(CutToRows({{606, 900}, {609, 900}}, -100, 400), std::nullopt);
-}
-
 }  // namespace
 }  // namespace plotvane

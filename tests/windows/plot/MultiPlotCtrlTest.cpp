@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <limits>
 #include <random>
 #include <tuple>
@@ -71,13 +72,11 @@ protected:
         }
     }
 
-    // Each trace wanders about, somewhat beyond its limits. Thin ones leap far out of range now and then;
-    // of wide ones the far end is cut, which may move an edge by a pixel.
+    // Each trace wanders about, somewhat beyond its limits, and leaps far out of range now and then.
     void Walk() {
         for (double& value : m_values) {
             value = value * 0.98 + static_cast<double>(m_random() % 1001) / 20.0 - 23.0;
-            const bool leaps = m_random() % 100 == 0 && value < 500.0;
-            if (leaps && prefs.thickness < 2) value *= -30.0;
+            if (m_random() % 100 == 0 && value < 500.0) value *= -30.0;
         }
     }
 
@@ -127,6 +126,32 @@ TEST_P(ChartPixelByPixel, ShowsWhatThePlainDrawingCallsShow) {
 
 INSTANTIATE_TEST_SUITE_P(All, ChartPixelByPixel,
                          testing::Combine(testing::Values(0, 10), testing::Values(kBlack, Colour{0x281400})));
+
+// Thirty times the range away, above and below, and right through the plot. The chart draws shorter lines in
+// the place of these; the plain drawing calls draw them whole.
+class FarLinesOfWidePens : public ChartPixelByPixel {};
+
+TEST_P(FarLinesOfWidePens, HaveThePixelsOfTheWholeLines) {
+    BareChart bare(m_look);
+    std::mt19937 random{5};
+    for (int i = 0; i < 300; ++i) {
+        SCOPED_TRACE(testing::Message() << "sample " << i);
+        for (std::size_t k = 0; k < m_values.size(); ++k) {
+            const double range = m_look.upper[k] - m_look.lower[k];
+            const double inside = m_look.lower[k] + range * static_cast<double>(random() % 1000) / 1000.0;
+            constexpr double kTimes[] = {0.0, 30.0, -30.0, 29.7, -30.1};
+            m_values[k] = inside + range * kTimes[random() % std::size(kTimes)];
+        }
+        state.pixelShift = i % 16;
+        chart.AppendPoints(m_values);
+        bare.Append(m_values, state.pixelShift);
+        if (i % 16 == 15) ExpectSamePixels(bare);
+        if (HasFatalFailure()) return;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FarLinesOfWidePens,
+                         testing::Combine(testing::Values(2, 5, 10), testing::Values(kBlack)));
 
 TEST_F(MultiPlotCtrl, WindowShowsThePictureAndIsValidAfterwards) {
     chart.SetGridColor(0x30A0C0);
