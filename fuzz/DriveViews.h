@@ -26,7 +26,7 @@ public:
     void AppendPoints(const TraceValues& values) override;
     void AppendGap(const TraceValues& values) override;
     void InvalidateCtrl() override;
-    void SetRedraw(bool on) override { m_redraw = on; }
+    void SetRedraw(bool on) noexcept override { m_redraw = on; }
 
     // Called with each sample before it is drawn.
     std::function<void(const TraceValues&)> onSample;

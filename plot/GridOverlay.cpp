@@ -11,10 +11,12 @@ constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 }  // namespace
 
 bool GridOverlay::Fits(const ChartPixels& picture) const {
-    return picture.pixels && picture.width == m_width && picture.height == m_height;
+    return m_isTaken && picture.pixels && picture.width == m_width && picture.height == m_height;
 }
 
 void GridOverlay::TakeFrom(const ChartPixels& picture) {
+    // Memory may run out below, between one buffer and the next: then there is no grid.
+    m_isTaken = false;
     m_width = picture.width;
     m_height = picture.height;
     m_runs.clear();
@@ -30,6 +32,7 @@ void GridOverlay::TakeFrom(const ChartPixels& picture) {
         run = std::find_if(behind, end, isDrawn);
     }
     m_covered.assign(m_grid.size(), 0);
+    m_isTaken = true;
 }
 
 void GridOverlay::LayOn(const ChartPixels& traces) {

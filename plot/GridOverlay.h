@@ -13,7 +13,8 @@ namespace plotvane {
 // ground the grid is only a few thousand pixels of it.
 class GridOverlay {
 public:
-    // From now on the grid is every pixel of the picture that is not black, its background too.
+    // From now on the grid is every pixel of the picture that is not black, its background too. There is no
+    // grid if memory ends.
     void TakeFrom(const ChartPixels& picture);
 
     // On a picture of the size that the grid was taken from; with any other it does nothing.
@@ -32,6 +33,7 @@ private:
 
     bool Fits(const ChartPixels& picture) const;
 
+    bool m_isTaken = false;  // the rest belongs together
     int m_width = 0;
     int m_height = 0;
     std::vector<Run> m_runs;

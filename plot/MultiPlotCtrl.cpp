@@ -118,20 +118,19 @@ void CMultiPlotCtrl::AppendGap(const TraceValues& values) {
 
 void CMultiPlotCtrl::InvalidateCtrl() {
     m_isRedrawDue = true;
+    Changed();
     if (m_isRedrawOn) RedrawIfDue();
 }
 
-void CMultiPlotCtrl::SetRedraw(bool on) {
+void CMultiPlotCtrl::SetRedraw(bool on) noexcept {
     m_isRedrawOn = on;
-    if (!on) return;
-    RedrawIfDue();
-    if (m_hasChangedUnseen) Changed();
+    if (on && m_hasChangedUnseen) Changed();
 }
 
 void CMultiPlotCtrl::RedrawIfDue() {
     if (!m_isRedrawDue) return;
-    m_isRedrawDue = false;
     if (m_hWnd) RedrawPicture();
+    m_isRedrawDue = false;
 }
 
 void CMultiPlotCtrl::RedrawPicture() {
@@ -155,10 +154,9 @@ void CMultiPlotCtrl::RedrawPicture() {
         FillWithBackground(client);  // traces without a line
         m_picture.LayGrid();
     }
-    Changed();
 }
 
-void CMultiPlotCtrl::Changed() {
+void CMultiPlotCtrl::Changed() noexcept {
     m_hasChangedUnseen = !m_isRedrawOn;
     if (!m_isRedrawOn || !m_hWnd) return;
     m_isPaintDue = true;
@@ -210,6 +208,7 @@ void CMultiPlotCtrl::FillWithBackground(const PixelRect& area) {
 }
 
 void CMultiPlotCtrl::Draw(CDC& dc) {
+    RedrawIfDue();
     const PixelRect client = m_geometry.Client();
     if (!m_picture) {
         dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));

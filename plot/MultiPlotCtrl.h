@@ -47,7 +47,9 @@ public:
     void InvalidateCtrl() override;
 
     // While off, the window keeps showing what it shows, and full redraws wait: any number of them costs one.
-    void SetRedraw(bool on) override;
+    // It is done before the next sample or when the window is painted. One that fails for want of memory
+    // stays due too.
+    void SetRedraw(bool on) noexcept override;
 
     // With a full redraw. Of the axis texts only the limits' are shown, in place of the numbers.
     void SetXUnits(std::string_view label, std::string_view text1, std::string_view text2);
@@ -81,7 +83,7 @@ private:
 
     void RedrawPicture();
     void RedrawIfDue();
-    void Changed();
+    void Changed() noexcept;
     void ShowSample();
     int ShiftFor(int shift);
     void TakeValues(const TraceValues& values);
@@ -108,7 +110,7 @@ private:
     ChartPicture m_picture;
     std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
     bool m_isRedrawOn = true;
-    bool m_isRedrawDue = false;       // a full redraw was asked for while off
+    bool m_isRedrawDue = false;       // the picture is to be drawn anew before it is used
     bool m_hasChangedUnseen = false;  // there is something to paint since it is off
     bool m_isPaintDue = false;        // the window is invalid
 };

@@ -31,7 +31,19 @@ struct TraceChart {
     virtual void InvalidateCtrl() = 0;
 
     // While off, nothing reaches the screen.
-    virtual void SetRedraw(bool on) = 0;
+    virtual void SetRedraw(bool on) noexcept = 0;
+};
+
+// The chart's redraw is off while this lives, and on again however its scope is left.
+class RedrawOff {
+public:
+    explicit RedrawOff(TraceChart& chart) : m_chart(chart) { m_chart.SetRedraw(false); }
+    ~RedrawOff() { m_chart.SetRedraw(true); }
+    RedrawOff(const RedrawOff&) = delete;
+    RedrawOff& operator=(const RedrawOff&) = delete;
+
+private:
+    TraceChart& m_chart;
 };
 
 }  // namespace plotvane

@@ -31,7 +31,7 @@ struct FakeChart : TraceChart {
     }
     void AppendGap(const TraceValues& values) override { gaps.push_back(values); }
     void InvalidateCtrl() override { ++redraws; }
-    void SetRedraw(bool on) override { redraw = on; }
+    void SetRedraw(bool on) noexcept override { redraw = on; }
 
     std::array<Range, kTraceCount> ranges;
     int rangesSet = 0;
