@@ -5,6 +5,22 @@
 
 namespace plotvane {
 
+// While it lives, the loop is on the stack. The log is closed here and not by each run: a run that was
+// stopped in a wait does not know whether a newer one has opened the log again already.
+class AcquisitionLoop::OnStack {
+public:
+    explicit OnStack(AcquisitionLoop& loop) : m_loop(loop) { m_loop.m_onStack = true; }
+    ~OnStack() {
+        m_loop.m_onStack = false;
+        m_loop.m_log.Close();
+    }
+    OnStack(const OnStack&) = delete;
+    OnStack& operator=(const OnStack&) = delete;
+
+private:
+    AcquisitionLoop& m_loop;
+};
+
 AcquisitionLoop::AcquisitionLoop(TracePlot& plot, CurrentModule& module, TraceScaling& scaling,
                                  TenChannels& channels, SlotSelection& selection, FuelFigures& fuel,
                                  LiveSource& live, LogSource& log, LoopOwner& owner)
@@ -27,14 +43,23 @@ void AcquisitionLoop::Start() {
     m_state.halted = false;
     ++m_state.generation;
     if (m_onStack) return;
+    try {
+        RunUntilStopped();
+    } catch (...) {
+        // Without this the run would neither go on nor count as stopped, and nothing could be started any
+        // more.
+        m_owner.Stop();
+        throw;
+    }
+}
 
-    m_onStack = true;
+void AcquisitionLoop::RunUntilStopped() {
+    const OnStack onStack(*this);
     std::uint32_t generation = 0;
     do {
         generation = m_state.generation;
         Run();
     } while (generation != m_state.generation && !m_state.stopped);
-    m_onStack = false;
 }
 
 void AcquisitionLoop::Run() {
@@ -45,10 +70,7 @@ void AcquisitionLoop::Run() {
         m_owner.Close();
         return;
     }
-    RecordSource& source = m_state.logMode ? static_cast<RecordSource&>(m_log) : m_live;
-    PassRecordsOn(source, run);
-    // A newer run may be reading from the same source already.
-    if (run.IsCurrent()) source.Finish();
+    PassRecordsOn(m_state.logMode ? static_cast<RecordSource&>(m_log) : m_live, run);
 }
 
 void AcquisitionLoop::PassRecordsOn(RecordSource& source, const LoopRun& run) {
@@ -90,7 +112,7 @@ bool AcquisitionLoop::Parse() {
 }
 
 void AcquisitionLoop::BindSlots() {
-    m_plot.chart.SetRedraw(false);
+    const RedrawOff redrawOff(m_plot.chart);
     m_channels.PrepareSlots();
     if (m_state.obdNow) {
         m_channels.UpdateChannels();
@@ -99,7 +121,6 @@ void AcquisitionLoop::BindSlots() {
             m_scaling.ApplyLoadedRanges();
         m_scaling.UpdateSlots();
     }
-    m_plot.chart.SetRedraw(true);
 }
 
 // The meters of slots show the value itself, also while its trace is not drawn; those of the ten OBD fields

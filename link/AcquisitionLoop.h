@@ -21,10 +21,14 @@ public:
 
     // Runs until something stops it; refused while a run is on. Called from a handler that an older, just
     // stopped run has dispatched, it returns at once, and the older call goes on with the new run: however
-    // often the user stops and restarts, the stack holds one loop.
+    // often the user stops and restarts, the stack holds one loop. An exception stops the run as the user
+    // would and passes on; no log is open after the last run, whatever has ended it.
     void Start();
 
 private:
+    class OnStack;
+
+    void RunUntilStopped();
     void Run();
     void PassRecordsOn(RecordSource& source, const LoopRun& run);
     bool Parse();

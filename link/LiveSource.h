@@ -5,7 +5,7 @@
 
 namespace plotvane {
 
-// Records from the host's pipe.
+// Records from the host's pipe. Its descriptor is never closed: a restart goes on reading from it.
 class LiveSource : public RecordSource {
 public:
     LiveSource(HostPipe& pipe, MessagePump& pump) : m_blocks(pipe, pump) {}
@@ -14,7 +14,6 @@ public:
     bool Open();
 
     Next Read(RecordBuffer& record, const LoopRun& run) override;
-    void Finish() override {}  // the descriptor stays open: a restart goes on reading from it
 
 private:
     BlockReader m_blocks;

@@ -31,6 +31,8 @@ public:
     // Opens the chosen log at its start. False if it cannot be opened.
     bool Reopen() { return m_reader.Open(m_log); }
 
+    void Close() { m_reader.Close(); }
+
     // Reads the header: groups, fields and units of the slots. 0 or less if it is malformed.
     int ReadLogHeader(SlotTable& slots) { return m_reader.ReadLogHeader(slots); }
 
@@ -40,7 +42,6 @@ public:
     std::u16string FileName() const { return m_log.filename().u16string(); }
 
     Next Read(RecordBuffer& record, const LoopRun& run) override;
-    void Finish() override { m_reader.Close(); }
 
 private:
     RunState& m_state;

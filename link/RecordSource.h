@@ -18,9 +18,6 @@ struct RecordSource {
 
     // Waits for the next record with the window alive.
     virtual Next Read(RecordBuffer& record, const LoopRun& run) = 0;
-
-    // The run that read from here is over.
-    virtual void Finish() = 0;
 };
 
 }  // namespace plotvane

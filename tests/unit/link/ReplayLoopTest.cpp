@@ -1,6 +1,7 @@
 #include "link/RunControl.h"
 
 #include "res/resource.h"
+#include "tests/support/OpenFile.h"
 #include "tests/unit/support/AcquisitionFixture.h"
 
 namespace plotvane {
@@ -120,6 +121,45 @@ TEST_F(ReplayLoopTest, StopAndPauseInOnePumpReplayFromTheFirstRow) {
     Load();
     EXPECT_EQ(chart.samples.size(), 2u + 3u);
     EXPECT_EQ(chart.samples[2][0], 780.0);
+}
+
+TEST_F(ReplayLoopTest, ALogIsOpenWhileItIsPlayedAndNoLonger) {
+    bool wasHeld = false;
+    After(300.0, [&] { wasHeld = test::IsHeldOpen(folder / "x.csv"); });
+    Load();
+    EXPECT_TRUE(wasHeld);
+    EXPECT_FALSE(test::IsHeldOpen(folder / "x.csv"));
+}
+
+TEST_F(ReplayLoopTest, ALogIsClosedWhateverEndsItsReplay) {
+    const std::vector<std::function<void()>> endings{[&] { dialog.Stop(); }, [&] { dialog.Close(); },
+                                                     [&] {
+                                                         dialog.Stop();
+                                                         dialog.Pause();
+                                                         dialog.Stop();
+                                                     },
+                                                     [&] {
+                                                         dialog.Stop();
+                                                         Load();
+                                                         dialog.Stop();
+                                                     },
+                                                     [&] {  // the second replay goes on to its end
+                                                         dialog.Stop();
+                                                         dialog.Pause();
+                                                     }};
+    for (std::size_t ending = 0; ending < endings.size(); ++ending) {
+        After(300.0, endings[ending]);
+        Load();
+        EXPECT_TRUE(state.stopped) << ending;
+        EXPECT_FALSE(test::IsHeldOpen(folder / "x.csv")) << ending;
+    }
+}
+
+TEST_F(ReplayLoopTest, ALogIsClosedBehindARecordThatIsMalformed) {
+    Choose("x.csv",
+           std::string(kLog) + "3,4.00," + std::string(101, '1') + ",90,1,1,4.12,800,240,238,12,,,,,\n4,\n");
+    Load();
+    EXPECT_FALSE(test::IsHeldOpen(folder / "x.csv"));
 }
 
 TEST_F(ReplayLoopTest, WithoutAutorunItHaltsAfterTheFirstRow) {
