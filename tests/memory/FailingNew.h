@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+
+namespace plotvane::test {
+
+// While it lives, one of the program's requests for memory by `new` fails: the one with this number, counted
+// from here; the next one is 1.
+class RequestFails {
+public:
+    explicit RequestFails(std::size_t request);
+    ~RequestFails();
+    RequestFails(const RequestFails&) = delete;
+    RequestFails& operator=(const RequestFails&) = delete;
+
+    // Whether there have been so many requests.
+    bool HasFailed() const;
+};
+
+}  // namespace plotvane::test
