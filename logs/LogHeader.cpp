@@ -73,7 +73,8 @@ void ReadClassicHeader(LogText& text, LogHeader& header) {
     }
 }
 
-// "G001,F0,"
+// "G001,F0,". With fewer digits than three it would not be what the host writes, and the columns behind it
+// need not be where they are looked for.
 bool TakeAdvancedCell(LogText& text, LogColumn& column) {
     if (!text.Take('G')) return false;
     const auto group = text.TakeDigits(3);

@@ -14,8 +14,9 @@ struct ChartPixels {
     int width = 0;
     int height = 0;
 
-    // Moves what lies inside `area` to the left by `shift` pixels. What leaves the area is gone; the strip
-    // laid bare at its right edge is left to the caller. Areas are clipped to the picture.
+    // Moves what lies inside `area` to the left by `shift` pixels. What leaves the area is gone, so that no
+    // trace gets among the labels; the strip laid bare at its right edge is left to the caller. Areas are
+    // clipped to the picture.
     void ScrollLeft(const PixelRect& area, int shift) const;
 
     // Dots in every fourth pixel of a row or column, from the area's first to before its end.

@@ -32,6 +32,8 @@ void TenChannels::Enter() {
 
 // Kept on purpose: the trace index runs over the columns alone, so that traces 0..3 end with the limits of
 // the last row and traces 4..11 keep the ten channels' range until a field changes or a limit is edited.
+// The slots in use are ticked again: the ten channels have cleared all twelve check boxes with every sample,
+// and without this their traces would stay away until the user has ticked each of them.
 void TenChannels::Leave() {
     m_plot.panel.ApplyLayout(false);
     for (int column = 0; column < kSlotColumns; ++column) {

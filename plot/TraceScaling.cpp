@@ -98,7 +98,8 @@ void TraceScaling::TakeUnitDefaults(int slot) {
     }
 }
 
-// A group outside the table keeps 0..100; setting that anew at each sample would erase the traces.
+// The meter gets the range too, or its needle would go by 0..100 beside a trace that goes by the unit's
+// range. A group outside the table keeps 0..100; setting that again with each sample would erase the traces.
 void TraceScaling::ApplyIfChanged(int slot, const ScaleRange& before) {
     if (m_plot.RangeOf(m_plot.slots[slot]) == before) return;
     m_plot.ApplyRangeAndUnits(slot);
