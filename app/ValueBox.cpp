@@ -33,7 +33,8 @@ CValueBox::Surface::Surface(HWND edit)
           return Picture(client.Width(), client.Height());
       }()),
       dc(picture.Dc()),
-      fontInDc(dc, reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0))) {
+      fontInDc(dc, reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0))),
+      isCentred((::GetWindowLongPtrW(edit, GWL_STYLE) & ES_CENTER) != 0) {
     ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(static_cast<RECT*>(&textPlace)));
 }
 
@@ -41,7 +42,7 @@ CValueBox::Surface::Surface(HWND edit)
 void CValueBox::Surface::Write(std::string_view text) {
     dc.FillSolidRect(CRect{0, 0, picture.Width(), picture.Height()}, ::GetSysColor(COLOR_3DFACE));
     dc.SetTextColor(::GetSysColor(COLOR_WINDOWTEXT));
-    const int room = textPlace.Width() - dc.GetTextExtent(text).cx;
+    const int room = isCentred ? textPlace.Width() - dc.GetTextExtent(text).cx : 0;
     dc.TextOutClipped(textPlace.left + std::max(room, 0) / 2, textPlace.top, textPlace, text);
 }
 

@@ -10,10 +10,11 @@
 
 namespace plotvane {
 
-// A read-only, centred edit that the program writes into with every sample. It draws its text itself, and at
-// once: left to the edit, new texts in twelve boxes are by far the dearest part of a sample. It looks the
-// same, and to everybody else (the user who selects and copies, programs that read the screen aloud) it is
-// the edit that it was: whoever wants more of it than to be drawn finds the text in it.
+// A read-only edit of one line, centred or from the left, that the program writes into with every sample. It
+// draws its text itself, and at once: left to the edit, new texts in twelve boxes are by far the most
+// expensive part of a sample. It looks the same, and to everybody else (the user who selects and copies,
+// programs that read the screen aloud) it is the edit that it was: who asks it for more than its picture
+// finds the text in it.
 class CValueBox : public CWnd {
 public:
     // Takes over the edit and its text.
@@ -33,7 +34,8 @@ private:
         Picture picture;
         CDC dc;
         Selected fontInDc;
-        CRect textPlace;  // its line of text: centred in there, from the left if it is wider
+        CRect textPlace;  // its line of text; one that is wider begins at the left and loses its end
+        bool isCentred;
     };
 
     LRESULT OnTextWanted(WPARAM, LPARAM);

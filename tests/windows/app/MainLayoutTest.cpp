@@ -72,6 +72,13 @@ TEST_F(MainLayoutTest, ArrowKeysGoRoundTheRunButtons) {
     }
 }
 
+TEST_F(MainLayoutTest, TheTwelveValuesAreCentredAndNoOtherEditIs) {
+    for (int id = 1031; id <= 1055; ++id) {
+        const bool isCentred = ::GetWindowLongPtrW(dialog.GetDlgItem(id), GWL_STYLE) & ES_CENTER;
+        EXPECT_EQ(isCentred, id <= 1042) << id;
+    }
+}
+
 TEST_F(MainLayoutTest, AtTheDefaultWidthAllThatCanBeUsedIsInView) {
     constexpr int kDefaultWidth = 634;
     ShowReplayControls();

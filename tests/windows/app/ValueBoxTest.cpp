@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,12 +21,13 @@ constexpr int kPlain = 5000;  // an id that the dialog has not
 // shows is what the other shows.
 class ValueBoxTest : public MainDialogFixture {
 public:
-    ValueBoxTest() : edit(dialog.GetDlgItem(IDC_VALUE_FIRST)) {
-        const CRect place = PlaceOf(IDC_VALUE_FIRST + 5);
+    explicit ValueBoxTest(int id = IDC_VALUE_FIRST) : edit(dialog.GetDlgItem(id)) {
+        CRect place = PlaceOf(IDC_VALUE_FIRST + 5);
+        place.right = place.left + PlaceOf(id).Width();
         ::ShowWindow(dialog.GetDlgItem(IDC_VALUE_FIRST + 5), SW_HIDE);
         plain = ::CreateWindowExW(static_cast<DWORD>(::GetWindowLongPtrW(edit, GWL_EXSTYLE)), L"EDIT", L"",
-                                  static_cast<DWORD>(::GetWindowLongPtrW(edit, GWL_STYLE)), place.left,
-                                  place.top, place.Width(), place.Height(), dialog.m_hWnd,
+                                  WS_VISIBLE | static_cast<DWORD>(::GetWindowLongPtrW(edit, GWL_STYLE)),
+                                  place.left, place.top, place.Width(), place.Height(), dialog.m_hWnd,
                                   reinterpret_cast<HMENU>(UINT_PTR{kPlain}), nullptr, nullptr);
         ::SendMessageW(plain, WM_SETFONT, static_cast<WPARAM>(::SendMessageW(edit, WM_GETFONT, 0, 0)), FALSE);
         for (const HWND each : {edit, plain})
@@ -137,6 +139,32 @@ TEST_F(ValueBoxTest, NoTextStandsMoreThanAPixelAwayFromWhereAPlainEditHasIt) {
         EXPECT_NEAR(ours.box.right, theirs.box.right, 1) << text;
         EXPECT_NEAR(ours.pixels, theirs.pixels, theirs.pixels / 20) << text;
     }
+}
+
+// The time of a replay; its texts begin at the left.
+class ElapsedBoxTest : public ValueBoxTest {
+protected:
+    ElapsedBoxTest() : ValueBoxTest(IDC_ELAPSED) {
+        dialog.ShowDlgItem(IDC_ELAPSED, true);
+        Settle();
+    }
+};
+
+TEST_F(ElapsedBoxTest, LooksAsAPlainEditDoes) {
+    for (const char* text : {"0.00", "12.50", "8x", "123456.78 and more", ""}) {
+        ShowBoth(text);
+        ExpectTheSamePixels(text);
+    }
+}
+
+TEST_F(ElapsedBoxTest, ItsTextsBeginAtOnePlaceHoweverLongTheyAre) {
+    std::set<LONG> lefts;
+    for (const char* text : {"8", "88.88", "8888.88"}) {
+        box.Show(text);
+        lefts.insert(InkIn(edit).box.left);
+    }
+    EXPECT_EQ(lefts.size(), 1u);
+    EXPECT_LT(*lefts.begin(), 5);
 }
 
 TEST_F(ValueBoxTest, LooksAsAPlainEditDoesAtEveryWidthOfItsText) {
