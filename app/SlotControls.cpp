@@ -11,7 +11,6 @@ namespace {
 // Pixels at 96 dpi, as the value boxes of the template are 74 wide.
 constexpr int kWideBox = 70;
 constexpr int kAirFuelWidth = 31;
-constexpr int kNarrowFaster = 16;
 constexpr int kFuelImageSize = 12;
 
 int FrameOf(int slot) {
@@ -25,6 +24,25 @@ int AirFuelIdOf(int slot) {
 
 std::size_t Index(int index) {
     return static_cast<std::size_t>(index);
+}
+
+// What other controls leave of one, in its own pixels and the caller's to free; null if none lies on it.
+// Frames cover nothing.
+HRGN UncoveredPart(HWND control) {
+    CRect place;
+    ::GetWindowRect(control, &place);
+    HRGN part = nullptr;
+    for (HWND above = ::GetWindow(control, GW_HWNDPREV); above; above = ::GetWindow(above, GW_HWNDPREV)) {
+        const bool isFrame = ::GetWindowLongPtrW(above, GWL_EXSTYLE) & WS_EX_TRANSPARENT;
+        CRect cover;
+        ::GetWindowRect(above, &cover);
+        if (isFrame || !::IsWindowVisible(above) || !::IntersectRect(&cover, &cover, &place)) continue;
+        ::OffsetRect(&cover, -place.left, -place.top);
+        const CRgn covered{::CreateRectRgnIndirect(&cover)};
+        if (!part) part = ::CreateRectRgn(0, 0, place.Width(), place.Height());
+        ::CombineRgn(part, part, covered.Get(), RGN_DIFF);
+    }
+    return part;
 }
 
 void SetColour(CColorBox& box, Colour colour) {
@@ -187,6 +205,7 @@ void SlotControls::ApplyLayout(bool tenChannels) {
     m_dialog.EnableDlgItem(IDC_SCALE_MIN, !tenChannels);
     m_dialog.EnableDlgItem(IDC_SCALE_MAX, !tenChannels);
     PlaceSwatches();
+    if (m_fuelButtonsShown) FitFuelButtons();
     for (CColorBox& box : m_swatches) SetColour(box, InactiveColour());
     for (CColorBox& box : m_obdSwatches) SetColour(box, InactiveColour());
     // The group boxes are transparent: erasing the dialog below them wipes them out.
@@ -246,36 +265,29 @@ Colour SlotControls::InactiveColour() const {
 void SlotControls::ShowFuelButtons(bool shown) {
     if (shown == m_fuelButtonsShown) return;
     m_fuelButtonsShown = shown;
-    if (shown && ::IsWindowVisible(m_dialog.GetDlgItem(IDC_REPLAY_GROUP))) TrimFuelButtons();
+    if (shown) FitFuelButtons();
     m_dialog.ShowDlgItem(IDC_MILEAGE, shown);
     m_dialog.ShowDlgItem(IDC_CONSUMPTION, shown);
 }
 
-// In a replay the controls of its speed lie over the fuel buttons. What is left of these, their right ends,
-// is all that is shown then, with a picture in place of the text; "+" leaves some room for the one of
-// Mileage.
-void SlotControls::TrimFuelButtons() {
-    CRect faster;
-    const HWND plus = m_dialog.GetDlgItem(IDC_REPLAY_FASTER);
-    ::GetWindowRect(plus, &faster);
-    ::SetWindowPos(plus, nullptr, 0, 0, kNarrowFaster, faster.Height(),
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    TrimFuelButton(IDC_MILEAGE, IDC_REPLAY_FASTER);
-    TrimFuelButton(IDC_CONSUMPTION, IDC_ELAPSED);
+void SlotControls::FitFuelButtons() {
+    for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) FitFuelButton(id);
 }
 
-void SlotControls::TrimFuelButton(int id, int coveredBy) {
+// In a replay the controls of its speed lie on the fuel buttons, with ten channels these do. What is left of
+// a button is shown and can be clicked; so that no part of a letter looks out, it wears a picture at its
+// right end in place of its text.
+void SlotControls::FitFuelButton(int id) {
     const HWND button = m_dialog.GetDlgItem(id);
-    CRect place;
-    CRect cover;
-    ::GetWindowRect(button, &place);
-    ::GetWindowRect(m_dialog.GetDlgItem(coveredBy), &cover);
-    ::SetWindowLongPtrW(button, GWL_STYLE, ::GetWindowLongPtrW(button, GWL_STYLE) | BS_ICON | BS_RIGHT);
-    const HANDLE image = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_FUEL), IMAGE_ICON,
-                                      kFuelImageSize, kFuelImageSize, LR_SHARED);
-    m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
-    // The region is the window's from now on.
-    ::SetWindowRgn(button, ::CreateRectRgn(cover.right - place.left, 0, place.Width(), place.Height()), TRUE);
+    const HRGN uncovered = UncoveredPart(button);
+    const LONG_PTR text = ::GetWindowLongPtrW(button, GWL_STYLE) & ~LONG_PTR{BS_ICON | BS_RIGHT};
+    ::SetWindowLongPtrW(button, GWL_STYLE, uncovered ? text | BS_ICON | BS_RIGHT : text);
+    if (uncovered && !m_dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON)) {
+        const HANDLE image = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_FUEL), IMAGE_ICON,
+                                          kFuelImageSize, kFuelImageSize, LR_SHARED);
+        m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
+    }
+    ::SetWindowRgn(button, uncovered, TRUE);  // the region is the window's from now on
 }
 
 void SlotControls::ShowPixelShift(int pixels) {

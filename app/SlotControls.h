@@ -61,8 +61,8 @@ private:
     void ShowObdRow(bool shown);
     void MakeRoomForObdRow(bool made);
     void ShowLimit(int id, int limit);
-    void TrimFuelButtons();
-    void TrimFuelButton(int id, int coveredBy);
+    void FitFuelButtons();
+    void FitFuelButton(int id);
     void SetChecked(int id, bool checked);
 
     CWnd& m_dialog;

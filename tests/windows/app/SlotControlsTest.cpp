@@ -1,5 +1,8 @@
 #include "app/SlotControls.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "app/DialogLayout.h"
 #include "plot/AirFuelRule.h"
 #include "tests/windows/app/SlotControlsFixture.h"
@@ -250,41 +253,80 @@ TEST_F(SlotControlsTest, BothFuelButtonsComeAndGo) {
     EXPECT_FALSE(IsShown(1100));
 }
 
-// What a click at that point of the dialog would reach.
-TEST_F(SlotControlsTest, InAReplayTheSpeedButtonsLieOnTheFuelButtonsAndBothCanBeClicked) {
-    for (const int id :
-         {IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED})
-        dialog.ShowDlgItem(id, true);
-    panel.ShowFuelButtons(true);
-    ::SetWindowPos(dialog.m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    const auto clicked = [this](POINT point) {
+// The two buttons below the chart that others may lie on.
+class FuelButtonsTest : public SlotControlsFixture {
+protected:
+    FuelButtonsTest() {
+        ::SetWindowPos(dialog.m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+
+    void ShowReplayControls() {
+        for (const int id :
+             {IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED})
+            dialog.ShowDlgItem(id, true);
+    }
+
+    // What a click at that point of the dialog would reach.
+    int Clicked(POINT point) const {
         ::ClientToScreen(dialog.m_hWnd, &point);
         return ::GetDlgCtrlID(::WindowFromPoint(point));
-    };
-    for (const int id : {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER}) {
-        const CRect place = PlaceOf(id);
-        EXPECT_EQ(clicked({(place.left + place.right) / 2, (place.top + place.bottom) / 2}), id);
     }
-    // Of a fuel button only what no other control covers, so that no part of its text shows.
-    const auto expectRightEndOnly = [&](int id, int cover) {
-        const CRect place = PlaceOf(id);
-        const int middle = (place.top + place.bottom) / 2;
-        EXPECT_EQ(clicked({place.right - 1, middle}), id);
-        EXPECT_EQ(clicked({PlaceOf(cover).right, middle}), id);
-        EXPECT_GE(place.right - PlaceOf(cover).right, 14) << id << " has no room for its picture";
-        for (int x = place.left; x < PlaceOf(cover).right; ++x) {
-            EXPECT_NE(clicked({x, middle}), id) << x;
-            EXPECT_NE(clicked({x, place.top}), id) << x;
+
+    // Every pixel of the button that is in none of those controls belongs to it, and no other one does.
+    void ExpectAllButWhatLiesOnIt(int button, const std::vector<int>& covers) const {
+        const CRect place = PlaceOf(button);
+        for (LONG y = place.top; y < place.bottom; ++y) {
+            for (LONG x = place.left; x < place.right; ++x) {
+                const bool isCovered = std::any_of(covers.begin(), covers.end(), [&](int cover) {
+                    return PlaceOf(cover).Contains({x, y});
+                });
+                ASSERT_EQ(Clicked({x, y}) == button, !isCovered) << button << " at " << x << "," << y;
+            }
         }
-        EXPECT_NE(dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON), 0) << id;
-    };
-    expectRightEndOnly(IDC_MILEAGE, IDC_REPLAY_FASTER);
-    expectRightEndOnly(IDC_CONSUMPTION, IDC_ELAPSED);
+    }
+
+    const std::vector<int> replay = {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED};
+};
+
+TEST_F(FuelButtonsTest, InAReplayLoseWhatTheControlsOfItsSpeedCoverAndNoMore) {
+    ShowReplayControls();
+    panel.ShowFuelButtons(true);
+    for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) {
+        ExpectAllButWhatLiesOnIt(id, replay);
+        EXPECT_NE(dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON), 0)
+            << id << " would show parts of letters";
+        EXPECT_TRUE(::GetWindowLongPtrW(dialog.GetDlgItem(id), GWL_STYLE) & BS_ICON) << id;
+    }
     EXPECT_EQ(dialog.GetDlgItemText(IDC_MILEAGE), "Mileage");
     EXPECT_EQ(dialog.GetDlgItemText(IDC_CONSUMPTION), "Consumption");
 }
 
-TEST_F(SlotControlsTest, WithoutAReplayTheFuelButtonsAreWhole) {
+TEST_F(FuelButtonsTest, LeaveTheControlsOfTheSpeedAsTheyAre) {
+    ShowReplayControls();
+    std::vector<Edges> before;
+    for (const int id : replay) before.push_back(EdgesOf(id));
+    panel.ShowFuelButtons(true);
+    for (std::size_t i = 0; i < replay.size(); ++i) {
+        EXPECT_EQ(EdgesOf(replay[i]), before[i]) << replay[i];
+        const CRect place = PlaceOf(replay[i]);
+        if (replay[i] == IDC_REPLAY_SPEED) continue;  // a text is not clicked
+        EXPECT_EQ(Clicked({(place.left + place.right) / 2, (place.top + place.bottom) / 2}), replay[i]);
+    }
+}
+
+TEST_F(FuelButtonsTest, BelowTenChannelsLoseWhatTheseCoverAndGetItBack) {
+    panel.ShowFuelButtons(true);
+    panel.ApplyLayout(true);
+    ExpectAllButWhatLiesOnIt(IDC_MILEAGE,
+                             {IDC_OBD_VALUE_FIRST, IDC_OBD_VALUE_FIRST + 1, IDC_OBD_SWATCH_FIRST,
+                              IDC_OBD_SWATCH_FIRST + 1, IDC_OBD_SHOW_FIRST, IDC_OBD_SHOW_FIRST + 1});
+    panel.ApplyLayout(false);
+    ExpectAllButWhatLiesOnIt(IDC_MILEAGE, {});
+    EXPECT_FALSE(::GetWindowLongPtrW(dialog.GetDlgItem(IDC_MILEAGE), GWL_STYLE) & BS_ICON)
+        << "the text is shown again";
+}
+
+TEST_F(FuelButtonsTest, WithoutAReplayAreWhole) {
     panel.ShowFuelButtons(true);
     for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) {
         RECT shown{};
