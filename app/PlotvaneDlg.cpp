@@ -53,15 +53,17 @@ MeterTexts LoadMeterTexts() {
             LoadText(IDS_LITRES_PER_100KM)};
 }
 
-// Asks the windows that belong to the dialog to close: meters, and dialogs and messages that are open over
-// it. Each of these may have a loop of its own on the stack, in which the program would go on for ever.
-void CloseOwnedWindows(HWND dialog) {
-    const auto closeOne = [](HWND window, LPARAM owner) -> BOOL {
-        if (::GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner))
-            ::SendMessageW(window, WM_CLOSE, 0, 0);
+// Asks the windows that belong to a window to close, first those that belong to them: meters, and dialogs and
+// messages that are open over it. Each of these may have a loop of its own on the stack, in which the program
+// would go on for ever.
+void CloseOwnedWindows(HWND owner) {
+    const auto closeOne = [](HWND window, LPARAM its) -> BOOL {
+        if (::GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(its)) return TRUE;
+        CloseOwnedWindows(window);
+        ::SendMessageW(window, WM_CLOSE, 0, 0);
         return TRUE;
     };
-    ::EnumThreadWindows(::GetCurrentThreadId(), closeOne, reinterpret_cast<LPARAM>(dialog));
+    ::EnumThreadWindows(::GetCurrentThreadId(), closeOne, reinterpret_cast<LPARAM>(owner));
 }
 
 AcquisitionTexts LoadAcquisitionTexts() {
@@ -75,6 +77,7 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
     // The window itself.
     ON_WM_CLOSE()
     ON_WM_CONTEXTMENU()
+    ON_WM_ENDSESSION()
     ON_WM_PAINT()
     ON_WM_QUERYDRAGICON()
     ON_WM_SIZE()
@@ -321,8 +324,24 @@ void CPlotvaneDlg::OnClose() {
     if (m_closing) return;
     m_closing = true;
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
-    ::SetFocus(nullptr);        // a limit that is being typed is taken when its edit is left
+    ::SetFocus(nullptr);        // a limit that was typed and not left yet counts: its edit is left now
     Stop();
+    SaveAndEnd();
+}
+
+// Of the session: of Windows, when the user logs off or shuts the machine down. Windows may end the process
+// as soon as this handler returns, so all that a close saves is saved in it, and nothing waits for the user.
+// The question beforehand, whether the session may end, gets the usual yes.
+void CPlotvaneDlg::OnEndSession(bool isEnding) {
+    if (!isEnding) return;
+    m_sessionEnding = true;
+    if (!m_closing) return OnClose();
+    // A close has begun and has not come to its end: it waits for the answer to a message.
+    CloseOwnedWindows(m_hWnd);
+    SaveAndEnd();
+}
+
+void CPlotvaneDlg::SaveAndEnd() {
     // Only the user may write over a file that could not be read.
     if (m_data.prefs.saveWindowSize && m_arePrefsKnown) {
         // A run without the host has made no folder yet; what the user set must not be lost for that.
@@ -335,6 +354,7 @@ void CPlotvaneDlg::OnClose() {
 }
 
 void CPlotvaneDlg::ShowMessage(int textId, int captionId) {
+    if (m_sessionEnding) return;
     MessageBoxText(m_hWnd, static_cast<UINT>(textId), static_cast<UINT>(captionId));
 }
 

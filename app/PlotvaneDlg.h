@@ -44,6 +44,7 @@ private:
     // The window.
     void OnClose();
     void OnContextMenu(HWND window, POINT screen);
+    void OnEndSession(bool isEnding);
     void OnPaint();
     HICON OnQueryDragIcon() { return m_icon; }
     void OnSize(UINT type, int width, int height);
@@ -84,6 +85,7 @@ private:
     void FocusButton(int id);
     void StepTitleHint();
     void Relayout();
+    void SaveAndEnd();
     void ShowPreferences();
     void ShowReplaySpeed();
     DECLARE_MESSAGE_MAP()
@@ -102,6 +104,7 @@ private:
     std::string m_hintText;
     bool m_hintShown = true;  // to come, or on
     bool m_closing = false;
+    bool m_sessionEnding = false;  // nobody is there to answer messages any more
     bool m_arePrefsKnown = false;  // read, or there are none
     bool m_hasRows = false;        // the controls below the chart
     int m_lowered = 0;             // pixels that these stand below their places in the template

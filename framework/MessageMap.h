@@ -82,6 +82,7 @@ private:
                      self.OnContextMenu(reinterpret_cast<HWND>(m.wParam), \
                                         POINT{GET_X_LPARAM(m.lParam), GET_Y_LPARAM(m.lParam)}))
 #define ON_WM_DESTROY() MESSAGE_ROW_VOID(WM_DESTROY, 0, 0, 0, self.OnDestroy())
+#define ON_WM_ENDSESSION() MESSAGE_ROW_VOID(WM_ENDSESSION, 0, 0, 0, self.OnEndSession(m.wParam != FALSE))
 #define ON_WM_PAINT() MESSAGE_ROW_VOID(WM_PAINT, 0, 0, 0, self.OnPaint())
 #define ON_WM_QUERYDRAGICON() \
     MESSAGE_ROW(WM_QUERYDRAGICON, 0, 0, 0, reinterpret_cast<LRESULT>(self.OnQueryDragIcon()))
