@@ -23,11 +23,9 @@ namespace {
 constexpr UINT_PTR kModeTimer = 1;
 constexpr UINT_PTR kLayoutTimer = 2;
 constexpr UINT_PTR kHintTimer = 3;
-constexpr UINT_PTR kRowsTimer = 4;
 constexpr UINT kTimerMs = 100;
 
-constexpr std::size_t kControlsOfChart = 1;  // in the template, its placeholder comes first
-constexpr int kLeastClientHeight = 200;      // smaller resizes are ignored
+constexpr int kLeastClientHeight = 200;  // smaller resizes are ignored
 constexpr GridCounts kGridCounts{9, 9};
 constexpr int kLabelMargin = 1;  // characters
 
@@ -106,7 +104,7 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
 END_MESSAGE_MAP()
 
 CPlotvaneDlg::CPlotvaneDlg()
-    : CDialog(IDD_MAIN, nullptr, kControlsOfChart),
+    : CDialog(IDD_MAIN),
       m_data(ScalingFolder()),
       m_chart(m_data.prefs, m_data.state, m_data.slots),
       m_panel(*this, LoadText(IDS_PIXEL_SHIFT)),
@@ -124,6 +122,9 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     m_arePrefsKnown = LoadPrefs(m_data.PrefsFile(), m_data.prefs);
     CreateChart();
     SetIcons();
+    m_panel.SetUp();
+    m_buttons.SetUp();
+    m_panel.ShowPixelShift(m_data.state.pixelShift);
     m_pump.SetDialog(m_hWnd);
 
     const CRect natural = GetWindowRect();
@@ -135,21 +136,6 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     Relayout();
     SetTimer(kModeTimer, kTimerMs);
     return TRUE;
-}
-
-// A hundred controls take Windows longer to make than all else at the start takes: they come when the chart
-// is on the screen. In a window that is shown each would ask for a painting of its own.
-void CPlotvaneDlg::SetUpRows() {
-    if (m_hasRows) return;
-    m_hasRows = true;
-    const bool isShown = ::IsWindowVisible(m_hWnd) != FALSE;
-    if (isShown) SetRedraw(false);
-    CreateOtherControls(m_lowered);
-    m_panel.SetUp();
-    m_buttons.SetUp();
-    m_panel.ShowPixelShift(m_data.state.pixelShift);
-    if (isShown) SetRedraw(true);
-    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void CPlotvaneDlg::AppendSystemMenu() {
@@ -192,11 +178,7 @@ void CPlotvaneDlg::SetIcons() {
 void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
     KillTimer(timer);
     switch (timer) {
-        case kRowsTimer:
-            SetUpRows();
-            break;
         case kModeTimer:
-            SetUpRows();
             DecideMode();
             break;
         case kLayoutTimer:
@@ -218,17 +200,10 @@ void CPlotvaneDlg::DecideMode() {
     if (m_data.state.hostRunning) {
         m_buttons.EnablePause(true);
         m_buttons.ShowPause(PauseImage::Pause);
-        FocusButton(IDC_PAUSE);
         m_acquisition.loop.Start();
     } else {
         for (const int id : kLogControls) ::ShowWindow(GetDlgItem(id), SW_SHOWNORMAL);
-        FocusButton(IDC_LOAD_LOG);
     }
-}
-
-// When the controls came, the buttons were hidden or disabled, and none has got the focus.
-void CPlotvaneDlg::FocusButton(int id) {
-    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(id)), TRUE);
 }
 
 void CPlotvaneDlg::StepTitleHint() {
@@ -267,11 +242,8 @@ void CPlotvaneDlg::Relayout() {
     const int higher = window.Height() - m_lastHeight;
     if (wider == 0 && higher == 0) return;
 
-    m_lowered += higher;
-    if (m_hasRows) {
-        MoveControlsDown(*this, IDC_MOVED_FIRST, IDC_MOVED_LAST, higher);
-        m_panel.PlaceSwatches();
-    }
+    MoveControlsDown(*this, IDC_MOVED_FIRST, IDC_MOVED_LAST, higher);
+    m_panel.PlaceSwatches();
     m_chart.ReleasePictures();
     m_chart.DestroyWindow();
     GrowControl(*this, IDC_CHART_FRAME, wider, higher);
@@ -286,9 +258,9 @@ void CPlotvaneDlg::Relayout() {
 void CPlotvaneDlg::OnPaint() {
     if (!IsIconic()) {
         Default();
+        // The chart comes to the screen ahead of the hundred controls below it, and need not wait for them.
         ::UpdateWindow(m_chart.m_hWnd);
-        // Behind a pause: the picture may stay off the screen until this thread is idle.
-        if (!m_hasRows) SetTimer(kRowsTimer, USER_TIMER_MINIMUM);
+        ::GdiFlush();
         return;
     }
     CPaintDC dc(m_hWnd);

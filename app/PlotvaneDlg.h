@@ -79,10 +79,8 @@ private:
     void CreateChart();
     void ApplyColours();
     void SetIcons();
-    void SetUpRows();
 
     void DecideMode();
-    void FocusButton(int id);
     void StepTitleHint();
     void Relayout();
     void SaveAndEnd();
@@ -106,8 +104,6 @@ private:
     bool m_closing = false;
     bool m_sessionEnding = false;  // nobody is there to answer messages any more
     bool m_arePrefsKnown = false;  // read, or there are none
-    bool m_hasRows = false;        // the controls below the chart
-    int m_lowered = 0;             // pixels that these stand below their places in the template
     int m_lastWidth = 0;           // outer size in pixels for which the controls are placed
     int m_lastHeight = 0;
 };

@@ -1,20 +1,12 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-
 #include "framework/DataExchange.h"
-#include "framework/DialogTemplate.h"
 #include "framework/Wnd.h"
 
-// A modal dialog from a template of the program's resources. Its controls exist when OnInitDialog is called:
-// all of them, or the first so many.
+// A modal dialog from a template of the program's resources. Its controls exist when OnInitDialog is called.
 class CDialog : public CWnd {
 public:
-    static constexpr std::size_t kAllControls = SIZE_MAX;
-
-    explicit CDialog(UINT templateId, HWND owner = nullptr, std::size_t firstControls = kAllControls)
-        : m_templateId(templateId), m_owner(owner), m_firstControls(firstControls) {}
+    explicit CDialog(UINT templateId, HWND owner = nullptr) : m_templateId(templateId), m_owner(owner) {}
 
     // Runs the dialog until EndDialog and returns its result; the owner is disabled meanwhile. -1 if the
     // dialog could not be created or OnInitDialog threw. May be called from within any handler, also one that
@@ -30,10 +22,6 @@ public:
     void UpdateData(bool saveAndValidate = true);
 
 protected:
-    // Makes the controls that were left out at first, as Windows would have, but so many pixels further down;
-    // to be called once. None of them gets the focus. Throws what DialogTemplate throws.
-    void CreateOtherControls(int lower);
-
     // Fills the controls from the members. TRUE: Windows gives the focus to the first control; FALSE: the
     // dialog has done so itself.
     virtual BOOL OnInitDialog();
@@ -47,11 +35,9 @@ protected:
 private:
     static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     BOOL Initialise(HWND window);
-    void CreateControl(const TemplateControl& control, int lower);
 
     const UINT m_templateId;
     const HWND m_owner;
-    const std::size_t m_firstControls;
     bool m_running = false;
     DECLARE_MESSAGE_MAP()
 };
