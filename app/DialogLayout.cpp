@@ -14,13 +14,16 @@ void MoveControlsDown(CWnd& dialog, int firstId, int lastId, int pixels) {
     if (pixels == 0) return;
     const CRect origin =
         dialog.ScreenToClient(CRect());  // asked for once, not for each of a hundred controls
-    for (int id = firstId; id <= lastId; ++id) {
+    HDWP moves = ::BeginDeferWindowPos(lastId - firstId + 1);
+    for (int id = firstId; id <= lastId && moves; ++id) {
         CRect place;
         const HWND control = dialog.GetDlgItem(id);
         if (!control || !::GetWindowRect(control, &place)) continue;
-        ::SetWindowPos(control, nullptr, place.left + origin.left, place.top + origin.top + pixels, 0, 0,
-                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+        moves = ::DeferWindowPos(moves, control, nullptr, place.left + origin.left,
+                                 place.top + origin.top + pixels, 0, 0,
+                                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
     }
+    if (moves) ::EndDeferWindowPos(moves);
 }
 
 void GrowControl(CWnd& dialog, int id, int width, int height) {

@@ -120,6 +120,7 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
     AppendSystemMenu();
     m_arePrefsKnown = LoadPrefs(m_data.PrefsFile(), m_data.prefs);
+    m_chart.SetRedraw(false);  // its picture is drawn once, at its final size
     CreateChart();
     SetIcons();
     m_panel.SetUp();
@@ -134,6 +135,7 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     m_data.state.height = m_lastHeight;
     ResizeOnTop(*this, m_data.prefs.width, m_data.prefs.height);
     Relayout();
+    m_chart.SetRedraw(true);
     SetTimer(kModeTimer, kTimerMs);
     return TRUE;
 }

@@ -57,13 +57,12 @@ void SlotControls::SetUp() {
     TakeOverValueBoxes();
     for (int slot = 0; slot < kSlotCount; ++slot) {
         CreateSwatch(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot,
-                     IDC_SWATCH_WINDOW_FIRST + static_cast<UINT>(slot));
+                     IDC_SWATCH_WINDOW_FIRST + static_cast<UINT>(slot), true);
     }
     for (int field = 0; field < kObdFieldCount; ++field) {
         CreateSwatch(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field,
-                     IDC_OBD_SWATCH_WINDOW_FIRST + static_cast<UINT>(field));
+                     IDC_OBD_SWATCH_WINDOW_FIRST + static_cast<UINT>(field), false);
     }
-    ShowObdRow(false);
 }
 
 void SlotControls::TakeOverValueBoxes() {
@@ -79,18 +78,17 @@ void SlotControls::TakeOverValueBoxes() {
 }
 
 // On top of its placeholder, which would paint over it otherwise.
-void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id) {
+void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id, bool shown) {
     SetColour(box, InactiveColour());
-    box.Create(WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, PlaceOfControl(m_dialog, placeholder),
+    box.Create(WS_CHILD | WS_CLIPSIBLINGS | (shown ? WS_VISIBLE : 0), PlaceOfControl(m_dialog, placeholder),
                m_dialog.m_hWnd, id);
-    ::SetWindowPos(box.m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    m_dialog.ShowDlgItem(placeholder, true);
+    ::SetWindowPos(box.m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW);
 }
 
 void SlotControls::Place(CColorBox& box, int placeholder) {
     const CRect place = PlaceOfControl(m_dialog, placeholder);
-    ::SetWindowPos(box.m_hWnd, HWND_TOP, place.left, place.top, place.Width(), place.Height(),
-                   SWP_NOACTIVATE);
+    ::SetWindowPos(box.m_hWnd, nullptr, place.left, place.top, place.Width(), place.Height(),
+                   SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
 }
 
 void SlotControls::PlaceSwatches() {

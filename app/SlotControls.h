@@ -21,7 +21,7 @@ public:
     void SetUp();
 
     // Puts every swatch over its placeholder again, wherever that is now, and the mark of the focus around
-    // its check box.
+    // its check box. The caller has the dialog drawn again.
     void PlaceSwatches();
 
     // The slot or OBD field whose swatch lies under a point of the screen; -1 for none.
@@ -54,7 +54,7 @@ private:
     static constexpr int kNoFrame = -1;
 
     void TakeOverValueBoxes();
-    void CreateSwatch(CColorBox& box, int placeholder, UINT id);
+    void CreateSwatch(CColorBox& box, int placeholder, UINT id, bool shown);
     void Place(CColorBox& box, int placeholder);
     int HitAmong(POINT screen, int firstPlaceholder, int count) const;
     void ShowRowA(bool shown);

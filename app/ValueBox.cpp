@@ -100,7 +100,8 @@ void CValueBox::OnDestroy() {
 }
 
 void CValueBox::OnPaint() {
-    if (!DrawsItself()) {
+    // A box that has had no text yet needs no surface to draw on: at the start none has.
+    if (!DrawsItself() || (m_text.empty() && !m_surface)) {
         UpdateEdit();
         Default();
         return;

@@ -126,9 +126,18 @@ std::string CWnd::GetWindowText() const {
 
 // A control may have gone meanwhile, and its handle may have come back for something else.
 HWND CWnd::GetDlgItem(int id) const {
-    HWND& control = m_controls[id];
-    if (::GetDlgCtrlID(control) != id || ::GetParent(control) != m_hWnd) control = ::GetDlgItem(m_hWnd, id);
-    return control;
+    const auto found = m_controls.find(id);
+    if (found != m_controls.end() && ::GetDlgCtrlID(found->second) == id &&
+        ::GetParent(found->second) == m_hWnd)
+        return found->second;
+    m_controls.clear();
+    const auto note = [](HWND child, LPARAM parameter) -> BOOL {
+        const auto& self = *reinterpret_cast<const CWnd*>(parameter);
+        if (::GetParent(child) == self.m_hWnd) self.m_controls.emplace(::GetDlgCtrlID(child), child);
+        return TRUE;
+    };
+    ::EnumChildWindows(m_hWnd, note, reinterpret_cast<LPARAM>(this));
+    return m_controls[id];
 }
 
 void CWnd::SetDlgItemText(int id, std::string_view text) {

@@ -117,8 +117,9 @@ private:
     bool Map(HWND window);
     void Unmap();
 
-    // Where each control was when last asked for. Windows goes through all the controls of a dialog to find
-    // one of them; with a hundred that costs more than most of what is then asked of the control.
+    // All the controls when one was last looked for; of those that share an id the first. Windows goes
+    // through the controls of a dialog to find one of them; with a hundred that costs more than most of what
+    // is then asked of the control.
     mutable std::unordered_map<int, HWND> m_controls;
     WNDPROC m_superProc = nullptr;  // of an attached window: who had its messages before
     bool m_windowIsBeingDestroyed = false;
