@@ -2,10 +2,10 @@
 # bench.sh [PART...]: measures what docs/performance.md tells, all parts or the named ones, on a display of its own.
 # Prints each figure as it comes, and in the end the tables, ready for that page; they stay in build/bench/report.md.
 #
-#   size     the program, and an empty dialog built the same way
+#   size     the program, and a bare dialog built the same way: its template and nothing else
 #   record   a record from bytes to slots, texts and traces, natively
 #   chart    a sample on the chart, against bare calls
-#   start    from the start of the process to the painted chart, and private memory, against the empty dialog
+#   start    from the start of the process to the painted chart, and private memory, against the bare dialog
 #   program  the whole program: CPU time of its process and of the Wine server for a record
 #   log      a log of 500 MB: when it begins to play, and its memory
 #   pace     how well a replay keeps its pace
@@ -29,7 +29,7 @@ need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" 
 take_turn
 say "building (build/bench, build/windows)"
 build_preset bench record_bench
-build_preset windows plotvane diagnel-sim plotvane-remote chart_bench replay_pace_bench empty_dialog start_bench \
+build_preset windows plotvane diagnel-sim plotvane-remote chart_bench replay_pace_bench bare_dialog start_bench \
     log_bench
 bin=$build/windows
 report=$build/bench/report.md
@@ -43,7 +43,7 @@ remote() { run_wine "$bin/plotvane-remote.exe" "$@"; }
 
 size() {
     local name
-    for name in plotvane empty_dialog; do
+    for name in plotvane bare_dialog; do
         printf '%-14s %8d bytes\n' "$name.exe" "$(stat -c %s "$bin/$name.exe")"
     done
     # On a slow disk the program has to be read before it can show anything. Other compilers make other sizes.
