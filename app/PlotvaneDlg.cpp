@@ -181,7 +181,7 @@ void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
     KillTimer(timer);
     switch (timer) {
         case kModeTimer:
-            DecideMode();
+            ShowOrDecideMode();
             break;
         case kLayoutTimer:
             Relayout();
@@ -190,6 +190,16 @@ void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
             StepTitleHint();
             break;
     }
+}
+
+// Windows shows a dialog when its message queue is first empty. If the start took long, this timer is due
+// before that, and a run that begins here would leave the window hidden for as long as data flows. The timer
+// comes once more, so that Windows can note that the dialog is shown: it would show it again behind the run,
+// and that undoes what the user has done to its size meanwhile.
+void CPlotvaneDlg::ShowOrDecideMode() {
+    if (::IsWindowVisible(m_hWnd)) return DecideMode();
+    ShowWindow(SW_SHOWNORMAL);
+    SetTimer(kModeTimer, USER_TIMER_MINIMUM);
 }
 
 // Live with the host, else logs. Live, this handler returns when the run is over.

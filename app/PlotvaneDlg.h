@@ -80,6 +80,7 @@ private:
     void ApplyColours();
     void SetIcons();
 
+    void ShowOrDecideMode();
     void DecideMode();
     void StepTitleHint();
     void Relayout();
