@@ -23,20 +23,26 @@ void InheritedPipe::Attach(int descriptor) {
     const intptr_t handle = descriptor < 0 ? -1 : _get_osfhandle(descriptor);
     // -2 stands for a standard stream that is connected to nothing.
     m_handle = handle == -1 || handle == -2 ? INVALID_HANDLE_VALUE : reinterpret_cast<HANDLE>(handle);
-    if (m_handle != INVALID_HANDLE_VALUE) _setmode(descriptor, _O_BINARY);
+    m_type = m_handle == INVALID_HANDLE_VALUE ? FILE_TYPE_UNKNOWN : ::GetFileType(m_handle);
+    if (m_type != FILE_TYPE_UNKNOWN) _setmode(descriptor, _O_BINARY);
 }
 
 int InheritedPipe::TryRead(std::span<char> buffer) {
-    if (m_handle == INVALID_HANDLE_VALUE) return kEndOfStream;
     auto wanted = static_cast<unsigned>(buffer.size());
-    DWORD available = 0;
-    if (::PeekNamedPipe(m_handle, nullptr, 0, nullptr, &available, nullptr)) {
-        if (available == 0) return 0;
-        wanted = std::min<unsigned>(wanted, available);
-    } else if (::GetLastError() == ERROR_BROKEN_PIPE) {
-        return kEndOfStream;
+    switch (m_type) {
+        case FILE_TYPE_DISK:
+            break;  // a file holds its bytes ready: they are read without asking
+        case FILE_TYPE_PIPE: {
+            // A socket counts as a pipe too, but cannot be asked.
+            DWORD available = 0;
+            if (!::PeekNamedPipe(m_handle, nullptr, 0, nullptr, &available, nullptr)) return kEndOfStream;
+            if (available == 0) return 0;
+            wanted = std::min<unsigned>(wanted, available);
+            break;
+        }
+        default:
+            return kEndOfStream;  // reading a console, or another device, would wait for somebody to type
     }
-    // Not a pipe at all, such as a file, holds its data ready: it is read without asking.
     const int count = _read(m_descriptor, buffer.data(), wanted);
     return count > 0 ? count : kEndOfStream;
 }

@@ -123,5 +123,28 @@ TEST_F(HostFaults, AHostThatClosesInTheMidstOfAFloodEndsTheProgram) {
     EXPECT_TRUE(EndsPromptly(session));
 }
 
+// A number that is not the pipe's but, say, 0 behind which a console stands: reading it would wait for
+// somebody to type. It counts as a pipe that is closed, and so as a host that has stopped.
+TEST(HostThatNamesAConsole, CountsAsStoppedAndHoldsNothingUp) {
+    ASSERT_TRUE(::AllocConsole());
+    SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+    Handle console(::CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                 &inheritable, OPEN_EXISTING, 0, nullptr));
+    ASSERT_NE(console.Get(), INVALID_HANDLE_VALUE);
+    Session session;
+    session.StartWithHostAt(console.Get(), 0);
+    const RemoteWindow main = session.Main();
+    ASSERT_TRUE(main.Exists());
+    ASSERT_TRUE(Becomes([&] { return main.IsEnabled(IDC_PAUSE); }, true));
+    EXPECT_TRUE(KeepsAnswering(main));
+    const LRESULT stopped = ButtonsOf(main).pauseImage;
+    main.PostClick(IDC_PAUSE);
+    EXPECT_TRUE(KeepsAnswering(main));
+    EXPECT_EQ(ButtonsOf(main).pauseImage, stopped) << "started over, it has stopped again";
+    EXPECT_TRUE(ClosesPromptly(session));
+    console.Close();
+    ::FreeConsole();
+}
+
 }  // namespace
 }  // namespace plotvane::test

@@ -27,6 +27,12 @@ void Session::StartWithHost() {
     StartWithHostButNoExchangeFile();
 }
 
+void Session::StartWithHostAt(HANDLE inherited, int descriptor) {
+    WriteBytes(ExchangeFile(), std::to_string(descriptor) + "\n");
+    m_host = std::make_unique<PipeHost>();
+    Launch(inherited, descriptor);
+}
+
 void Session::StartWithHostButNoExchangeFile() {
     m_host = std::make_unique<PipeHost>();
     Launch(m_host->ReadEnd(), kDescriptor);

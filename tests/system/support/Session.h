@@ -23,6 +23,9 @@ public:
     // Without a host the program offers logs to replay; with one it plots live.
     void Start();
     void StartWithHost();
+    // The same with something else where the pipe should be: that handle, which must be inheritable, as that
+    // descriptor.
+    void StartWithHostAt(HANDLE inherited, int descriptor);
     // The same without the file in which the host says where its pipe is.
     void StartWithHostButNoExchangeFile();
 
