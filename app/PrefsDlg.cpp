@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "framework/Text.h"
+#include "model/Meanwhile.h"
 #include "model/Numbers.h"
 #include "res/resource.h"
 #include "scaling/PrefsFile.h"
@@ -54,18 +55,6 @@ int SelectionOf(const CWnd& dialog, UINT list) {
 void ClearSelection(const CWnd& dialog, int list) {
     dialog.SendDlgItemMessage(list, CB_SETCURSEL, static_cast<WPARAM>(-1));
 }
-
-// True for the length of a scope.
-class Meanwhile {
-public:
-    explicit Meanwhile(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Meanwhile() { m_flag = false; }
-    Meanwhile(const Meanwhile&) = delete;
-    Meanwhile& operator=(const Meanwhile&) = delete;
-
-private:
-    bool& m_flag;
-};
 
 }  // namespace
 
@@ -268,7 +257,9 @@ void CPrefsDlg::OnPreviousRow() {
     ShowRow();
 }
 
+// One message at a time, however often the button is pressed below it.
 void CPrefsDlg::OnNewRow() {
+    if (m_rejecting) return;
     const DefaultRowBrowser::NewRow result = m_rows.AppendRow();
     ShowRow();
     if (result == DefaultRowBrowser::NewRow::LastIncomplete) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/Meanwhile.h"
 #include "model/Numbers.h"
 
 namespace plotvane {
@@ -67,9 +68,14 @@ void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
     RunState& state = m_plot.state;
     if (!run.Ended()) state.gapPending = true;
     state.halted = true;
-    while (!state.playing && !run.Ended()) m_pump.SleepAndDispatch(kLongestSleepMs);
+    m_heldRun.emplace(run);
+    if (m_isWaiting) return;
+    {
+        const Meanwhile waiting(m_isWaiting);
+        while (!state.playing && !m_heldRun->Ended()) m_pump.SleepAndDispatch(kLongestSleepMs);
+    }
     state.halted = false;
-    if (!run.Ended() && state.gapPending) m_plot.chart.AppendGap(m_plot.values);
+    if (!m_heldRun->Ended() && state.gapPending) m_plot.chart.AppendGap(m_plot.values);
     state.gapPending = false;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "model/LoopRun.h"
@@ -29,7 +30,8 @@ public:
     bool ReplayStep(const LogStamps& stamps, const LoopRun& run);
 
     // Holds until the user resumes or stops. A hold that began while data flowed leaves a gap when it is
-    // resumed.
+    // resumed. Called from a handler that an older hold has dispatched, it returns at once, and the older
+    // call waits on for this run: however often the user resumes and pauses, the stack holds one wait.
     void WaitWhilePaused(const LoopRun& run);
 
 private:
@@ -45,6 +47,8 @@ private:
     double m_stepMs = kNever;  // clock at which the last step was due
     int m_rowsReplayed = 0;
     std::string m_text;
+    std::optional<LoopRun> m_heldRun;  // by the newest hold
+    bool m_isWaiting = false;          // a hold is on the stack
 };
 
 }  // namespace plotvane

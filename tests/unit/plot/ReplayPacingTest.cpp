@@ -181,6 +181,38 @@ TEST_F(ReplayPacingTest, AHoldThatStopEndsLeavesNoGap) {
     EXPECT_FALSE(state.gapPending);
 }
 
+TEST_F(ReplayPacingTest, HoweverOftenItIsResumedAndHeldOneHoldStandsOnTheStack) {
+    double returnedMs = 0.0;
+    const double pressedMs = pump.NowMs() + 100.0;
+    pump.At(pressedMs, [&] {
+        for (int press = 0; press < 1000; ++press) {
+            state.playing = true;
+            Hold();
+        }
+        returnedMs = pump.NowMs();
+        EXPECT_TRUE(state.halted);
+    });
+    pump.At(pressedMs + 100.0, [this] { state.playing = true; });
+    Hold();
+    EXPECT_EQ(returnedMs, pressedMs);
+    EXPECT_EQ(pump.NowMs(), pressedMs + 100.0);
+    EXPECT_FALSE(state.halted);
+    EXPECT_EQ(chart.gaps.size(), 1u);
+}
+
+// Stopped, started and paused again before the first hold could return.
+TEST_F(ReplayPacingTest, AHoldThatIsOnTheStackWaitsForANewerRunToo) {
+    pump.At(pump.NowMs() + 100.0, [this] {
+        ++state.generation;
+        Hold();
+    });
+    const double resumedMs = pump.NowMs() + 300.0;
+    pump.At(resumedMs, [this] { state.playing = true; });
+    Hold();
+    EXPECT_EQ(pump.NowMs(), resumedMs);
+    EXPECT_EQ(chart.gaps.size(), 1u) << "the newer run's";
+}
+
 TEST_F(ReplayPacingTest, AHoldInsideAHoldLeavesOneGap) {
     // Resumed and paused again before the first hold could return.
     pump.At(pump.NowMs() + 100.0, [this] {
