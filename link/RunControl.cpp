@@ -16,6 +16,7 @@ RunControl::RunControl(TracePlot& plot, AcquisitionLoop& loop, ReplayPacing& pac
       m_owner(owner) {}
 
 void RunControl::Stop() {
+    ++m_state.stops;
     if (!m_state.hostRunning && m_stopActive) {
         ShowStop(false);
         m_buttons.EnableStop(false);

@@ -6,6 +6,9 @@
 namespace plotvane {
 namespace {
 
+// Messages may come as fast as they are dispatched; the data gets its turn all the same.
+constexpr double kLongestDispatchMs = 50.0;
+
 double MsPerCount() {
     LARGE_INTEGER frequency;
     ::QueryPerformanceFrequency(&frequency);
@@ -38,16 +41,21 @@ void WindowPump::SleepAndDispatch(int ms) {
 }
 
 void WindowPump::DispatchWaiting() {
+    const std::uint32_t stops = m_state.stops;
+    const double untilMs = NowMs() + kLongestDispatchMs;
     MSG message;
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             m_state.stopped = true;
+            ++m_state.stops;
             ::PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
-        if (m_dialog && ::IsDialogMessageW(m_dialog, &message)) continue;
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
+        if (!m_dialog || !::IsDialogMessageW(m_dialog, &message)) {
+            ::TranslateMessage(&message);
+            ::DispatchMessageW(&message);
+        }
+        if (m_state.stops != stops || NowMs() > untilMs) return;
     }
 }
 

@@ -9,7 +9,8 @@ namespace plotvane {
 
 // Waits on the user-interface thread, with the messages of every window dispatched and the keys of the main
 // dialog treated as a dialog's. When the thread is asked to quit, the acquisition is stopped and the request
-// passed on to the pump outside.
+// passed on to the pump outside. The messages behind a Stop or a close stay in the queue: first the run that
+// it ended has to leave the stack.
 class WindowPump : public MessagePump {
 public:
     explicit WindowPump(RunState& state);

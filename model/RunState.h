@@ -28,6 +28,10 @@ struct RunState {
     // stack makes that loop return: only the newest may run.
     std::uint32_t generation = 0;
 
+    // Counts the times that a Stop or a close was asked for, also while nothing runs: what dispatches
+    // messages in the midst of its work sees by it that the work is no longer wanted.
+    std::uint32_t stops = 0;
+
     int pixelShift = 3;           // 1..15 pixels a sample
     int replayPeriodMs = 1000;    // wall time for a second of log time, 125 (8x) .. 2000 (0.5x)
     int titleHintCountdown = 15;  // ticks of the title-bar hint still to come

@@ -98,6 +98,32 @@ TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
     EXPECT_EQ(window.heard, 3);
 }
 
+// A window that asks for a message behind each one, or another program that floods this one.
+TEST_F(WindowPumpTest, MessagesWithoutAnEndDoNotHoldTheDataUp) {
+    constexpr int kMany = 10'000'000;
+    window.onMessage = [this] {
+        if (window.heard < kMany) window.PostMessage(kMessage);
+    };
+    window.PostMessage(kMessage);
+    pump.SleepAndDispatch(0);
+    EXPECT_GT(window.heard, 1);
+    EXPECT_LT(window.heard, kMany);
+    window.onMessage = [] {};
+    test::DispatchAll();
+}
+
+// The run that has just been ended has to leave the stack before another one begins.
+TEST_F(WindowPumpTest, WhatComesBehindAStopWaitsForTheNextCall) {
+    window.onMessage = [this] {
+        if (window.heard == 2) ++state.stops;
+    };
+    for (int message = 0; message < 4; ++message) window.PostMessage(kMessage);
+    pump.SleepAndDispatch(0);
+    EXPECT_EQ(window.heard, 2);
+    pump.SleepAndDispatch(0);
+    EXPECT_EQ(window.heard, 4);
+}
+
 TEST_F(WindowPumpTest, ARequestToQuitStopsTheRunAndGoesOnToThePumpOutside) {
     ::PostQuitMessage(7);
     EXPECT_LT(Pump(kLongMs), kLongMs / 2);
