@@ -61,9 +61,16 @@ int TextInput::NextByte() {
     return byte;
 }
 
+bool TextInput::IsWanted() {
+    if (!m_watch || m_buffersRead++ < kBuffersPerLook) return true;
+    m_buffersRead = 1;
+    return m_watch->GoOn();
+}
+
 int TextInput::PeekByte() {
     if (m_next == m_filled) {
         m_next = 0;
+        if (m_file && !IsWanted()) m_file.reset();
         m_filled = m_file ? std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get()) : 0;
         if (m_filled == 0) return kEnd;
     }

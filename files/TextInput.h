@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "files/ReadWatch.h"
+
 namespace plotvane {
 
 struct FileCloser {
@@ -21,13 +23,16 @@ FileHandle OpenFile(const std::filesystem::path& path, const char* mode);
 // A text file of the host's or of this program's, read character by character; of any length, with
 // constant memory. Line ends arrive as '\n' alone (CR LF is folded; a CR by itself stays). The text ends
 // at the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. The C
-// library's own text mode is not used, because it differs between systems.
+// library's own text mode is not used, because it differs between systems. Where there is a watch, it is
+// asked every 64 KB; if the text is no longer wanted, it ends there and is closed.
 class TextInput {
 public:
     static constexpr int kEnd = -1;
 
     TextInput() = default;  // not open
-    explicit TextInput(const std::filesystem::path& path) : m_file(OpenFile(path, "rb")) {}
+    // The watch, if any, must outlive this object.
+    explicit TextInput(const std::filesystem::path& path, ReadWatch* watch = nullptr)
+        : m_file(OpenFile(path, "rb")), m_watch(watch) {}
 
     bool IsOpen() const { return m_file != nullptr; }
 
@@ -38,12 +43,16 @@ public:
 
 private:
     static constexpr std::size_t kBufferSize = 4096;
+    static constexpr int kBuffersPerLook = 16;  // of the watch
 
     int ReadCharacter();
     int NextByte();
     int PeekByte();
+    bool IsWanted();
 
     FileHandle m_file;
+    ReadWatch* m_watch = nullptr;
+    int m_buffersRead = 0;  // since the watch was asked
     std::array<unsigned char, kBufferSize> m_buffer{};
     std::size_t m_next = 0;
     std::size_t m_filled = 0;

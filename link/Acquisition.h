@@ -3,6 +3,7 @@
 #include "link/AcquisitionLoop.h"
 #include "link/DriveData.h"
 #include "link/RunControl.h"
+#include "link/RunWatch.h"
 
 namespace plotvane {
 
@@ -31,18 +32,24 @@ public:
         : plot{data.state, data.slots, data.defaults, data.ranges, views.chart, views.panel, views.meters},
           selection(plot),
           fuel(texts.fuelUnits),
-          module(data.state, data.ranges, views.title, texts.liveTitle, "labels"),
+          m_watch(pump, data.state),
+          module(data.state, data.ranges, views.title, texts.liveTitle, "labels", &m_watch),
           m_scaling(plot, selection, fuel, data.prefs),
           m_channels(plot, selection, fuel, data.prefs),
           m_pacing(plot, pump, data.prefs),
           m_live(pipe, pump),
-          m_log(data.state, m_pacing, views.chooser, views.owner),
+          m_log(data.state, m_pacing, views.chooser, views.owner, m_watch),
           loop(plot, module, m_scaling, m_channels, selection, fuel, m_live, m_log, views.owner),
           control(plot, loop, m_pacing, module, m_log, views.buttons, views.owner) {}
 
     TracePlot plot;
     SlotSelection selection;
     FuelFigures fuel;
+
+private:
+    RunWatch m_watch;
+
+public:
     CurrentModule module;
 
 private:

@@ -87,7 +87,9 @@ void AcquisitionLoop::PassRecordsOn(RecordSource& source, const LoopRun& run) {
             case Next::Ended:
                 return;
         }
-        if (!Parse()) {
+        const bool isParsed = Parse();
+        if (run.Ended()) return;  // while the module's labels were read
+        if (!isParsed) {
             // Kept on purpose: a malformed live record freezes the display. The run is over but does not
             // count as stopped, so that nothing starts on a host that sends what nobody understands.
             if (m_state.endOfLog) m_owner.Stop();

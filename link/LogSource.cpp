@@ -1,6 +1,7 @@
 #include "link/LogSource.h"
 
 #include "logs/LogCheck.h"
+#include "model/Meanwhile.h"
 #include "res/resource.h"
 
 namespace plotvane {
@@ -24,12 +25,24 @@ int LogSource::OpenLogFile() {
     return -1;
 }
 
+int LogSource::ReadLogHeader(SlotTable& slots) {
+    const Meanwhile reading(m_isBeingRead);
+    return m_reader.ReadLogHeader(slots);
+}
+
+LogRow LogSource::ReadRow(RecordBuffer& record) {
+    const Meanwhile reading(m_isBeingRead);
+    return m_reader.ReadLogRow(record);
+}
+
 Next LogSource::Read(RecordBuffer& record, const LoopRun& run) {
     const bool halt = m_pacing.ReplayStep(m_reader.Stamps(), run);
     if (run.Ended()) return Next::Ended;
     if (halt) m_owner.Pause();
     if (run.Ended()) return Next::Ended;
-    switch (m_reader.ReadLogRow(record)) {
+    const LogRow row = ReadRow(record);
+    if (run.Ended()) return Next::Ended;  // in the midst of the row, which was long
+    switch (row) {
         case LogRow::Complete:
             return Next::Record;
         case LogRow::Ended:

@@ -1,5 +1,6 @@
 #include "link/RunControl.h"
 
+#include "model/Meanwhile.h"
 #include "res/resource.h"
 
 namespace plotvane {
@@ -54,6 +55,7 @@ void RunControl::SaveRanges() {
 }
 
 void RunControl::Pause() {
+    if (m_isOpening || (m_state.reopenLog && !MayOpenLog())) return;
     m_state.playing = !m_state.playing;
     m_buttons.ShowPause(m_state.playing ? PauseImage::Pause : PauseImage::Resume);
     if (m_state.hostRunning && m_state.restartAfterStop) {
@@ -74,7 +76,7 @@ void RunControl::RestartLive() {
 }
 
 void RunControl::ReplayAgain() {
-    if (m_log.OpenLogFile() == 1 && ReadHeader()) {
+    if (OpenLog() == Opening::Done) {
         Replay();
     } else {
         m_buttons.ShowPause(PauseImage::StartOver);
@@ -83,7 +85,7 @@ void RunControl::ReplayAgain() {
 
 void RunControl::LoadLog() {
     // The Enter key reaches the button also where it is hidden.
-    if (m_state.logMode || m_state.hostRunning) return;
+    if (m_state.logMode || m_state.hostRunning || !MayOpenLog()) return;
     m_state.halted = true;
     m_state.obdFile = false;
     ShowStop(false);
@@ -92,14 +94,26 @@ void RunControl::LoadLog() {
         m_buttons.ShowPause(PauseImage::Idle);
         m_buttons.EnablePause(true);
     }
-    if (m_log.OpenLogFile() != 1) {
-        m_buttons.EnablePause(false);
-        return;
+    switch (OpenLog()) {
+        case Opening::Done:
+            TakeScaleMinimums();
+            m_state.redrawRequest = true;
+            Replay();
+            break;
+        case Opening::NoLog:
+            m_buttons.EnablePause(false);
+            break;
+        case Opening::BadHeader:
+            break;
     }
-    if (!ReadHeader()) return;
-    TakeScaleMinimums();
-    m_state.redrawRequest = true;
-    Replay();
+}
+
+// A close while the log was chosen or its header read makes it no log to play.
+RunControl::Opening RunControl::OpenLog() {
+    const Meanwhile opening(m_isOpening);
+    const std::uint32_t stops = m_state.stops;
+    if (m_log.OpenLogFile() != 1 || stops != m_state.stops) return Opening::NoLog;
+    return ReadHeader() && stops == m_state.stops ? Opening::Done : Opening::BadHeader;
 }
 
 bool RunControl::ReadHeader() {

@@ -38,10 +38,17 @@ public:
     // log is played.
     void LoadLog();
 
+    // The file dialog, messages and long headers dispatch messages before a log is played, and so do the long
+    // lines of a log that was stopped a moment ago. A Pause or Load among them does nothing: it would open
+    // another log over this one.
+
 private:
     void SaveRanges();
     void RestartLive();
     void ReplayAgain();
+    bool MayOpenLog() const { return !m_isOpening && !m_log.IsBeingRead(); }
+    enum class Opening { Done, NoLog, BadHeader };
+    Opening OpenLog();
     bool ReadHeader();
     void TakeScaleMinimums();
     void Replay();
@@ -56,6 +63,7 @@ private:
     RunButtons& m_buttons;
     LoopOwner& m_owner;
     bool m_stopActive = false;  // the Stop button wears its active image: a replay has run
+    bool m_isOpening = false;   // a log is being chosen, or its header read
 };
 
 }  // namespace plotvane

@@ -9,12 +9,13 @@
 namespace plotvane {
 
 CurrentModule::CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar,
-                             std::string liveTitle, std::filesystem::path labelsFolder)
+                             std::string liveTitle, std::filesystem::path labelsFolder, ReadWatch* watch)
     : m_state(state),
       m_scaling(scaling),
       m_titleBar(titleBar),
       m_liveTitle(std::move(liveTitle)),
-      m_labelsFolder(std::move(labelsFolder)) {}
+      m_labelsFolder(std::move(labelsFolder)),
+      m_watch(watch) {}
 
 std::optional<std::size_t> CurrentModule::ApplyModuleName(std::string_view record) {
     const auto comma = record.find(',');
@@ -53,7 +54,7 @@ void CurrentModule::FollowLabels() {
     if (m_key == m_labelsKey && m_state.generation == m_labelsGeneration) return;
     m_labelsKey = m_key;
     m_labelsGeneration = m_state.generation;
-    LoadLabels(m_labelsFolder, KeyStemOf(m_key), m_labels);
+    LoadLabels(m_labelsFolder, KeyStemOf(m_key), m_labels, m_watch);
 }
 
 }  // namespace plotvane

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/ReadWatch.h"
 #include "logs/LabelTable.h"
 #include "logs/TitleBar.h"
 #include "model/RunState.h"
@@ -18,9 +19,10 @@ namespace plotvane {
 class CurrentModule {
 public:
     // `liveTitle` goes before the module's name in the window title while data is live; `labelsFolder` holds
-    // the host's label files. All but the texts must outlive this object.
+    // the host's label files, whose reading the watch, if any, accompanies. All but the texts must outlive
+    // this object.
     CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar, std::string liveTitle,
-                  std::filesystem::path labelsFolder);
+                  std::filesystem::path labelsFolder, ReadWatch* watch = nullptr);
 
     // To be called for every record, before its items are parsed: takes the module from the record's first
     // field, unless the scaling of the present key is loaded. Then the record's own name is not looked at, so
@@ -55,6 +57,7 @@ private:
     TitleBar& m_titleBar;
     const std::string m_liveTitle;
     const std::filesystem::path m_labelsFolder;
+    ReadWatch* const m_watch;
 
     std::string m_name;
     std::string m_key;

@@ -72,9 +72,10 @@ void ReadLabels(TextInput& input, std::string& line, LabelTable& table) {
 // The file of the module's part number, or where that sends the module. A device has no labels, and opening
 // one could wait for ever.
 std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path& labelsFolder,
-                                                    std::string_view keyStem, std::string& line) {
+                                                    std::string_view keyStem, std::string& line,
+                                                    ReadWatch* watch) {
     const auto path = BuildLabelPath(labelsFolder, keyStem, LabelForm::Short);
-    TextInput input(path);
+    TextInput input(path, watch);
     const std::string suffix = ModuleSuffixOf(keyStem);
     while (ReadLabelLine(input, line)) {
         const auto target = RedirectTargetOf(line, suffix);
@@ -82,23 +83,26 @@ std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path&
         if (!IsSafeFileName(*target)) return std::nullopt;
         return labelsFolder / PathFromText(*target);
     }
+    if (!input.IsOpen()) return std::nullopt;  // missing, or not wanted any more
     return path;
 }
 
 }  // namespace
 
-void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyStem, LabelTable& table) {
+void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyStem, LabelTable& table,
+                ReadWatch* watch) {
     table.Reset();
     std::string line;
     const auto ownPath = BuildLabelPath(labelsFolder, keyStem, LabelForm::Full);
     // A module without suffix has no file of its own: the part number's serves it, redirects and all.
     if (ownPath != BuildLabelPath(labelsFolder, keyStem, LabelForm::Short)) {
-        TextInput own(ownPath);
+        TextInput own(ownPath, watch);
+        const bool exists = own.IsOpen();
         ReadLabels(own, line, table);
-        if (own.IsOpen()) return;
+        if (exists) return;
     }
-    if (const auto sharedPath = FindSharedFile(labelsFolder, keyStem, line)) {
-        TextInput shared(*sharedPath);
+    if (const auto sharedPath = FindSharedFile(labelsFolder, keyStem, line, watch)) {
+        TextInput shared(*sharedPath, watch);
         ReadLabels(shared, line, table);
     }
 }

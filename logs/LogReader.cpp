@@ -20,7 +20,7 @@ void AppendThreeDigits(std::string& out, int number) {
 
 bool LogReader::Open(const std::filesystem::path& path) {
     m_stamps.fill(0.0);
-    return m_text.Open(path);
+    return m_text.Open(path, m_watch);
 }
 
 int LogReader::ReadLogHeader(SlotTable& slots) {

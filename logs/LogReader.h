@@ -25,7 +25,9 @@ enum class LogRow {
 // the file ends; the loop clears it at its start.
 class LogReader {
 public:
-    explicit LogReader(RunState& state) : m_state(state) {}
+    // The watch, if any, is asked in the midst of long lines. Where it answers that the log is no longer
+    // wanted, that is the end of the log.
+    explicit LogReader(RunState& state, ReadWatch* watch = nullptr) : m_state(state), m_watch(watch) {}
 
     // Opens a log at its start; the time stamps are 0 then. False if it cannot be opened.
     [[nodiscard]] bool Open(const std::filesystem::path& path);
@@ -62,6 +64,7 @@ private:
     int ReadObdRow(RecordBuffer& record);
 
     RunState& m_state;
+    ReadWatch* m_watch;
     LogText m_text;
     LogHeader m_header;
     std::array<double, kSlotRows> m_stamps{};

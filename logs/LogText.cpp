@@ -4,8 +4,8 @@
 
 namespace plotvane {
 
-bool LogText::Open(const std::filesystem::path& path) {
-    m_input = TextInput(path);
+bool LogText::Open(const std::filesystem::path& path, ReadWatch* watch) {
+    m_input = TextInput(path, watch);
     return m_input.IsOpen();
 }
 

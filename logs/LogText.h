@@ -18,7 +18,8 @@ public:
 
     enum class CellEnd { Comma, LineEnd, File };
 
-    bool Open(const std::filesystem::path& path);
+    // The watch, if any, is asked in the midst of long texts; see TextInput.
+    bool Open(const std::filesystem::path& path, ReadWatch* watch = nullptr);
     void Close() { m_input = TextInput(); }
 
     // Reads the text up to the comma, which is taken too, or up to the line end, which is not.

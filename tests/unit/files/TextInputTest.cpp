@@ -77,6 +77,44 @@ TEST_F(TextInputTest, IsNotOpenForAMissingFileOrAFolder) {
     EXPECT_FALSE(folder.IsOpen());
 }
 
+// Counts how often it was asked, and wants the text so many times.
+struct CountingWatch : ReadWatch {
+    bool GoOn() override { return ++asked < wanted; }
+
+    int asked = 0;
+    int wanted = 1'000'000;
+};
+
+TEST_F(TextInputTest, AsksItsWatchEvery64KilobytesAndChangesNothing) {
+    const std::string text = std::string(200'000, 'x') + "\r\nend";
+    test::WriteBytes(m_folder / "text", text);
+    CountingWatch watch;
+    TextInput input(m_folder / "text", &watch);
+    EXPECT_EQ(AllOf(input), std::string(200'000, 'x') + "\nend");
+    EXPECT_EQ(watch.asked, 3);
+    EXPECT_TRUE(input.IsOpen());
+}
+
+TEST_F(TextInputTest, AsksNobodyAboutAnOrdinaryFile) {
+    test::WriteBytes(m_folder / "text", std::string(60'000, 'x'));
+    CountingWatch watch;
+    TextInput input(m_folder / "text", &watch);
+    EXPECT_EQ(AllOf(input).size(), 60'000u);
+    EXPECT_EQ(watch.asked, 0);
+}
+
+TEST_F(TextInputTest, ATextThatIsNotWantedAnyMoreEndsThereForGood) {
+    test::WriteBytes(m_folder / "text", std::string(10'000'000, 'x'));
+    CountingWatch watch;
+    watch.wanted = 2;
+    TextInput input(m_folder / "text", &watch);
+    EXPECT_EQ(AllOf(input).size(), 2u * 65536u);
+    EXPECT_EQ(watch.asked, 2);
+    EXPECT_FALSE(input.IsOpen());
+    EXPECT_EQ(input.Get(), TextInput::kEnd);
+    EXPECT_EQ(watch.asked, 2);
+}
+
 #ifdef _WIN32
 // Only Windows lets a program keep a file to itself.
 TEST_F(TextInputTest, OutwaitsAProgramThatKeepsTheFileForAMoment) {

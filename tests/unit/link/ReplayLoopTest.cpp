@@ -285,5 +285,107 @@ TEST_F(ReplayLoopTest, StopBeforeTheFirstRowWritesNothing) {
     EXPECT_FALSE(std::filesystem::exists(folder / "Scaling"));
 }
 
+// A row, or a header, that is too long to be read in one go.
+const std::string kLongText(1'000'000, 'x');
+
+// Dispatches behind the third sample: fewer belong to the wait before the next row.
+constexpr int kInTheLongRow = 10;
+
+TEST_F(ReplayLoopTest, MessagesAreDispatchedWhileALongRowIsRead) {
+    Choose("x.csv", std::string(kLog) + "3," + kLongText + ",800,90.0,1.0,1.00,,,,,,,,,\n");
+    Load();
+    const int withLongRow = pump.dispatches;
+    Choose("x.csv", std::string(kLog) + "3,,800,90.0,1.0,1.00,,,,,,,,,\n");
+    state.reopenLog = false;
+    Load();
+    EXPECT_GE(withLongRow - (pump.dispatches - withLongRow), 10) << "some every 100 KB";
+    EXPECT_EQ(chart.samples.size(), 8u);
+}
+
+TEST_F(ReplayLoopTest, AStopInTheMidstOfALongRowEndsTheReplayThere) {
+    Choose("x.csv", std::string(kLog) + kLongText + kLongText);
+    int dispatchesBehindIt = 0;
+    pump.onDispatch = [&] {
+        if (chart.samples.size() < 3) return;
+        if (++dispatchesBehindIt == kInTheLongRow) dialog.Stop();
+    };
+    Load();
+    EXPECT_EQ(dispatchesBehindIt, kInTheLongRow) << "it is read no further";
+    EXPECT_TRUE(state.stopped);
+    EXPECT_TRUE(state.reopenLog);
+    EXPECT_EQ(chart.samples.size(), 3u);
+    EXPECT_TRUE(dialog.messages.empty());
+}
+
+// However the presses come: the row that is being read would take the other log's text for its own.
+TEST_F(ReplayLoopTest, NoLogIsOpenedWhileARowIsRead) {
+    Choose("x.csv", std::string(kLog) + kLongText + kLongText);
+    int dispatchesBehindIt = 0;
+    pump.onDispatch = [&] {
+        if (chart.samples.size() < 3 || ++dispatchesBehindIt != kInTheLongRow) return;
+        dialog.Stop();
+        dialog.Pause();
+        Load();
+        EXPECT_EQ(dialog.asked, 1);
+        EXPECT_TRUE(state.stopped);
+    };
+    Load();
+    EXPECT_TRUE(state.stopped);
+    pump.onDispatch = nullptr;
+    Choose("x.csv", kLog);
+    dialog.Pause();
+    EXPECT_EQ(chart.samples.size(), 3u + 3u);
+}
+
+TEST_F(ReplayLoopTest, ACloseInTheMidstOfALongHeaderPlaysNothing) {
+    Choose("x.csv", "Friday,20,November,2026,10:15:30\n038 906 019 FT," + kLongText + kLongText);
+    int dispatches = 0;
+    pump.onDispatch = [&] {
+        if (++dispatches == 2) dialog.Close();
+    };
+    Load();
+    EXPECT_EQ(dispatches, 2) << "it is read no further";
+    EXPECT_TRUE(state.stopped);
+    EXPECT_FALSE(state.logMode);
+    EXPECT_FALSE(dialog.stopActive);
+    EXPECT_TRUE(dialog.messages.empty());
+}
+
+TEST_F(ReplayLoopTest, ACloseWhileALogIsChosenPlaysNothing) {
+    dialog.whileAsked = [this] { dialog.Close(); };
+    Load();
+    EXPECT_TRUE(state.stopped);
+    EXPECT_TRUE(chart.samples.empty());
+}
+
+TEST_F(ReplayLoopTest, PressesWhileALogIsChosenAndItsHeaderReadOpenNoOther) {
+    Choose("x.csv",
+           "Friday,20,November,2026,10:15:30\n038 906 019 FT," + kLongText + std::string(kLog).substr(47));
+    const auto press = [this] {
+        if (state.logMode) return;
+        Load();
+        dialog.Pause();
+    };
+    dialog.whileAsked = press;
+    int dispatchesBefore = 0;
+    pump.onDispatch = [&] {
+        if (!state.logMode) ++dispatchesBefore;
+        press();
+    };
+    Load();
+    EXPECT_GE(dispatchesBefore, 10) << "some every 100 KB";
+    EXPECT_EQ(dialog.asked, 1);
+    EXPECT_EQ(chart.samples.size(), 3u);
+    EXPECT_TRUE(state.playing);
+}
+
+TEST_F(ReplayLoopTest, PressesBelowTheMessageThatALogIsGoneShowNoOther) {
+    Load();
+    std::filesystem::remove(folder / "x.csv");
+    dialog.whileMessage = [this] { dialog.Pause(); };
+    dialog.Pause();
+    EXPECT_EQ(dialog.messages.size(), 1u);
+}
+
 }  // namespace
 }  // namespace plotvane

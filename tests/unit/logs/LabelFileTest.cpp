@@ -276,5 +276,29 @@ TEST_F(LoadLabelsTest, ReadsAFileOfAModuleWithAnUmlaut) {
     EXPECT_EQ(TitleFor("M\xFCller-12345"), "Umlaut");
 }
 
+// Wants the labels so many times.
+struct Impatience : ReadWatch {
+    bool GoOn() override { return ++asked < wanted; }
+
+    int asked = 0;
+    int wanted = 0;
+};
+
+TEST_F(LoadLabelsTest, ReadsNoFileFurtherThanIsWanted) {
+    const std::string labels = "001,0,Part\n" + std::string(1'000'000, ';') + "\n001,0,Other\n";
+    for (const auto* name : {"038-906-019-FT.LBL", "038-906-019.LBL"}) {
+        Write(name, labels);
+        Impatience watch;
+        watch.wanted = 2;
+        LabelTable table;
+        LoadLabels(m_folder.Path(), "038-906-019-FT", table, &watch);
+        EXPECT_EQ(watch.asked, 2) << name;
+        watch.wanted = 1'000;
+        LoadLabels(m_folder.Path(), "038-906-019-FT", table, &watch);
+        EXPECT_EQ(table.GroupTitle(1), "Other") << name;
+        std::filesystem::remove(m_folder / name);
+    }
+}
+
 }  // namespace
 }  // namespace plotvane

@@ -23,7 +23,10 @@ public:
         ++closes;
         control->Stop();
     }
-    void ShowMessage(int textId, int captionId) override { messages.emplace_back(textId, captionId); }
+    void ShowMessage(int textId, int captionId) override {
+        messages.emplace_back(textId, captionId);
+        if (whileMessage) whileMessage();
+    }
 
     // RunButtons.
     void ShowStop(bool active) override { stopActive = active; }
@@ -42,12 +45,14 @@ public:
     // LogChooser.
     std::optional<std::filesystem::path> ChooseLog() override {
         ++asked;
+        if (whileAsked) whileAsked();
         return choice;
     }
 
     RunControl* control = nullptr;
     int closes = 0;
     std::vector<std::pair<int, int>> messages;
+    std::function<void()> whileMessage;  // what else happens while a message is shown
     bool stopActive = false;
     PauseImage pause = PauseImage::Idle;
     bool loadActive = false;
@@ -58,6 +63,7 @@ public:
     int titles = 0;
     std::optional<std::filesystem::path> choice;  // nothing: the user cancels
     int asked = 0;
+    std::function<void()> whileAsked;  // what else happens while the file dialog is open
 };
 
 }  // namespace plotvane::test

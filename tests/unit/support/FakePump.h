@@ -17,6 +17,7 @@ public:
 
     void SleepAndDispatch(int ms) override {
         ++dispatches;
+        if (onDispatch) onDispatch();
         const double awakeMs = m_nowMs + ms;
         m_nowMs = m_posted.empty() ? awakeMs : std::clamp(m_posted.front().first, m_nowMs, awakeMs);
         while (!m_posted.empty() && m_posted.front().first <= m_nowMs) {
@@ -32,6 +33,7 @@ public:
     void Pass(double ms) { m_nowMs += ms; }
 
     int dispatches = 0;
+    std::function<void()> onDispatch;  // once in each call, before the handlers whose time has come
 
 private:
     double m_nowMs = 1000.0;

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "files/ReadWatch.h"
+#include "model/MessagePump.h"
+#include "model/RunState.h"
+
+namespace plotvane {
+
+// Keeps the window alive while a file is read. A Stop or a close in the midst of it makes the file unwanted.
+class RunWatch : public ReadWatch {
+public:
+    RunWatch(MessagePump& pump, const RunState& state) : m_pump(pump), m_state(state) {}
+
+    bool GoOn() override {
+        const std::uint32_t stops = m_state.stops;
+        m_pump.SleepAndDispatch(0);
+        return stops == m_state.stops;
+    }
+
+private:
+    MessagePump& m_pump;
+    const RunState& m_state;
+};
+
+}  // namespace plotvane

@@ -1,0 +1,85 @@
+// Logs that take seconds to be read over: a line of gigabytes, or what a crash leaves where a file was to
+// grow, nothing but NULs. The window goes on answering, and what the user asks for ends the reading at once.
+#include "tests/system/support/Prompt.h"
+#include "tests/system/support/Records.h"
+#include "tests/system/support/Replay.h"
+
+namespace plotvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+// The disk does not have to hold them: nothing was ever written there.
+constexpr std::uintmax_t kNothing = std::uintmax_t{64} << 30;  // bytes; minutes of reading
+
+class LongRead : public Replay {
+protected:
+    // A file with that beginning, and nothing behind it.
+    std::filesystem::path WriteWithNothingBehind(const std::filesystem::path& name,
+                                                 std::string_view beginning) {
+        const auto path = WriteLog(name, beginning);
+        std::filesystem::resize_file(path, kNothing);
+        return path;
+    }
+    // Plays three rows of a log, and then comes the long one.
+    void PlayToTheLongRow() {
+        Start();
+        Load(WriteWithNothingBehind("long.csv",
+                                    ClassicLog({{"0.01", kIdle}, {"0.02", kIdle}, {"0.03", kDriving}})));
+        ASSERT_TRUE(session.Shows(0, L"1240 /min"));
+        ASSERT_TRUE(Becomes([this] { return main.Text(IDC_ELAPSED); }, L"0.03"));
+    }
+};
+
+TEST_F(LongRead, InARowKeepsTheWindowAliveAndACloseEndsIt) {
+    PlayToTheLongRow();
+    ASSERT_FALSE(HasFatalFailure());
+    EXPECT_TRUE(KeepsAnswering(main));
+    EXPECT_TRUE(main.IsEnabled(IDC_STOP)) << "it is still read";
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+TEST_F(LongRead, InARowIsEndedByAStop) {
+    PlayToTheLongRow();
+    ASSERT_FALSE(HasFatalFailure());
+    AnswerWatch answers(main.Get());
+    Press(IDC_STOP);
+    EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
+    EXPECT_TRUE(AnsweredPromptly(answers));
+    EXPECT_FALSE(HasDialog()) << "no complaint about the row";
+    Load(WriteLog("other.csv", LogThatLingersAt(kOther)));
+    EXPECT_TRUE(session.Shows(0, L"900 /min"));
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+TEST_F(LongRead, InAHeaderKeepsTheWindowAliveAndACloseEndsIt) {
+    Start();
+    Load(WriteWithNothingBehind("long.csv", "Friday,20,November,2026,10:15:30\r\n038 906 019 FT,Engine"));
+    AnswerWatch answers(main.Get());
+    // Neither opens anything over it.
+    main.PostClick(IDC_LOAD_LOG);
+    main.PostClick(IDC_PAUSE);
+    EXPECT_TRUE(Stays([this] { return HasDialog(); }, false, 1s));
+    EXPECT_TRUE(AnsweredPromptly(answers));
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+// They are read with the first record.
+TEST(LongReadOfLabels, KeepsTheWindowAliveAndACloseEndsIt) {
+    Session session;
+    const auto labels = session.Folder() / "labels" / "038-906-019-FT.LBL";
+    std::filesystem::create_directory(labels.parent_path());
+    WriteBytes(labels, "001,1,Engine speed\r\n");
+    std::filesystem::resize_file(labels, kNothing);
+    session.StartWithHost();
+    const RemoteWindow main = session.Main();
+    ASSERT_TRUE(Becomes([&] { return main.IsEnabled(IDC_PAUSE); }, true));
+    session.Host().SendRecord(kFirstRecord);
+    ASSERT_TRUE(Becomes([&] { return session.Host().Unread(); }, 0u));
+    EXPECT_TRUE(KeepsAnswering(main));
+    EXPECT_EQ(session.ValueText(0), L"") << "they are still read";
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+}  // namespace
+}  // namespace plotvane::test
