@@ -42,6 +42,14 @@ bool IsDeviceName(std::string_view fileName) {
     return std::ranges::find(kNames, name) != kNames.end();
 }
 
+bool NamesDevice(const std::filesystem::path& path) {
+    std::string name;
+    for (const char16_t character : path.filename().u16string()) {
+        name += character <= 0xFF ? static_cast<char>(character) : '?';  // no device's name has such
+    }
+    return IsDeviceName(name);
+}
+
 bool IsSafeFileName(std::string_view fileName) {
     if (fileName.empty() || fileName.back() == '.' || fileName.back() == ' ') return false;
     return std::ranges::none_of(fileName, BreaksFileName) && !IsDeviceName(fileName);

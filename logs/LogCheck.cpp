@@ -1,5 +1,7 @@
 #include "logs/LogCheck.h"
 
+#include "files/FileName.h"
+#include "files/FileOperations.h"
 #include "files/TextInput.h"
 
 namespace plotvane {
@@ -31,9 +33,15 @@ bool TakeTimeOfDay(TextInput& input) {
            TakeTwoDigits(input);
 }
 
+// Opening a device, or reading something else that is no file, could wait for ever.
+bool MayWait(const std::filesystem::path& path) {
+    return NamesDevice(path) || KindOf(path) == FileKind::Other;
+}
+
 }  // namespace
 
 LogCheck CheckLog(const std::filesystem::path& path) {
+    if (MayWait(path)) return LogCheck::Unreadable;
     TextInput input(path);
     if (!input.IsOpen()) return LogCheck::Unreadable;
     return FindTime(input) && TakeTimeOfDay(input) ? LogCheck::HostLog : LogCheck::SomethingElse;

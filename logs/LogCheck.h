@@ -6,7 +6,7 @@ namespace plotvane {
 
 enum class LogCheck {
     HostLog,       // a log of the host's
-    Unreadable,    // the file cannot be opened
+    Unreadable,    // the file cannot be opened, or is a device
     SomethingElse  // its first line is not that of a log
 };
 

@@ -34,6 +34,18 @@ TEST(IsDeviceName, LetsOtherNamesPass) {
         EXPECT_FALSE(IsDeviceName(name)) << name;
 }
 
+TEST(NamesDevice, LooksAtTheLastNameOfAPath) {
+    const std::filesystem::path folder = "LOGS";
+    for (const auto* name : {u"COM1", u"con", u"nul.csv", u"LPT\u00B9", u"aux:"}) {
+        EXPECT_TRUE(NamesDevice(name));
+        EXPECT_TRUE(NamesDevice(folder / name));
+    }
+    for (const auto* name : {u"COM\u0131", u"COM1x.csv", u"\u041A\u041E\u041C1", u""}) {
+        EXPECT_FALSE(NamesDevice(folder / name));
+    }
+    EXPECT_FALSE(NamesDevice(std::filesystem::path("COM1") / "x.csv"));
+}
+
 TEST(IsSafeFileName, AcceptsPlainNames) {
     for (const std::string_view name :
          {"038-906-019-FT.SCL", "OBD.SCL", "a", ".SCL", "-CON.SCL", "CONSOLE.SCL", "COM.SCL", "COM10.SCL",

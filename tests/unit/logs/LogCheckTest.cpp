@@ -54,6 +54,20 @@ TEST_F(LogCheckTest, EndsAtAnEndOfFileByte) {
               LogCheck::SomethingElse);
 }
 
+// On some systems such a name is that of a file, and it would be a log's.
+TEST_F(LogCheckTest, OpensNoDevice) {
+    for (const auto* name : {"COM1", "com1.csv", "NUL", "con.txt"}) {
+        EXPECT_EQ(CheckLog(m_folder / name), LogCheck::Unreadable) << name;
+#ifndef _WIN32
+        test::WriteBytes(m_folder / name, ",,,,00:00:00");
+        EXPECT_EQ(CheckLog(m_folder / name), LogCheck::Unreadable) << name;
+#endif
+    }
+#ifndef _WIN32
+    EXPECT_EQ(CheckLog("/dev/zero"), LogCheck::Unreadable);
+#endif
+}
+
 TEST_F(LogCheckTest, SaysWhenTheFileCannotBeOpened) {
     EXPECT_EQ(CheckLog(m_folder / "none.csv"), LogCheck::Unreadable);
     EXPECT_EQ(CheckLog(m_folder.Path()), LogCheck::Unreadable);
