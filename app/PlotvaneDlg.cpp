@@ -51,9 +51,9 @@ MeterTexts LoadMeterTexts() {
             LoadText(IDS_LITRES_PER_100KM)};
 }
 
-// Asks the windows that belong to a window to close, first those that belong to them: meters, and dialogs and
-// messages that are open over it. Each of these may have a loop of its own on the stack, in which the program
-// would go on for ever.
+// Asks the windows that belong to a window to close, the topmost first: meters, and dialogs and messages that
+// are open over it. Each of these may have a loop of its own on the stack, in which the program would go on
+// for ever.
 void CloseOwnedWindows(HWND owner) {
     const auto closeOne = [](HWND window, LPARAM its) -> BOOL {
         if (::GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(its)) return TRUE;
@@ -62,6 +62,16 @@ void CloseOwnedWindows(HWND owner) {
         return TRUE;
     };
     ::EnumThreadWindows(::GetCurrentThreadId(), closeOne, reinterpret_cast<LPARAM>(owner));
+}
+
+// Ends the loops in which the system itself dispatches this thread's messages, while a menu is open or the
+// mouse is held down on a button of a title bar: in these, too, the program would go on for ever.
+void EndSystemLoops() {
+    ::EndMenu();
+    const HWND holder = ::GetCapture();
+    if (!holder) return;
+    ::ReleaseCapture();
+    ::PostMessageW(holder, WM_LBUTTONUP, 0, 0);  // not every system takes the loss of the mouse for an end
 }
 
 AcquisitionTexts LoadAcquisitionTexts() {
@@ -204,6 +214,7 @@ void CPlotvaneDlg::ShowOrDecideMode() {
 
 // Live with the host, else logs. Live, this handler returns when the run is over.
 void CPlotvaneDlg::DecideMode() {
+    if (m_closing) return;
     CRect load;
     ::GetWindowRect(GetDlgItem(IDC_LOAD_LOG), &load);
     ::SetCursorPos((load.left + load.right) / 2, (load.top + load.bottom) / 2);
@@ -283,13 +294,28 @@ void CPlotvaneDlg::OnPaint() {
     ::DrawIcon(dc.GetSafeHdc(), x, y, m_icon);
 }
 
+// While a dialog or a message is over the window, nobody can press anything in it; what is posted nonetheless
+// would open one over another until the stack is full. And once the window closes, nothing begins any more
+// that would keep the program running without it.
+bool CPlotvaneDlg::MayBegin() const {
+    return !m_closing && ::IsWindowEnabled(m_hWnd);
+}
+
+void CPlotvaneDlg::OnPause() {
+    if (MayBegin()) Pause();
+}
+
+void CPlotvaneDlg::OnLoadLog() {
+    if (MayBegin()) m_acquisition.control.LoadLog();
+}
+
 void CPlotvaneDlg::OnSysCommand(UINT id, LPARAM lParam) {
     switch (id & 0xFFF0) {
         case ID_SYSMENU_PREFERENCES:
-            ShowPreferences();
+            if (MayBegin()) ShowPreferences();
             break;
         case ID_SYSMENU_ABOUT:
-            CAboutDlg(m_hWnd).DoModal();
+            if (MayBegin()) CAboutDlg(m_hWnd).DoModal();
             return;
     }
     CDialog::OnSysCommand(id, lParam);
@@ -307,6 +333,7 @@ void CPlotvaneDlg::ShowPreferences() {
 void CPlotvaneDlg::OnClose() {
     if (m_closing) return;
     m_closing = true;
+    EndSystemLoops();
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
     ::SetFocus(nullptr);        // a limit that was typed and not left yet counts: its edit is left now
     Stop();

@@ -53,8 +53,8 @@ private:
 
     // Run buttons.
     void OnStop() { Stop(); }
-    void OnPause() { Pause(); }
-    void OnLoadLog() { m_acquisition.control.LoadLog(); }
+    void OnPause();
+    void OnLoadLog();
     void OnReplayFaster();
     void OnReplaySlower();
 
@@ -80,6 +80,7 @@ private:
     void ApplyColours();
     void SetIcons();
 
+    bool MayBegin() const;
     void ShowOrDecideMode();
     void DecideMode();
     void StepTitleHint();

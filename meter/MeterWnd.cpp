@@ -1,5 +1,7 @@
 #include "meter/MeterWnd.h"
 
+#include <algorithm>
+
 #include "framework/Text.h"
 #include "res/resource.h"
 
@@ -120,7 +122,7 @@ void CMeterWnd::OnContextMenu(HWND, POINT place) {
 
 void CMeterWnd::OnDestroy() {
     // Nobody is left to take the colour, and a chooser without a meter would keep the program from ending.
-    for (ColorChooser* chooser : m_choosers) chooser->Cancel();
+    for (const OpenChooser& open : m_choosers) open.chooser->Cancel();
     *m_ownerSlot = nullptr;
     delete this;  // which takes the window from this object, so that its last message finds nobody
 }
@@ -197,10 +199,13 @@ void CMeterWnd::ShowValue() {
     m_painter.Paint(*m_windowDc, GetClientRect(), m_gauge);
 }
 
+// A chooser for each of the colours, however often one is asked for.
 void CMeterWnd::LetUserChoose(void (CMeterWnd::*set)(COLORREF)) {
+    const auto isForIt = [set](const OpenChooser& open) { return open.set == set; };
+    if (std::ranges::any_of(m_choosers, isForIt)) return;
     const HWND window = m_hWnd;
     ColorChooser chooser;
-    m_choosers.push_back(&chooser);
+    m_choosers.push_back({set, &chooser});
     const std::optional<Colour> colour = chooser.Run();
     // The user could close the meter, or the whole program, while the chooser was open.
     if (FromHandle(window) != this) return;

@@ -57,6 +57,11 @@ private:
     void OnSelectTicksColor();
     void OnResetPeak();
 
+    struct OpenChooser {
+        void (CMeterWnd::*set)(COLORREF);  // takes its colour
+        ColorChooser* chooser;
+    };
+
     void Apply(GaugeChange change);
     void InvalidateBackground();
     void ShowValue();
@@ -67,7 +72,7 @@ private:
     std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
     bool m_isPaintDue = false;            // the window is invalid
     CMeterWnd** const m_ownerSlot;
-    std::vector<ColorChooser*> m_choosers;  // open now, the innermost last; on the stack of LetUserChoose
+    std::vector<OpenChooser> m_choosers;  // the innermost last; on the stack of LetUserChoose
     DECLARE_MESSAGE_MAP()
 };
 

@@ -26,6 +26,18 @@ protected:
         }
         ASSERT_EQ(OpenMeters(main).size(), kAllMeters);
     }
+    // Waits until what was posted to the window has been handled: a press that is posted behind it shows.
+    ::testing::AssertionResult HandlesAll() {
+        const std::wstring before = main.Text(IDC_SHIFT_LABEL);
+        main.PostClick(before.ends_with(L":3") ? IDC_SHIFT_UP : IDC_SHIFT_DOWN);
+        return Becomes(
+            [&] {
+                return !session.Process().Running()           ? L"the program has ended"
+                       : main.Text(IDC_SHIFT_LABEL) == before ? L"not yet"
+                                                              : L"handled";
+            },
+            std::wstring(L"handled"));
+    }
     // A log with all twelve fields; the first shows "<speed> /min".
     static std::string FullLog(int speed) {
         std::string log =
@@ -105,6 +117,126 @@ TEST_F(RoughHandling, AWindowThatIsPulledAboutEndsUpLaidOutForItsLastSize) {
     EXPECT_LE(answers.MedianMs(), answers.BoundMs()) << "laying out is dear, but must not pile up";
     EXPECT_TRUE(ComesBackToLife());
     EXPECT_TRUE(ClosesPromptly(session));
+}
+
+// Presses that were posted all at once, in more numbers than a stack could hold holds: each second one
+// resumes the hold that the one before it began.
+class FloodOfPauses : public RoughHandling, public ::testing::WithParamInterface<ProgramState> {};
+
+TEST_P(FloodOfPauses, LeavesOneHoldAtMost) {
+    Enter(GetParam());
+    ASSERT_FALSE(HasFatalFailure());
+    const LRESULT before = Buttons().pauseImage;
+    constexpr int kPresses = 4000;  // a multiple of two
+    for (int press = 0; press < kPresses; ++press) main.PostClick(IDC_PAUSE);
+    ASSERT_TRUE(HandlesAll());
+    EXPECT_EQ(Buttons().pauseImage, before);
+    EXPECT_TRUE(ComesBackToLife());
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+INSTANTIATE_TEST_SUITE_P(In, FloodOfPauses,
+                         ::testing::Values(ProgramState::LiveRunning, ProgramState::LiveHeld,
+                                           ProgramState::ReplayPlaying, ProgramState::ReplayHeld),
+                         [](const auto& info) { return NameOf(info.param); });
+
+// What opens a dialog or a message, asked for over and over without a look at the one that is open already.
+struct Request {
+    const char* name;
+    ProgramState state;
+    UINT message;
+    WPARAM wParam;
+};
+
+void PrintTo(const Request& request, std::ostream* out) {
+    *out << request.name;
+}
+
+constexpr Request kRequests[] = {
+    {"Preferences", ProgramState::LiveRunning, WM_SYSCOMMAND, ID_SYSMENU_PREFERENCES},
+    {"About", ProgramState::LiveHeld, WM_SYSCOMMAND, ID_SYSMENU_ABOUT},
+    {"AboutInAReplay", ProgramState::ReplayPlaying, WM_SYSCOMMAND, ID_SYSMENU_ABOUT},
+    {"Load", ProgramState::Idle, WM_COMMAND, IDC_LOAD_LOG},
+    {"ReplayOfALogThatIsGone", ProgramState::ReplayEnded, WM_COMMAND, IDC_PAUSE}};
+
+class FloodOfRequests : public RoughHandling, public ::testing::WithParamInterface<Request> {};
+
+TEST_P(FloodOfRequests, OpensOneWindow) {
+    Enter(GetParam().state);
+    ASSERT_FALSE(HasFatalFailure());
+    std::filesystem::remove(session.Folder() / "LOGS" / "x.csv");
+    const auto ask = [this] {
+        for (int request = 0; request < 200; ++request) main.Post(GetParam().message, GetParam().wParam);
+    };
+    ask();
+    ASSERT_TRUE(Becomes([this] { return WindowsOf(main.ProcessId()).size(); }, 2u));
+    ask();
+    EXPECT_TRUE(HandlesAll());
+    EXPECT_TRUE(Stays([this] { return WindowsOf(main.ProcessId()).size(); }, 2u, 500ms));
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+INSTANTIATE_TEST_SUITE_P(For, FloodOfRequests, ::testing::ValuesIn(kRequests),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// Presses that were posted behind a close must not start what the close has ended: the program would go on
+// without a window.
+TEST_F(RoughHandling, PressesBehindACloseKeepNothingAlive) {
+    for (const ProgramState state : {ProgramState::LiveRunning, ProgramState::LiveHeld}) {
+        Enter(state);
+        ASSERT_FALSE(HasFatalFailure());
+        main.Close();
+        for (int press = 0; press < 3; ++press) main.PostClick(IDC_PAUSE);
+        EXPECT_TRUE(EndsPromptly(session));
+        feed.reset();
+    }
+}
+
+// The system's dialog for files takes their names for those of files, and opening one waits for a device.
+TEST_F(RoughHandling, ADeviceIsNoLog) {
+    Start();
+    for (const auto* name : {L"COM1", L"com1.csv", L"AUX", L"NUL", L"CON", L"LPT1"}) {
+        Load(name);
+        ConfirmMessage(L"Sorry, can't open this file.", L"Error");
+    }
+    EXPECT_TRUE(KeepsAnswering(main, 100ms));
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+// That dialog says by itself that there is no such file, in a message of its own.
+TEST_F(RoughHandling, TheProgramClosesOverAMessageOfTheFileDialog) {
+    Start();
+    Press(IDC_LOAD_LOG);
+    const RemoteWindow dialog = FileDialog();
+    Type(dialog, L"missing.csv");
+    dialog.PostClick(IDOK);
+    ASSERT_TRUE(Becomes([this] { return WindowsOf(main.ProcessId()).size(); }, 3u));
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+// In these the system dispatches the program's messages itself.
+TEST_F(RoughHandling, TheProgramClosesOverAnOpenMenuAndAMouseThatIsHeldDown) {
+    const auto endsAfter = [this](const char* what, UINT message, WPARAM wParam, LPARAM lParam, DWORD flag) {
+        Enter(ProgramState::LiveRunning);
+        ASSERT_FALSE(HasFatalFailure());
+        main.Post(message, wParam, lParam);
+        const DWORD thread = ::GetWindowThreadProcessId(main.Get(), nullptr);
+        ASSERT_TRUE(Becomes(
+            [&] {
+                GUITHREADINFO info{};
+                info.cbSize = sizeof info;
+                ::GetGUIThreadInfo(thread, &info);
+                return (info.flags & flag) != 0 || (flag == 0 && info.hwndCapture == main.Get());
+            },
+            true))
+            << what;
+        EXPECT_TRUE(ClosesPromptly(session)) << what;
+        feed.reset();
+    };
+    endsAfter("system menu by key", WM_SYSCOMMAND, SC_KEYMENU, L' ', GUI_INMENUMODE);
+    endsAfter("system menu by mouse", WM_SYSCOMMAND, SC_MOUSEMENU | HTSYSMENU, 0, GUI_INMENUMODE);
+    endsAfter("minimise button", WM_NCLBUTTONDOWN, HTMINBUTTON, 0, 0);
+    endsAfter("close button", WM_NCLBUTTONDOWN, HTCLOSE, 0, 0);
 }
 
 // Each ends silently and by itself, and the first goes on as if nothing were.

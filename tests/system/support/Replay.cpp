@@ -37,12 +37,16 @@ RemoteWindow Replay::FileDialog() const {
     return dialog;
 }
 
+void Replay::Type(const RemoteWindow& fileDialog, const std::filesystem::path& path) {
+    // Which of the two it has depends on the system.
+    const int name = fileDialog.Control(cmb13).Exists() ? cmb13 : edt1;
+    fileDialog.Control(name).Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    EXPECT_EQ(fileDialog.Text(name), path.wstring());
+}
+
 void Replay::Choose(const std::filesystem::path& path) {
     const RemoteWindow dialog = FileDialog();
-    // Which of the two it has depends on the system.
-    const int name = dialog.Control(cmb13).Exists() ? cmb13 : edt1;
-    dialog.Control(name).Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-    EXPECT_EQ(dialog.Text(name), path.wstring());
+    Type(dialog, path);
     dialog.PostClick(IDOK);
     EXPECT_TRUE(Becomes([&] { return dialog.Exists(); }, false));
 }

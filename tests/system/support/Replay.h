@@ -32,6 +32,9 @@ protected:
     // The program's dialog for choosing a log, after Load was pressed; waited for.
     RemoteWindow FileDialog() const;
 
+    // Types a path into that dialog.
+    static void Type(const RemoteWindow& fileDialog, const std::filesystem::path& path);
+
     // Types a path into that dialog and confirms.
     void Choose(const std::filesystem::path& path);
 

@@ -201,6 +201,19 @@ TEST(MeterColor, MayBeChosenTwiceAtATime) {
     EXPECT_EQ(meter.Shown().NeedleColor(), RGB(9, 9, 9));
 }
 
+// However often the item of the menu is asked for.
+TEST(MeterColor, HasOneChooserForEachColour) {
+    MeterSlot slot;
+    const HWND window = slot.Open().GetSafeHwnd();
+    std::size_t shown = 0;
+    EXPECT_TRUE(WithChooser(window, ID_METER_FACE_COLOUR, [&](HWND chooser) {
+        ::SendMessageW(window, WM_COMMAND, ID_METER_FACE_COLOUR, 0);
+        shown = OpenChoosers().size();
+        Press(chooser, IDOK);
+    }));
+    EXPECT_EQ(shown, 1u);
+}
+
 TEST(MeterColor, ClosesBothChoosersWithTheMeter) {
     MeterSlot slot;
     const HWND window = slot.Open<BuriedMeter>().GetSafeHwnd();
