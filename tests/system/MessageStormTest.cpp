@@ -1,0 +1,41 @@
+// Programs that post what they like. PLOTVANE_STORMS says how many storms go over each state; by itself one
+// does.
+#include <cstdlib>
+
+#include "tests/system/support/MessageStorm.h"
+#include "tests/system/support/ProgramState.h"
+
+namespace plotvane::test {
+namespace {
+
+constexpr int kMessages = 1500;
+
+unsigned StormsEach() {
+    const char* const wanted = std::getenv("PLOTVANE_STORMS");
+    return wanted ? static_cast<unsigned>(std::atoi(wanted)) : 1;
+}
+
+class StormOver : public AnyState, public ::testing::WithParamInterface<ProgramState> {};
+
+TEST_P(StormOver, LeavesAProgramThatAnswersAndCloses) {
+    const auto state = static_cast<unsigned>(GetParam());
+    for (unsigned storm = 0; storm < StormsEach(); ++storm) {
+        const unsigned seed = storm * 100 + state;
+        Enter(GetParam());
+        ASSERT_FALSE(HasFatalFailure()) << "before seed " << seed;
+        MessageStorm(main, seed).Post(kMessages);
+        EXPECT_TRUE(main.Answers(kDeadline)) << "seed " << seed;
+        ASSERT_TRUE(session.Process().Running())
+            << "seed " << seed << ", ended with " << session.Process().ExitCode();
+        main.Close();
+        ASSERT_TRUE(session.Process().EndsWithin(kDeadline)) << "seed " << seed;
+        ASSERT_EQ(session.Process().ExitCode(), 0u) << "seed " << seed;
+        feed.reset();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(In, StormOver, ::testing::ValuesIn(kProgramStates),
+                         [](const auto& info) { return NameOf(info.param); });
+
+}  // namespace
+}  // namespace plotvane::test
