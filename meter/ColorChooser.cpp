@@ -5,7 +5,7 @@
 namespace plotvane {
 
 std::optional<Colour> ColorChooser::Run() {
-    std::array<COLORREF, 16> ownColours;  // the chooser shows them, and needs room for as many
+    std::array<COLORREF, 16> ownColours;  // the chooser requires room for as many as it shows
     ownColours.fill(kWhite);
     CHOOSECOLORW options{};
     options.lStructSize = sizeof options;

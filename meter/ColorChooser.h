@@ -10,18 +10,18 @@
 
 namespace plotvane {
 
-// The system's colour chooser, with its basic colours only: none is preselected, and the part for colours of
-// one's own stays closed. It has no owner, so all other windows go on working.
+// The system's colour chooser with its basic colours only: none is selected at first, and the part for custom
+// colours stays closed. It has no owner, so all other windows keep working.
 class ColorChooser {
 public:
     ColorChooser() = default;
     ColorChooser(const ColorChooser&) = delete;
     ColorChooser& operator=(const ColorChooser&) = delete;
 
-    // Dispatches messages until the user has chosen; nothing if he cancels.
+    // Dispatches messages until the user has chosen a colour; nothing if the user cancels.
     std::optional<Colour> Run();
 
-    // Ends Run without a colour. For handlers that Run dispatches.
+    // Makes Run return without a colour; for handlers that Run dispatches.
     void Cancel();
 
 private:

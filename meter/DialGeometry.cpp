@@ -28,7 +28,7 @@ double AngleOfValue(double value, double minimum, double maximum) {
     const double start = DegreesToRadians(kStartDegrees);
     const double end = DegreesToRadians(kEndDegrees);
     double angle = (value - minimum) * (end - start) / (maximum - minimum) + start;
-    // Asked this way round, and the end first, so that NaN becomes the end too.
+    // In this form, and with the end compared first, so that NaN becomes the end too.
     if (!(angle > end)) angle = end;
     if (!(angle < start)) angle = start;
     return angle;

@@ -34,7 +34,7 @@ struct DialNeedle {
     DialTriangle shaded;
 };
 
-// Where the texts go: each is centred on x, with its baseline at y.
+// Where the texts go: each is centred on its x, and its baseline is at its y.
 struct DialTextPlaces {
     DialPoint value;
     DialPoint peak;
@@ -42,8 +42,8 @@ struct DialTextPlaces {
     DialPoint maxLabel;
 };
 
-// The outline of the face: the outer arc from the right end of the scale over the top to the left end, then
-// the inner arc back again.
+// The outline of the face: along the outer arc from the right end of the scale over the top to the left end,
+// then back along the inner arc.
 constexpr std::size_t kArcPoints = 67;
 using FacePoints = std::array<DialPoint, 2 * kArcPoints>;
 
@@ -52,21 +52,21 @@ constexpr std::size_t kTicks = 21;
 // Angles are radians, counter-clockwise from the positive x axis.
 double DegreesToRadians(double degrees);
 
-// Halves go away from zero.
+// Halves round away from zero.
 int RoundToPixel(double coordinate);
 
-// The angle of a value on a scale of 330 degrees that runs clockwise over the top: the minimum at 255
-// degrees, the maximum at -75. What lies beyond an end is pinned to that end; so is NaN, which an empty range
-// gives for its own value, to the maximum's.
+// The angle of a value on a scale of 330 degrees that runs clockwise over the top: the minimum is at 255
+// degrees, the maximum at -75. A value beyond an end gets the angle of that end. NaN, the result of an empty
+// range for its own value, gets the angle of the maximum.
 double AngleOfValue(double value, double minimum, double maximum);
 
 // Everything on the dial, measured from a client rectangle. Only the height sets the size: in a wide window
-// the dial stays centred, with empty background left and right.
+// the dial is centred, with empty background on the left and right.
 class DialGeometry {
 public:
     explicit DialGeometry(const DialRect& client);
 
-    // In a window less than a few pixels high there is no dial, only background.
+    // A window only a few pixels high has no dial, only background.
     bool HasDial() const { return m_radius >= 2; }
 
     DialPoint Centre() const { return m_centre; }
@@ -76,11 +76,11 @@ public:
 
     FacePoints Face() const;
 
-    // Every 15 degrees, from the rim inwards; none at the two ends of the scale.
+    // Every 15 degrees, from the rim inwards; none at either end of the scale.
     std::array<DialLine, kTicks> Ticks() const;
 
-    // A thin kite across the centre. The light always falls on the same side of it, so the halves change
-    // roles when it swings past the top.
+    // A thin kite across the centre. The light always comes from the same side, so the halves swap roles when
+    // the needle passes the top.
     DialNeedle Needle(double angle) const;
 
     // Wedges on the rim that lean towards the inside of the span between them.
@@ -89,7 +89,7 @@ public:
 
     int FontHeight() const;
 
-    // `textHeight` is the cell height of the font that was made for FontHeight().
+    // `textHeight` is the cell height of the font with the height FontHeight().
     DialTextPlaces TextPlaces(int textHeight) const;
 
 private:
@@ -101,8 +101,8 @@ private:
     int m_innerRadius;
 };
 
-// The line around the face that makes it look sunken: points 0..67 are joined in the shadow colour, 67..133
-// and back to 0 in the highlight colour.
+// The line around the face that makes it look sunken: the shadow colour joins points 0..67, the highlight
+// colour joins 67..133 and back to 0.
 FacePoints BevelOf(const FacePoints& face);
 
 }  // namespace plotvane

@@ -20,7 +20,7 @@ CFont CreateMeterFont(int height) {
 void DrawBackground(CDC& dc, const CRect& client, Colour colour) {
     const CBrush brush{::CreateSolidBrush(colour)};
     const Selected brushInDc{dc, brush};
-    dc.Rectangle(client);  // outlined by the black pen that a new device context has
+    dc.Rectangle(client);  // the default black pen of a new device context draws the outline
 }
 
 void DrawBevel(CDC& dc, const FacePoints& face) {

@@ -7,23 +7,22 @@
 
 namespace plotvane {
 
-// Everything of a meter that stays as it is from value to value: background, bevel, face, ticks and the
-// labels at the ends of the scale, drawn once; and the font, the places and the outline that the moving parts
-// need.
+// The parts of a meter that do not change with the value: background, bevel, face, ticks and the labels at
+// the ends of the scale, drawn once; also the font, the places and the outline that the moving parts need.
 class DialPicture {
 public:
-    // For a window with this client rectangle, on a device like `like`.
+    // For a window with this client rectangle, on a device compatible with `like`.
     DialPicture(HDC like, const CRect& client, const Gauge& gauge);
     DialPicture(const DialPicture&) = delete;
     DialPicture& operator=(const DialPicture&) = delete;
 
-    // False if Windows had no room for it; try again later.
+    // False if Windows had no memory for it; try again later.
     explicit operator bool() const { return m_dc && m_bitmap; }
 
     HDC Dc() const { return m_dc.Get(); }
     const DialGeometry& Geometry() const { return m_geometry; }
 
-    // Null, and meaningless, where the geometry has no dial.
+    // Null, and meaningless, if the geometry has no dial.
     HRGN FaceRegion() const { return m_faceRegion.Get(); }
     const CFont& Font() const { return m_font; }
     const DialTextPlaces& TextPlaces() const { return m_textPlaces; }
@@ -37,7 +36,7 @@ private:
     DialTextPlaces m_textPlaces;
     CRgn m_faceRegion;
     CFont m_font;
-    // In this order, so that the bitmap is out of the device context before either goes.
+    // In this order, so that the bitmap is out of the device context before either is freed.
     MemoryDc m_dc;
     CBitmap m_bitmap;
     Selected m_bitmapInDc;

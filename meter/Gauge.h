@@ -7,7 +7,7 @@
 
 namespace plotvane {
 
-// What has to be painted anew after a change.
+// What must be repainted after a change.
 enum class GaugeChange {
     None,
     Moving,  // needle, markers and texts
@@ -17,11 +17,12 @@ enum class GaugeChange {
 // What a meter shows: numbers, texts and colours. Texts are Windows-1252 bytes.
 class Gauge {
 public:
-    // Moves the needle, and each marker that is shown if the value lies beyond it; the marker that is not
-    // shown is frozen. A value that is no finite number is dropped: it would stick to the markers for ever.
+    // Moves the needle. Also moves each marker that is shown if the value lies beyond it; a hidden marker
+    // stays where it is. Ignores a value that is not finite: it would stick to the markers for ever.
     GaugeChange SetValue(double value);
 
-    // A new range restarts both markers: each at the far end of the scale, for the next value to fetch it.
+    // A new range restarts both markers: each moves to the far end of the scale, so that the next value moves
+    // it.
     GaugeChange SetRange(double minimum, double maximum);
 
     GaugeChange SetValueDecimals(int decimals);
@@ -33,13 +34,14 @@ public:
     GaugeChange SetFaceColor(Colour colour);
     GaugeChange SetTicksColor(Colour colour);
 
-    // The switches of the context menu. They ask for no painting: the change shows with the next value.
+    // The switches of the context menu. They request no repaint: the change shows with the next value.
     void ToggleMaxMarker() { m_showMaxMarker = !m_showMaxMarker; }
     void ToggleMinMarker() { m_showMinMarker = !m_showMinMarker; }
     void TogglePeak() { m_showPeak = !m_showPeak; }
     void ResetPeak() { m_maxSeen = m_value; }  // the lowest value stays where it was
 
-    // White face with black ticks, or black with white: what was chosen for the two before is lost.
+    // Switches between a white face with black ticks and a black face with white ticks. Colours chosen for
+    // the two before are lost.
     GaugeChange ToggleSwappedColors();
 
     double Value() const { return m_value; }
@@ -61,8 +63,7 @@ public:
     Colour BackgroundColor() const { return m_backgroundColor; }
     Colour TicksColor() const { return m_ticksColor; }
 
-    // Each adds its text at the end of `out`. Value and peak have a blank before the unit, also before an
-    // empty one.
+    // Each appends its text to `out`. Value and peak have a blank before the unit, even before an empty one.
     void AppendValueText(std::string& out) const;
     void AppendPeakText(std::string& out, std::string_view label) const;
     void AppendMinLabel(std::string& out) const;

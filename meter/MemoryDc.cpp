@@ -61,7 +61,7 @@ void CMemoryDC::Begin(MemorySurface& surface) {
     CRect device = m_rect;
     const auto corners = reinterpret_cast<POINT*>(static_cast<RECT*>(&device));
     ::LPtoDP(m_target, corners, 2);
-    // A target whose y axis points upwards turns the rectangle over.
+    // If the target's y axis points upwards, the rectangle is upside down.
     m_hDC = surface.Fit(m_target, std::abs(device.Width()), std::abs(device.Height()));
     ::SetMapMode(m_hDC, ::GetMapMode(m_target));
     ::DPtoLP(m_target, corners, 2);

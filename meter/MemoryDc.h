@@ -7,16 +7,17 @@
 
 namespace plotvane {
 
-// What a CMemoryDC draws on. Whoever paints the same window with every sample keeps it: making a device
-// context and a bitmap anew costs more than a small drawing.
+// What a CMemoryDC draws on. Code that paints the same window for every sample keeps one, because creating a
+// device context and a bitmap costs more than a small drawing.
 class MemorySurface {
 public:
-    // A memory device context like `like` with a bitmap of this size, made anew only where the size differs.
-    // What was drawn last may still be on it.
+    // A memory device context compatible with `like`, with a bitmap of this size; created again only if the
+    // size differs. The last drawing may still be on it.
     HDC Fit(HDC like, int width, int height);
 
-    // Selects the font, unless one was given before, and leaves it so until the surface is made anew or
-    // released: to choose a font takes longer than to write a short text. It has to live until then.
+    // Selects the font, unless a font was given before, and keeps it selected until the surface is created
+    // again or released: selecting a font takes longer than writing a short text. The font must live until
+    // then.
     void KeepFont(const CFont& font);
 
     void Release();
@@ -24,25 +25,25 @@ public:
 private:
     int m_width = 0;
     int m_height = 0;
-    // In this order, so that bitmap and font are out of the device context before it goes.
+    // In this order, so that bitmap and font are out of the device context before it is freed.
     MemoryDc m_dc;
     CBitmap m_bitmap;
     std::optional<Selected> m_bitmapInDc;
     std::optional<Selected> m_fontInDc;
 };
 
-// Painting without flicker: what is drawn on it goes to a picture of its own, filled with the target's
-// background colour, and reaches the target in one piece when this object dies. Coordinates are the target's.
+// Painting without flicker: the drawing goes to a bitmap that is first filled with the target's background
+// colour. The destructor copies it to the target in one piece. Coordinates are the target's.
 //
-// A target that is no screen (a printer, a metafile) gets the drawing itself instead, at once.
+// If the target is not a screen (but a printer or a metafile), the drawing goes straight to it.
 class CMemoryDC : public CDC {
 public:
-    // Covers the rectangle, in the target's logical units, or what the target shows at all. The target has to
-    // outlive this object.
+    // Covers the rectangle, in the target's logical units, or by default everything that the target shows.
+    // The target must outlive this object.
     explicit CMemoryDC(CDC& target, const RECT* rect = nullptr);
 
-    // The same on a surface that is kept, and has to outlive this object too. What was drawn on that last is
-    // still there: who covers it anyway need not wait until it is filled.
+    // The same on a surface that the caller keeps; it must outlive this object too. The surface still holds
+    // its last drawing and is not filled, so the caller must cover all of it.
     CMemoryDC(CDC& target, const RECT& rect, MemorySurface& surface);
     ~CMemoryDC();
 

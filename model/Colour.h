@@ -4,7 +4,7 @@
 
 namespace plotvane {
 
-// A colour as Windows keeps it: 0x00BBGGRR. The settings files hold the same number in hex.
+// A colour in the form that Windows uses: 0x00BBGGRR. The settings files hold the same number in hex.
 using Colour = std::uint32_t;
 
 constexpr Colour MakeColour(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {

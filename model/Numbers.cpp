@@ -14,7 +14,7 @@ constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 
 struct SignedText {
     bool negative = false;
-    std::string_view digits;  // whatever follows the sign
+    std::string_view digits;  // everything after the sign
 };
 
 SignedText SplitSign(std::string_view text) {
@@ -23,7 +23,7 @@ SignedText SplitSign(std::string_view text) {
     return {text.front() == '-', text.substr(1)};
 }
 
-// Unsigned, without a sign, saturating. Nothing if there is no digit.
+// Without a sign; a number that is too large becomes the maximum. Nothing if there is no digit.
 std::optional<std::uint32_t> ParseDigits(std::string_view digits, int base) {
     std::uint32_t value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
@@ -70,7 +70,7 @@ std::optional<std::uint32_t> ParseHex(std::string_view text) {
 
 double ParseDouble(std::string_view text) {
     const auto [negative, digits] = SplitSign(text);
-    // A second sign would be taken here, and so would "inf" and "nan".
+    // from_chars would accept a second sign here, and "inf" and "nan".
     if (digits.empty() || (digits.front() != '.' && (digits.front() < '0' || digits.front() > '9')))
         return 0.0;
     double value = 0.0;
@@ -91,7 +91,7 @@ void AppendHex(std::string& out, std::uint32_t value) {
 
 void AppendNumber(std::string& out, double value) {
     constexpr int kSignificantDigits = 6;
-    constexpr std::size_t kLongest = 16;  // "-1.23457e-308" and some
+    constexpr std::size_t kLongest = 16;  // enough for "-1.23457e-308"
     AppendChars<kLongest>(out, value, std::chars_format::general, kSignificantDigits);
 }
 

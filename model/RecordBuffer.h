@@ -7,12 +7,12 @@
 
 namespace plotvane {
 
-// One exchange record in the host's text form, from a pipe block or from a log row: both writers fill
-// this buffer, so that one parser serves live data and replay. The text ends at the first NUL or with
-// the buffer; one NUL behind the last byte is never overwritten.
+// One exchange record in the host's text form, from a pipe block or from a log row. Both writers fill this
+// buffer, so that one parser serves live data and replay. The text ends at the first NUL or at the end of the
+// buffer; nothing ever overwrites the NUL after the last byte.
 class RecordBuffer {
 public:
-    static constexpr std::size_t kBlockSize = 513;      // lead byte and the 512 bytes behind it
+    static constexpr std::size_t kBlockSize = 513;      // the lead byte and the 512 bytes after it
     static constexpr std::size_t kMaxTextLength = 512;  // what a writer of text may fill
 
     void Clear();
@@ -23,7 +23,7 @@ public:
     // The record's text, up to the first NUL.
     std::string_view Text() const;
 
-    // Adds text behind the text already there. False, and nothing added, if it does not fit.
+    // Appends to the text already there. False, with nothing added, if it does not fit.
     [[nodiscard]] bool Append(std::string_view text);
 
 private:

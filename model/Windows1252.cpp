@@ -6,8 +6,8 @@
 namespace plotvane {
 namespace {
 
-// Bytes 0x80..0x9F; all others are the Unicode character of the same number, and so are the five that the
-// code page leaves undefined.
+// Bytes 0x80..0x9F. Every other byte is the Unicode character with the same number, and so are the five bytes
+// that the code page leaves undefined.
 constexpr std::array<char16_t, 32> kUpperControls = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
