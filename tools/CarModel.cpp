@@ -87,7 +87,7 @@ void CarModel::Shift(double wantedAcceleration) {
     const double demand = std::clamp(wantedAcceleration / 2.5, 0.0, 1.0);
     int gear = m_gear;
     if (kmh < 9.0 && wantedAcceleration <= 0.0) {
-        gear = 1;  // declutched: no engine speed follows from it
+        gear = 1;  // declutched: the engine speed does not depend on it
     } else if (m_inGear > 1.2) {
         const double rpm = kmh * RpmPerKmh(m_gear);
         const double upshift = 2450.0 + 2300.0 * demand;
@@ -117,12 +117,12 @@ void CarModel::RunEngine() {
 
 void CarModel::RunMixture() {
     constexpr double kSwingSeconds = 1.3;
-    constexpr double kLeanEnd = 2.3;  // what air without fuel tends to; the sensor's range ends before
+    constexpr double kLeanEnd = 2.3;  // air without fuel tends to this; the sensor's range ends earlier
     m_lambdaTarget = 1.0;
     if (m_coolant < 32.5) m_lambdaTarget = 0.95;
     if (m_airMass > 640.0) m_lambdaTarget = 0.9;
 
-    // Closed loop: the control swings between rich and lean, and the sensor sees it.
+    // Closed loop: the control swings between rich and lean, and the sensor follows.
     const bool closedLoop = !m_overrun && m_lambdaTarget == 1.0;
     m_controlPhase += kStepSeconds / kSwingSeconds;
     if (m_controlPhase >= 1.0) m_controlPhase -= 1.0;

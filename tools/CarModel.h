@@ -4,12 +4,13 @@
 
 namespace plotvane {
 
-// A turbocharged petrol car with a manual gearbox and a driver who follows a wanted speed: enough physics
-// for its values to belong together (rpm follows speed and gear, air mass the torque, fuel the air mass), no
-// more. The same steps give the same values everywhere: it uses only arithmetic that no library rounds.
+// A turbocharged petrol car with a manual gearbox and a driver who follows a wanted speed. It has just enough
+// physics for its values to fit together: rpm follows speed and gear, air mass follows torque, and fuel
+// follows air mass. The same steps give the same values on every system, because it uses only arithmetic that
+// no library rounds.
 class CarModel {
 public:
-    // The instruments of the car.
+    // The readings of the car's instruments.
     struct Values {
         double rpm;             // /min
         double speed;           // km/h
@@ -25,7 +26,7 @@ public:
         double fuelFlow;       // l/h; 0 on overrun
     };
 
-    // Goes on by kStepSeconds; `wantedSpeed` in km/h, and where it will be a little later.
+    // Advances the car by kStepSeconds. `wantedSpeed` is in km/h, now and a little later.
     void Step(double wantedSpeed, double wantedSpeedSoon);
 
     Values Read() const;
@@ -46,8 +47,8 @@ private:
     int m_gear = 1;
     double m_inGear = 0.0;  // seconds since the last shift
     double m_rpm = 960.0;
-    double m_torque = 0.0;     // Nm at the crankshaft, without what the engine itself needs
-    bool m_overrun = false;    // no fuel
+    double m_torque = 0.0;     // Nm at the crankshaft, without the part that the engine itself needs
+    bool m_overrun = false;    // the fuel is cut off
     double m_airMass = 110.0;  // mg/str
     double m_charge = 1004.0;  // mbar
     double m_ignition = 9.0;
@@ -58,7 +59,7 @@ private:
     double m_fuelFlow = 0.9;      // l/h
     double m_coolant = 31.0;
     double m_voltage = 13.2;
-    double m_ripple = 0.0;  // what makes two readings of a steady value differ
+    double m_ripple = 0.0;  // makes two readings of a steady value differ
     std::uint32_t m_random = 1;
 };
 

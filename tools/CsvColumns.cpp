@@ -39,7 +39,7 @@ constexpr ColumnPid kPids[] = {
     {"iat_c", 15},    {"maf_gs", 16},   {"throttle_pct", 17},
 };
 
-// Groups in which the program looks for lambda values.
+// The groups in which the program looks for lambda values.
 constexpr std::array<int, kSlotRows> kLambdaGroups = {31, 34, 35};
 
 bool IsTime(std::string_view name) {

@@ -9,7 +9,7 @@
 
 namespace plotvane {
 
-// Which columns of a plain CSV drive make up its rows A, B and C, told by the names in its first line:
+// The columns of a plain CSV drive that make up its rows A, B and C, chosen by the names in its first line:
 //   t,rpm,speed_kmh,coolant_c            one time column: the channels follow in groups of four
 //   t_a,rpm,load_pct,t_b,lambda_meas     several: each begins a group of up to four channels
 struct CsvColumns {
@@ -18,14 +18,14 @@ struct CsvColumns {
         std::vector<std::size_t> columns;  // one to four
     };
     std::vector<Group> groups;         // up to three
-    DriveChannels channels;            // filled for the groups, row by row; the value range is not known yet
-    std::vector<std::string> ignored;  // names of columns that found no place
+    DriveChannels channels;            // filled group by group, row by row; the value range is not known yet
+    std::vector<std::string> ignored;  // names of the columns without a place in a group
 };
 
 CsvColumns ArrangeColumns(const std::vector<std::string>& names);
 
-// The unit that ends a column's name, in Windows-1252: "speed_kmh" is in km/h, "rpm" in /min. Empty for
-// lambda and for what nobody knows.
+// The unit at the end of a column's name, in Windows-1252: "speed_kmh" is in km/h, "rpm" in /min. Empty for
+// lambda and for an unknown ending.
 std::string_view UnitOfColumn(std::string_view name);
 
 }  // namespace plotvane

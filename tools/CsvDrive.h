@@ -7,18 +7,18 @@
 
 namespace plotvane {
 
-// A recorded drive. Each of its rows A, B and C has a clock of its own; between two recorded values the
-// former stands, as it does on the instrument of a host.
+// A recorded drive. Its rows A, B and C each have their own clock. Between two recorded values the earlier
+// one holds, as on a host's display.
 class CsvDrive final : public Drive {
 public:
-    // One recorded row of chart A, B or C: times in seconds, none before the one in front of it.
+    // One recorded row of chart A, B or C: times in seconds, never decreasing.
     struct Samples {
         std::vector<double> times;
         std::array<std::vector<double>, kSlotColumns> values;  // as many as times in each used column
     };
 
-    // The range of the channels is taken from the samples. At least one row must hold a sample; a row without
-    // any becomes empty.
+    // The range of each channel comes from its samples. At least one row must hold a sample; a row without
+    // any samples becomes empty.
     CsvDrive(DriveChannels channels, std::array<Samples, kSlotRows> rows);
 
     const DriveChannels& Channels() const override { return m_channels; }

@@ -8,10 +8,10 @@
 namespace plotvane {
 namespace {
 
-// Keeps twelve values, with unit and tag, inside one block.
+// Keeps twelve values, with units and tags, within one block.
 constexpr double kLargestValue = 999'999'999.0;
 
-// "-0.0" would be a strange thing for an instrument to show.
+// No instrument would show "-0.0".
 bool IsNegativeZero(std::string_view text) {
     return text.find_first_not_of("-0.") == std::string_view::npos;
 }
@@ -30,7 +30,7 @@ std::string ValueText(const Drive& drive, int slot, double seconds) {
 int RawByte(const Drive& drive, int slot, double seconds) {
     const DriveChannel& channel = drive.Channels().at(static_cast<std::size_t>(slot));
     if (channel.highest <= channel.lowest) return 0;
-    // The largest values, which a file may hold, have a distance that no double can: halves of them do.
+    // A file may hold values so large that their difference overflows a double; halves avoid that.
     const double scale = std::isfinite(channel.highest - channel.lowest) ? 1.0 : 0.5;
     const double lowest = channel.lowest * scale;
     const double share = (drive.Value(slot, seconds) * scale - lowest) / (channel.highest * scale - lowest);

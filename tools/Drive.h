@@ -8,14 +8,14 @@
 
 namespace plotvane {
 
-// One channel of a drive, as it stands in records and logs.
+// One channel of a drive, as records and logs show it.
 struct DriveChannel {
     int group = 0;       // measuring group, 1..255; 0: the slot is empty
     int field = 0;       // field number inside the group, 0..3
     int pid = 0;         // generic OBD identifier of the same quantity, 0 if it has none
-    int decimals = 0;    // digits behind the point in its value texts
-    double lowest = 0;   // over the whole drive; what the raw byte 0 of a ten-field group stands for
-    double highest = 0;  // the same for the raw byte 255
+    int decimals = 0;    // digits after the point in its value texts
+    double lowest = 0;   // over the whole drive; raw byte 0 of a ten-field group stands for it
+    double highest = 0;  // over the whole drive; raw byte 255 stands for it
     std::string name;    // the two lines that the host's logs print above a column
     std::string detail;
     std::string unit;  // Windows-1252 bytes
@@ -23,10 +23,10 @@ struct DriveChannel {
     bool IsUsed() const { return group > 0; }
 };
 
-// Row by row: slot k stands in row A, B or C, four slots a row.
+// In slot order: row A, then B, then C, four slots each.
 using DriveChannels = std::array<DriveChannel, kSlotCount>;
 
-// Values of up to twelve channels over time: what the stand-in host plays and the sample logs hold.
+// Values of up to twelve channels over time; the stand-in host plays them and the sample logs hold them.
 class Drive {
 public:
     Drive() = default;
@@ -35,19 +35,20 @@ public:
     virtual ~Drive() = default;
 
     virtual const DriveChannels& Channels() const = 0;
-    virtual double Seconds() const = 0;  // how long it lasts
+    virtual double Seconds() const = 0;  // the length of the drive
 
-    // The value of a used slot; times outside 0..Seconds() give the first or last value.
+    // The value of a used slot. A time before the start gives the first value, a time after the end the last.
     virtual double Value(int slot, double seconds) const = 0;
 
-    // What the car is doing, in a word or two; empty if nobody knows.
+    // A word or two for what the car is doing; empty if unknown.
     virtual std::string_view Phase(double seconds) const = 0;
 };
 
-// The value of a slot at a time, as the host would write it: at most 100 digits, "-", "." and nothing else.
+// A slot's value at a time, as the host would write it: digits with an optional "-" and ".", at most 100
+// characters.
 std::string ValueText(const Drive& drive, int slot, double seconds);
 
-// The same value as a raw byte, 0..255 between the channel's lowest and highest value.
+// The same value as a raw byte: 0 is the channel's lowest value, 255 its highest.
 int RawByte(const Drive& drive, int slot, double seconds);
 
 }  // namespace plotvane

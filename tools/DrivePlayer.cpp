@@ -13,7 +13,7 @@ namespace {
 using Milliseconds = HostLink::Milliseconds;
 using WriteResult = HostLink::WriteResult;
 
-// The program takes one lead byte in 50 ms.
+// The program reads one lead byte every 50 ms.
 constexpr Milliseconds kIdleStep{50};
 constexpr Milliseconds kFloodStep{10};
 constexpr std::size_t kFloodBytes = 200;
@@ -27,7 +27,7 @@ std::string_view ViewOf(const PipeBlock& block) {
     return {block.data(), block.size()};
 }
 
-// Always the same bytes, so that what they do can be looked at again.
+// Always the same bytes, so that a failure can be reproduced.
 PipeBlock ArbitraryBytes() {
     PipeBlock block;
     std::uint32_t random = 2463534242U;
@@ -35,7 +35,7 @@ PipeBlock ArbitraryBytes() {
         random = random * 1664525U + 1013904223U;
         c = static_cast<char>(random >> 24U);
     }
-    block.front() = '#';  // no control code: all of it is to be taken for a record
+    block.front() = '#';  // no control code, so the program takes the block for a record
     return block;
 }
 
@@ -51,7 +51,7 @@ std::string FirstValues(const Drive& drive, double seconds) {
     return text;
 }
 
-// One run of the drive, from its start to the leave.
+// One run of the drive, from its start to its end.
 class Session {
 public:
     Session(HostLink& link, const Drive& drive, const PlayPlan& plan)
@@ -71,7 +71,7 @@ public:
 
 private:
     Milliseconds DueTime() const { return FromSeconds(Seconds()); }
-    // Of the record that is due, since the start.
+    // The time of record m_number, in seconds since the start.
     double Seconds() const { return m_number / m_plan.rate; }
 
     double DriveSeconds() const {
@@ -119,7 +119,7 @@ private:
         return RecordOf(m_drive, DriveSeconds(), m_plan.form, m_plan.module);
     }
 
-    // A record that the program is too slow for is left out: the next one tells it more.
+    // Leaves out a record if the program reads too slowly; the next one holds newer values.
     void SendRecord() {
         if (!m_alive || m_died) return;
         if (!m_mute) {
@@ -140,8 +140,8 @@ private:
 
     bool IsFlooding() const { return m_struck && m_plan.fault == Fault::Flood; }
 
-    // Tells the program now and then that nothing is new; only when it has read all before, so that a slow
-    // reader is not left behind by bytes that say nothing.
+    // Tells the program now and then that nothing is new, but only after it has read everything: empty
+    // messages must not make a slow reader fall further behind.
     void IdleUntil(Milliseconds due) {
         static const std::string flood(kFloodBytes, kLeadNothingNew);
         while (m_alive && !m_died) {
@@ -156,7 +156,7 @@ private:
         }
     }
 
-    // Waits for room as long as somebody may make some.
+    // Waits for room until the bytes are written or the program is gone.
     void WriteSurely(std::string_view bytes) {
         while (m_alive) {
             const WriteResult result = m_link.Write(bytes);
@@ -167,7 +167,7 @@ private:
 
     PlayResult TakeLeave() {
         if (m_inBlock) {
-            // A control code would be taken for the rest of the block.
+            // The program would take a control code for part of the block.
             m_link.Close();
             return PlayResult::PipeClosed;
         }
@@ -193,7 +193,7 @@ private:
     bool m_died = false;
 };
 
-// After 0xFE the program reads no more until its user lets it; then it takes this byte first.
+// After 0xFE the program reads nothing until its user resumes it; then it reads this byte first.
 bool WaitForRestart(HostLink& link) {
     while (!link.IsDrained()) {
         if (!link.Wait(kRetryStep)) return false;

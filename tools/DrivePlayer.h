@@ -9,32 +9,32 @@
 
 namespace plotvane {
 
-// What can go wrong with a host, on purpose.
+// The ways in which a host can go wrong on purpose.
 enum class Fault {
     None,
     StopMidBlock,  // half a block, then nothing more; the host stays alive
     Die,           // half a block, then the host is gone
-    Malformed,     // one record whose first field has no "F", then goes on
-    Silence,       // not even 0xFF any more; the host stays alive
-    Flood,         // from then on 0xFF bytes as fast as the pipe takes them, between the records
-    Garbage        // one block of arbitrary bytes, then goes on
+    Malformed,     // one record whose first field has no "F"; then goes on
+    Silence,       // nothing more, not even 0xFF; the host stays alive
+    Flood,         // from then on 0xFF bytes between the records, as fast as the pipe takes them
+    Garbage        // one block of arbitrary bytes; then goes on
 };
 
-// How the host takes its leave.
+// How the host ends its part.
 enum class HostEnd {
     Stop,   // 0xFE: stops sending
-    Close,  // 0xFD: closes, and the program with it
-    Both    // 0xFE, a pause, 0xFD; a stopped program reads the latter when its user lets it go on
+    Close,  // 0xFD: closes the program
+    Both    // 0xFE, a pause, 0xFD; a stopped program reads the 0xFD when its user resumes it
 };
 
 struct PlayPlan {
     RecordForm form = RecordForm::Normal;
     std::string module = "038 906 019 FT";  // Windows-1252, no comma, at most 100 characters
-    double rate = 10;                       // records a second
-    double speed = 1;                       // seconds of the drive for a second on the clock
+    double rate = 10;                       // records per second
+    double speed = 1;                       // seconds of the drive per second of real time
     std::optional<double> seconds;          // plays no longer than this
-    bool loop = false;                      // begins the drive again at its end
-    bool keepOpen = false;                  // after 0xFE plays again when the program reads again
+    bool loop = false;                      // starts the drive again at its end
+    bool keepOpen = false;                  // after 0xFE, plays again once the program reads again
     Fault fault = Fault::None;
     double faultAt = 5;  // seconds after playing began
     HostEnd end = HostEnd::Close;
@@ -42,15 +42,15 @@ struct PlayPlan {
 };
 
 enum class PlayResult {
-    Stopped,      // the program was told that nothing more comes; the pipe is still open
-    Closed,       // the program, which was reading, was told to close
-    PipeClosed,   // the pipe was closed in mid-block, without a word
+    Stopped,      // the program was told that no more data comes; the pipe is still open
+    Closed,       // the program was still reading and was told to close
+    PipeClosed,   // the pipe was closed in the middle of a block, without a control code
     ProgramGone,  // the program ended by itself
-    Died          // as the fault wanted
+    Died          // the fault ended the host
 };
 
-// Plays the drive into the pipe, block by block, and takes leave as planned. A fault strikes once, also when
-// the drive is played again.
+// Plays the drive into the pipe, block by block, and ends as planned. A fault strikes once, even if the drive
+// is played again.
 PlayResult Play(HostLink& link, const Drive& drive, const PlayPlan& plan);
 
 }  // namespace plotvane

@@ -6,18 +6,18 @@
 
 namespace plotvane {
 
-// How far playing has come, for whoever watches.
+// How far the drive has been played, to show to a person.
 struct PlayProgress {
     double seconds = 0;       // since playing began
     double driveSeconds = 0;  // inside the drive
     int records = 0;          // written
-    int heldBack = 0;         // not written, because the program did not read
+    int heldBack = 0;         // left out because the program did not read
     std::string_view phase;   // of the drive; may be empty
-    std::string values;       // the first two, with their units; Windows-1252
+    std::string values;       // the first two channels, with their units; Windows-1252
 };
 
-// What the stand-in host needs from the world while it plays: the pipe, the program at its other end, the
-// clock and a person who watches. No call blocks for longer than the time it is given.
+// Everything outside the player that it needs: the pipe, the program at its other end, the clock and a person
+// who watches. No call blocks for longer than the time given to it.
 class HostLink {
 public:
     using Milliseconds = std::chrono::milliseconds;
@@ -25,7 +25,7 @@ public:
     enum class WriteResult {
         Written,
         NoRoom,      // nothing was written: the program has not read what is in the pipe
-        ProgramGone  // nothing was written: nobody will read it
+        ProgramGone  // nothing was written: no program is left to read it
     };
 
     HostLink() = default;
@@ -33,18 +33,18 @@ public:
     HostLink& operator=(const HostLink&) = delete;
     virtual ~HostLink() = default;
 
-    // All of the bytes or none.
+    // Writes all of the bytes or none.
     virtual WriteResult Write(std::string_view bytes) = 0;
     // Whether the program has read everything that was written.
     virtual bool IsDrained() = 0;
-    // False, at once, if the program ends meanwhile or has ended.
+    // False, at once, if the program has ended or ends during the wait.
     virtual bool Wait(Milliseconds time) = 0;
     virtual Milliseconds Now() = 0;
-    // Closes the pipe; the program meets its end behind what was written.
+    // Closes the pipe; the program still reads what was written, then meets the end.
     virtual void Close() = 0;
-    // Ends the host without another word, as a crash does.
+    // Ends the host at once and without a control code, as a crash does.
     virtual void Die() = 0;
-    // Called with every record.
+    // Called for every record.
     virtual void Report(const PlayProgress& progress) = 0;
 };
 

@@ -18,7 +18,7 @@ using Milliseconds = std::chrono::milliseconds;
 
 constexpr std::size_t kMaxLineLength = 16'384;
 constexpr std::size_t kMaxSteps = 10'000;
-constexpr std::size_t kMaxBytes = 4096;  // of one command: must fit the pipe in one piece
+constexpr std::size_t kMaxBytes = 4096;  // of one command: it must fit the pipe in one piece
 constexpr int kLongestWaitMs = 600'000;
 constexpr Milliseconds kRetryStep{5};
 
@@ -30,7 +30,7 @@ std::optional<char> ByteInHex(std::string_view digits) {
     return static_cast<char>(value);
 }
 
-// Pairs of hexadecimal digits, with blanks between the pairs or without.
+// Pairs of hexadecimal digits, with or without blanks between the pairs.
 std::optional<std::string> BytesInHex(std::string_view text) {
     std::string bytes;
     while (!text.empty()) {
@@ -47,7 +47,7 @@ std::optional<std::string> BytesInHex(std::string_view text) {
     return bytes;
 }
 
-// "\xHH" is that byte, "\\" a backslash.
+// "\xHH" stands for that byte, "\\" for a backslash.
 std::optional<std::string> Unescaped(std::string_view text) {
     std::string plain;
     while (!text.empty()) {
@@ -88,7 +88,7 @@ std::optional<ScriptStep> TimedStep(ScriptStep::Kind kind, std::string_view text
     return ScriptStep{kind, {}, *time};
 }
 
-// Nothing if the command is unknown or what follows it makes no sense.
+// Nothing if the command is unknown or its argument is invalid.
 std::optional<ScriptStep> StepIn(std::string_view line) {
     const std::size_t blank = line.find(' ');
     const std::string_view command = line.substr(0, blank);

@@ -10,14 +10,14 @@
 
 namespace plotvane {
 
-// One thing that a script lets the host do.
+// One thing that a script makes the host do.
 struct ScriptStep {
     enum class Kind {
-        Send,   // the bytes, in one piece
+        Send,   // writes the bytes in one piece
         Wait,   // lets the time pass
-        Drain,  // waits until the program has read everything, but no longer than the time
+        Drain,  // waits until the program has read everything, at most for the time
         Close,  // closes the pipe
-        Die     // the host is gone
+        Die     // ends the host
     };
     Kind kind = Kind::Send;
     std::string bytes;
@@ -26,14 +26,14 @@ struct ScriptStep {
 
 struct HostScript {
     std::vector<ScriptStep> steps;
-    std::string error;  // what is wrong with the file, with the line's number; empty if nothing is
+    std::string error;  // what is wrong with the file, and in which line; empty if nothing is
 };
 
-// Reads a script: one command a line, as --help lists them. Its text is Windows-1252; a byte 0xFF or 0x1A in
-// it can only be written as \xFF or \x1A, since the file would end there.
+// Reads a script: one command per line, as --help lists them. The text is Windows-1252. Bytes 0xFF and 0x1A
+// must be written as \xFF and \x1A, since either ends the file.
 HostScript LoadHostScript(const std::filesystem::path& path);
 
-// Does what the script says. The result is Stopped if the pipe is open at its end.
+// Runs the script. The result is Stopped if the pipe is still open at its end.
 PlayResult RunScript(HostLink& link, const std::vector<ScriptStep>& steps);
 
 }  // namespace plotvane

@@ -56,7 +56,7 @@ public:
 
     PlainCsvResult Load() {
         if (!m_input.IsOpen()) return Failed("cannot be opened");
-        if (!ReadHeader()) return Failed("has no column named t or t_..., with channels behind it");
+        if (!ReadHeader()) return Failed("has no column named t or t_..., followed by channels");
         int rows = 0;
         while (ReadTextLine(m_input, m_line, kMaxLineLength)) {
             if (Trimmed(m_line).empty()) continue;
@@ -122,7 +122,7 @@ private:
 
     TextInput m_input;
     std::string m_line;
-    std::vector<std::string_view> m_cells;  // of m_line
+    std::vector<std::string_view> m_cells;  // point into m_line
     CsvColumns m_columns;
     std::array<CsvDrive::Samples, kSlotRows> m_rows;
     PlainCsvResult m_result;

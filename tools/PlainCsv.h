@@ -10,15 +10,15 @@
 namespace plotvane {
 
 struct PlainCsvResult {
-    std::unique_ptr<Drive> drive;      // null if the file holds none
-    std::string error;                 // why
-    std::vector<std::string> ignored;  // names of the columns that found no place among the twelve slots
-    int droppedRows = 0;               // rows with a time that is no number, or goes back
+    std::unique_ptr<Drive> drive;      // null if the file holds no drive
+    std::string error;                 // the reason why there is no drive
+    std::vector<std::string> ignored;  // names of the columns for which the twelve slots had no place
+    int droppedRows = 0;               // rows in which a time is not a number or goes back
 };
 
 // Reads a plain CSV drive: a line of column names (see CsvColumns.h), then lines of numbers. A cell that is
-// missing or no number keeps the value before it. Takes up to 200,000 lines of up to 64 columns; what a
-// line has beyond 4096 characters is dropped.
+// missing or not a number keeps the value before it. Takes up to 200,000 lines of up to 64 columns; drops
+// everything after the first 4096 characters of a line.
 PlainCsvResult LoadPlainCsv(const std::filesystem::path& path);
 
 }  // namespace plotvane

@@ -7,7 +7,7 @@
 namespace plotvane {
 namespace {
 
-// Columns that stay in their places as the numbers grow.
+// Right-aligned, so that the columns stay in place as the numbers grow.
 void AppendRight(std::string& line, std::string_view text, std::size_t width) {
     line.append(width - std::min(width, text.size()), ' ');
     line += text;
@@ -33,7 +33,7 @@ std::string ProgressLine(const PlayProgress& progress) {
     if (progress.heldBack > 0) {
         line += "  (";
         AppendDecimal(line, progress.heldBack);
-        line += " left out: the program does not read)";
+        line += " left out: the program is not reading)";
     }
     return line;
 }

@@ -9,11 +9,11 @@
 
 namespace plotvane {
 
-// Writes one exchange record: the identifier, then three groups of fields, each item ended by a comma. In the
+// Writes one exchange record: the identifier, then three groups of fields; a comma ends each item. In the
 // normal form every group has four items; in the OBD form the first has ten.
 class RecordText {
 public:
-    // The identifier names the module; it must hold no comma.
+    // The identifier names the module; it must not contain a comma.
     explicit RecordText(std::string_view identifier);
 
     // A field of a measuring group, "G001,F0,780,/min,". The group is 1..999, the field 0..9.
@@ -29,10 +29,10 @@ private:
     std::string m_text;
 };
 
-// A record as it goes through the pipe: its text and NULs behind it.
+// A record as it goes through the pipe: its text, then NULs.
 using PipeBlock = std::array<char, RecordBuffer::kBlockSize>;
 
-// Nothing if the text is empty, does not fit, or begins with a byte that the pipe takes for a control code.
+// Nothing if the text is empty, does not fit, or begins with a byte that is a control code of the pipe.
 std::optional<PipeBlock> MakeBlock(std::string_view record);
 
 // The lead bytes that do not begin a record.

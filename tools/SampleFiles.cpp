@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kScalingFile = "038-906-019-FT.SCL";
 
-// Of the whole part number; the modules with some suffixes have labels of their own.
+// The labels for the part number without a suffix; modules with some suffixes have their own.
 constexpr std::string_view kPartLabels =
     "; 038 906 019, the engine of the sample logs, in its first form without a lambda control.\n"
     "REDIRECT,038-906-019-A.LBL,FT,GH\n"
@@ -30,7 +30,7 @@ constexpr std::string_view kPartLabels =
 
 constexpr std::string_view kSuffixNote = "; 038 906 019 with the suffixes FT and GH: with lambda control.\n";
 
-// A title for each group and the name of each of its fields; label files count the fields from 1.
+// A title for each group and the names of its fields; label files count the fields from 1.
 std::string SuffixLabels(const Drive& drive) {
     constexpr std::string_view kTitles[kSlotRows] = {"Engine", "Air and ignition", "Mixture"};
     std::string labels(kSuffixNote);
@@ -63,7 +63,7 @@ bool WriteLabels(const fs::path& folder, const Drive& drive) {
            ReplaceTextFile(folder / "038-906-019-A.LBL", SuffixLabels(drive));
 }
 
-// Ranges for the fields without a default one: they would run from 0 to 100.
+// Ranges for the fields without a default range, which would otherwise run from 0 to 100.
 bool WriteScaling(const fs::path& folder) {
     std::error_code ignored;
     for (const std::string_view name : {std::string_view("Defaults.cfg"), kScalingFile})

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kSeconds = 240.0;
 
-// Where the driver wants to be: straight lines between these.
+// The speeds that the driver wants, joined by straight lines.
 struct Wanted {
     double seconds;
     double kmh;
@@ -38,7 +38,8 @@ double WantedSpeed(double seconds) {
     return last->kmh + share * (next->kmh - last->kmh);
 }
 
-// Ranges, names and units in slot order. The extremes are those of the instrument, so that raw bytes move.
+// Ranges, names and units in slot order. The ranges are those of the instruments, so the raw bytes change
+// visibly.
 DriveChannels Instruments() {
     constexpr int kEngine = 1;
     constexpr int kAir = 3;

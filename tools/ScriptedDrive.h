@@ -8,8 +8,8 @@
 namespace plotvane {
 
 // A drive of four minutes that needs no file: idle, pull away, town with a halt, motorway, stop. Twelve
-// fields in the groups 1, 3 and 31; the last holds the mixture, where lambda has no unit. Always the same
-// values.
+// fields in the groups 1, 3 and 31; group 31 holds the mixture, where lambda has no unit. The values are
+// always the same.
 class ScriptedDrive final : public Drive {
 public:
     ScriptedDrive();
@@ -21,7 +21,7 @@ public:
 
 private:
     DriveChannels m_channels;
-    std::vector<std::array<double, kSlotCount>> m_values;  // one row each CarModel::kStepSeconds
+    std::vector<std::array<double, kSlotCount>> m_values;  // one row per CarModel::kStepSeconds
 };
 
 }  // namespace plotvane

@@ -11,15 +11,15 @@ namespace {
 
 constexpr std::size_t kLongestModule = 100;
 
-// Options are ASCII; anything else can only stand in a path or a module name.
+// Options are ASCII; other characters can occur only in a path or a module name.
 std::string Ascii(std::wstring_view text) {
     std::string ascii;
     for (const wchar_t c : text) ascii += c < 0x80 ? static_cast<char>(c) : '?';
     return ascii;
 }
 
-// The part of Unicode that Windows-1252 has at the same numbers; nothing for the rest and for commas, which
-// would end the identifier.
+// Takes the characters that have the same number in Windows-1252. Nothing if there is any other, or a comma,
+// which would end the identifier.
 std::optional<std::string> ModuleName(std::wstring_view text) {
     if (text.empty() || text.size() > kLongestModule) return std::nullopt;
     std::string name;
@@ -77,7 +77,7 @@ public:
                 TakeProgram(arguments[i++]);
                 continue;
             }
-            if (!m_seen.insert(name).second) Complain("doubled option " + name);
+            if (!m_seen.insert(name).second) Complain("option given twice: " + name);
             ++i;
             if (TakeFlag(name)) continue;
             if (!IsValueOption(name))
@@ -159,14 +159,14 @@ private:
     void CheckTogether() {
         if (m_result.options.script.empty()) {
             if (m_seen.contains("--keep-open") && m_seen.contains("--end"))
-                Complain("--keep-open goes on after each 0xFE, so there is no --end");
+                Complain("--keep-open cannot be used with --end");
             if (m_seen.contains("--pause") && m_result.options.play.end != HostEnd::Both)
-                Complain("--pause belongs to --end both");
+                Complain("--pause needs --end both");
             return;
         }
         for (const char* name : {"--csv", "--module", "--form", "--rate", "--speed", "--seconds", "--loop",
                                  "--keep-open", "--fault", "--end", "--pause"}) {
-            if (m_seen.contains(name)) Complain(std::string("--script says itself what ") + name + " would");
+            if (m_seen.contains(name)) Complain(name + std::string(" cannot be used with --script"));
         }
     }
 
@@ -183,47 +183,47 @@ SimOptionsResult ParseSimOptions(const std::vector<std::wstring>& arguments) {
 std::string_view SimHelp() {
     return R"(diagnel-sim [OPTION...] [PROGRAM]
 
-Stands in for the host Diagnel: starts PROGRAM (plotvane.exe beside this one, if not given) with the
-read end of a pipe and plays a drive into it. Ends when PROGRAM ends, with its exit code.
+Stands in for the host Diagnel: starts PROGRAM (by default plotvane.exe in the same folder) with the
+read end of a pipe and plays a drive into the pipe. Ends when PROGRAM ends, with its exit code.
 
   --folder DIR      working folder of PROGRAM, where MB-PIPE.TXT is written (default: the current one)
   --csv FILE        plays this drive: a line of column names, then numbers. A column named t or t_*
                     holds the time in seconds; the others end in their unit: rpm, _kmh, _c, _pct,
-                    _mbar, _deg, volt, _lph, _gs, _nm, _l, _ms, _mgstr; lambda* has none.
+                    _mbar, _deg, volt, _lph, _gs, _nm, _l, _ms, _mgstr; lambda* has no unit.
                     (default: a built-in drive of four minutes)
   --module NAME     identifier of the records (default: 038 906 019 FT)
   --form FORM       normal    three groups of four fields (default)
                     obd       ten raw bytes as GZER fields
                     obd-pid   generic OBD identifiers in place of groups, up to four
-  --rate R          records a second, 0.1 to 200 (default: 10; the program takes up to 20)
-  --speed F         seconds of the drive for a second on the clock, 0.01 to 100 (default: 1)
-  --seconds N       plays no longer than that (default: to the end of the drive)
-  --loop            begins the drive again at its end
+  --rate R          records per second, 0.1 to 200 (default: 10; the program takes up to 20)
+  --speed F         seconds of the drive per second of real time, 0.01 to 100 (default: 1)
+  --seconds N       plays at most N seconds (default: to the end of the drive)
+  --loop            starts the drive again at its end
   --end END         stop      0xFE: stops sending; PROGRAM is left open
                     close     0xFD: closes PROGRAM (default)
-                    both      0xFE, a pause, 0xFD: PROGRAM closes as soon as it reads again
-  --pause N         seconds between the two (default: 1)
+                    both      0xFE, a pause, 0xFD: PROGRAM closes once it reads again
+  --pause N         seconds between 0xFE and 0xFD (default: 1)
   --keep-open       after 0xFE waits until PROGRAM reads again (its Pause button), then plays again
   --fault KIND[@N]  goes wrong N seconds after the start (default: 5)
-                    stop-mid-block   half a block, then nothing; the pipe is closed in the end
-                    die              half a block, then this host is gone; PROGRAM runs on
+                    stop-mid-block   half a block, then nothing; closes the pipe at the end
+                    die              half a block, then this host ends; PROGRAM keeps running
                     malformed        one record that cannot be parsed
                     silence          nothing at all, not even 0xFF
-                    flood            20,000 bytes 0xFF a second between the records
+                    flood            20,000 bytes of 0xFF per second between the records
                     garbage          one block of arbitrary bytes
                     none             (default)
-  --script FILE     sends exactly what FILE says, one command a line:
+  --script FILE     sends exactly what FILE says, one command per line:
                     record TEXT   a block: TEXT, padded with NULs to 513 bytes
                     bytes HEX     these bytes, for instance FF or 47 30 30 31
                     wait MS       lets time pass
-                    drain MS      until PROGRAM has read everything, but no longer than that
+                    drain MS      waits until PROGRAM has read everything, at most MS
                     close         closes the pipe
-                    die           this host is gone at once
-                    # ...         a remark. TEXT may hold \xHH for any byte and \\ for a backslash.
-  --help            prints this
+                    die           ends this host at once
+                    # ...         a comment. TEXT may hold \xHH for any byte and \\ for a backslash.
+  --help            prints this text
 
 Exit code: that of PROGRAM; 0 after a fault "die"; 2 for bad arguments, a bad CSV or script; 3 if the
-host could not begin; 4 if PROGRAM was told to close and did not within 20 seconds.
+host could not start; 4 if PROGRAM did not close within 20 seconds of being told to.
 )";
 }
 

@@ -11,7 +11,7 @@ namespace plotvane {
 
 // What the stand-in host was asked to do.
 struct SimOptions {
-    std::filesystem::path program;  // empty: plotvane.exe beside the stand-in host
+    std::filesystem::path program;  // empty: plotvane.exe in the folder of the stand-in host
     std::filesystem::path folder;   // working folder of the program; empty: the current one
     std::filesystem::path csv;      // empty: the built-in drive
     std::filesystem::path script;   // empty: plays a drive
@@ -24,8 +24,8 @@ struct SimOptionsResult {
     std::string error;  // what is wrong with the arguments; empty if nothing is
 };
 
-// Reads the arguments behind the program's name. Anything unknown, doubled, out of range or left over is an
-// error: a misspelt option must not play something else.
+// Reads the arguments after the program's name. Anything unknown, repeated, out of range or left over is an
+// error, so that a misspelt option never plays something else.
 SimOptionsResult ParseSimOptions(const std::vector<std::wstring>& arguments);
 
 // What --help prints.

@@ -1,5 +1,5 @@
-// make-samples FOLDER: writes the sample logs, labels and ranges. Needed only after the scripted drive or a
-// form has changed: what it writes is kept with the sources, in samples/.
+// make-samples FOLDER: writes the sample logs, labels and ranges. Run it after a change to the scripted drive
+// or to a file format; its output is kept with the sources, in samples/.
 
 #include <exception>
 #include <iostream>

@@ -231,7 +231,7 @@ TEST_F(Simulator, KeepsThePipeOpenAndPlaysAgain) {
 TEST_F(Simulator, RefusesToBeASecondHost) {
     const HANDLE other = CreateMutexW(nullptr, FALSE, L"DIAGNEL-Running");
     EXPECT_EQ(Run(L"--seconds 0.2"), 3);
-    EXPECT_NE(Output().find("a host runs already"), std::string::npos) << Output();
+    EXPECT_NE(Output().find("a host is already running"), std::string::npos) << Output();
     CloseHandle(other);
 }
 

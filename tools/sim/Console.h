@@ -4,15 +4,14 @@
 
 namespace plotvane {
 
-// What the stand-in host tells a person or a script: to a console as its own characters, to a file or pipe in
-// UTF-8.
+// Prints what the stand-in host says: to a console as its own characters, to a file or pipe as UTF-8.
 class Console {
 public:
     Console();
 
-    // A line of its own.
+    // Prints one line.
     void Line(std::wstring_view text);
-    // The progress: on a console it takes the place of the progress before; elsewhere it is a line.
+    // On a console, replaces the progress printed before; elsewhere prints a line.
     void Progress(std::wstring_view text);
 
     bool IsConsole() const { return m_isConsole; }
@@ -22,7 +21,7 @@ private:
 
     void* m_output;
     bool m_isConsole = false;
-    std::size_t m_progressLength = 0;  // of the progress that stands on the last line
+    std::size_t m_progressLength = 0;  // of the progress shown in the last line
 };
 
 }  // namespace plotvane

@@ -7,11 +7,11 @@
 namespace plotvane {
 namespace {
 
-// How a C run-time library hands its descriptors to the one of a started program: a count, a byte of flags
-// for each descriptor, then a handle for each, without padding.
+// The form in which a C run-time library passes its descriptors to that of a started program: a count, a byte
+// of flags for each descriptor, then a handle for each, without padding.
 std::vector<BYTE> DescriptorBlock(int descriptor, HANDLE handle) {
     constexpr BYTE kOpen = 0x01;
-    constexpr BYTE kPipe = 0x08;  // and not 0x80, text: a block holds any byte
+    constexpr BYTE kPipe = 0x08;  // without 0x80, text mode: a block may hold any byte
     const int count = descriptor + 1;
     const auto size = static_cast<std::size_t>(count);
     std::vector<BYTE> block(sizeof count + size * (1 + sizeof handle));
@@ -26,7 +26,8 @@ std::vector<BYTE> DescriptorBlock(int descriptor, HANDLE handle) {
     return block;
 }
 
-// Of all handles of this process that could be inherited, the one in the list is.
+// Limits inheritance to one handle; without the list, the program would inherit every inheritable handle of
+// this process.
 class InheritedHandles {
 public:
     explicit InheritedHandles(HANDLE handle) : m_handle(handle) {

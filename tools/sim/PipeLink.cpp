@@ -22,14 +22,14 @@ HostLink::Milliseconds PipeLink::Now() {
 }
 
 void PipeLink::Die() {
-    m_console.Line(L"this host dies now, as asked; the program runs on");
+    m_console.Line(L"this host ends now, as the fault asks; the program keeps running");
     TerminateProcess(GetCurrentProcess(), 0);
 }
 
 void PipeLink::Report(const PlayProgress& progress) {
-    // A console shows one line that moves; a file gets a line a second.
+    // A console shows one line that is overwritten; a file gets one line per second.
     const double interval = m_console.IsConsole() ? 0.2 : 1.0;
-    if (progress.seconds < m_lastReport) m_nextReport = 0;  // plays again
+    if (progress.seconds < m_lastReport) m_nextReport = 0;  // the drive plays again
     m_lastReport = progress.seconds;
     if (progress.seconds < m_nextReport) return;
     m_nextReport = progress.seconds + interval;

@@ -7,7 +7,7 @@
 
 namespace plotvane {
 
-// The real world of the stand-in host: a pipe, a process, the system's clock and the console.
+// The real environment of the stand-in host: a pipe, a process, the system's clock and the console.
 class PipeLink final : public HostLink {
 public:
     PipeLink(PipeToProgram& pipe, const HostedProgram& program, Console& console)

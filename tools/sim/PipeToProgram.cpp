@@ -6,7 +6,7 @@
 namespace plotvane {
 namespace {
 
-// Some 30 blocks: more would only make the chart late after a pause.
+// About 30 blocks: with more the chart would lag further behind after a pause.
 constexpr unsigned kCapacity = 16 * 1024;
 
 HANDLE HandleOf(int descriptor) {
@@ -31,7 +31,7 @@ bool PipeToProgram::Open() {
     if (_pipe(ends, kCapacity, _O_BINARY | _O_NOINHERIT) != 0) return false;
     m_read = ends[0];
     m_write = ends[1];
-    m_inherited = _dup(m_read);  // a copy can be inherited, whatever the original
+    m_inherited = _dup(m_read);  // the copy can be inherited even if the original cannot
     return m_inherited >= 0 &&
            SetHandleInformation(InheritedHandle(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT) != 0;
 }

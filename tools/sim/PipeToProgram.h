@@ -7,8 +7,8 @@
 
 namespace plotvane {
 
-// The pipe to the program. A descriptor of its read end is the only thing that the program inherits: were it
-// to inherit the write end too, it would never meet the end of the pipe.
+// The pipe to the program. The program inherits only a descriptor of the read end: if it also inherited the
+// write end, it would never see the end of the pipe.
 class PipeToProgram {
 public:
     PipeToProgram() = default;
@@ -16,16 +16,16 @@ public:
     PipeToProgram& operator=(const PipeToProgram&) = delete;
     ~PipeToProgram();
 
-    // Makes the pipe, binary at both ends. False if the system refuses.
+    // Creates the pipe, in binary mode at both ends. False if the system refuses.
     bool Open();
 
-    // What the program is given: the descriptor's number goes into the exchange file.
+    // The descriptor for the program; its number goes into the exchange file.
     int InheritedDescriptor() const { return m_inherited; }
     HANDLE InheritedHandle() const;
-    // Once the program has its own copy.
+    // Call this once the program has its own copy.
     void DropInherited();
 
-    // Whether so many bytes can be written without waiting for the program to read.
+    // Whether this many bytes can be written without waiting for the program to read.
     bool HasRoomFor(std::size_t bytes) const;
     bool IsDrained() const { return Unread() == 0; }
     bool IsOpen() const { return m_write >= 0; }
@@ -34,7 +34,7 @@ public:
     void CloseWriteEnd();
 
 private:
-    // What the system holds for the program. This end is kept open only to look.
+    // The bytes that the program has not read yet. This end stays open only to count them.
     std::size_t Unread() const;
 
     int m_read = -1;

@@ -15,7 +15,7 @@ inline std::wstring WideFromCodePage(UINT codePage, std::string_view bytes) {
     return wide;
 }
 
-// Text of records and drives is Windows-1252, whatever the system's own code page.
+// Text of records and drives is Windows-1252, whatever the system's own code page is.
 inline std::wstring WideFromWindows1252(std::string_view bytes) {
     return WideFromCodePage(1252, bytes);
 }

@@ -1,4 +1,4 @@
-// diagnel-sim: stands in for the host Diagnel. See docs/pipe-protocol.md for what it speaks.
+// diagnel-sim: stands in for the host Diagnel. docs/pipe-protocol.md describes what it sends.
 
 #include <windows.h>
 
@@ -60,7 +60,7 @@ private:
         return Fail(kBadRequest, m_options.script.wstring() + L" " + WideFromWindows1252(m_script.error));
     }
 
-    // The drive to play. 0, or the exit code.
+    // Loads the drive to play. 0, or the exit code.
     int LoadDrive() {
         if (m_options.csv.empty()) {
             m_drive = std::make_unique<ScriptedDrive>();
@@ -77,8 +77,8 @@ private:
         return 0;
     }
 
-    // Announces the host, opens the pipe and starts the program: in this order, since the program looks for
-    // all of it as soon as it runs. 0, or the exit code.
+    // Announces the host, opens the pipe and starts the program, in this order, since the program looks for
+    // the mutex and the pipe as soon as it runs. 0, or the exit code.
     int Begin() {
         std::error_code error;
         m_options.folder = fs::absolute(m_options.folder.empty() ? fs::path(L".") : m_options.folder, error);
@@ -88,12 +88,12 @@ private:
         if (!fs::is_regular_file(program, error))
             return Fail(kCannotBegin, L"no such program: " + program.wstring());
 
-        // Never closed: it lives as long as this host does.
+        // Never closed: it exists as long as this host runs.
         if (CreateMutexW(nullptr, FALSE, L"DIAGNEL-Running") == nullptr ||
             GetLastError() == ERROR_ALREADY_EXISTS) {
-            return Fail(kCannotBegin, L"a host runs already");
+            return Fail(kCannotBegin, L"a host is already running");
         }
-        if (!m_pipe.Open()) return Fail(kCannotBegin, L"the system gives no pipe");
+        if (!m_pipe.Open()) return Fail(kCannotBegin, L"cannot create a pipe");
         if (!ReplaceTextFile(ExchangeFile(), std::to_string(m_pipe.InheritedDescriptor()) + '\n'))
             return Fail(kCannotBegin, L"cannot write " + ExchangeFile().wstring());
         if (const DWORD code = m_program.Start(program, m_options.folder, m_pipe.InheritedDescriptor(),
@@ -128,7 +128,7 @@ private:
         }
         RemoveExchangeFile();
         const DWORD code = m_program.ExitCode().value_or(0);
-        // What a crash leaves is a status of the system, with its high bits set.
+        // A crashed program leaves a status code of the system, which has its high bits set.
         constexpr DWORD kStatusBits = 0xC0000000;
         if ((code & kStatusBits) == kStatusBits)
             m_console.Line(L"diagnel-sim: the program crashed, status " + std::to_wstring(code));
@@ -139,7 +139,7 @@ private:
 
     fs::path ExchangeFile() const { return m_options.folder / L"MB-PIPE.TXT"; }
 
-    // The program does so itself when it closes; one that crashed has not.
+    // The program removes the file when it closes; a crashed program has not.
     void RemoveExchangeFile() const {
         std::error_code ignored;
         fs::remove(ExchangeFile(), ignored);

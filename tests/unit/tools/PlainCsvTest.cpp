@@ -168,7 +168,7 @@ TEST_F(PlainCsv, TakesAByteOrderMarkAndBlanks) {
 TEST_F(PlainCsv, SaysWhatIsWrong) {
     EXPECT_EQ(LoadPlainCsv("no such file.csv").error, "cannot be opened");
     for (const char* text : {"", "rpm,volt\n1,2\n", "t\n1\n", "time,rpm\n0,1\n"})
-        EXPECT_EQ(Load(text).error, "has no column named t or t_..., with channels behind it") << text;
+        EXPECT_EQ(Load(text).error, "has no column named t or t_..., followed by channels") << text;
     for (const char* text : {"t,rpm", "t,rpm\n", "t,rpm\n\n\n", "t,rpm\nx,5\n"})
         EXPECT_EQ(Load(text).error, "holds no numbers") << text;
 }

@@ -18,7 +18,7 @@ TEST(ProgressLine, TellsThatTheProgramDoesNotRead) {
     const PlayProgress progress{
         .seconds = 0, .driveSeconds = 3, .records = 31, .heldBack = 4, .phase = {}, .values = "1 V"};
     EXPECT_EQ(ProgressLine(progress),
-              "    3.0 s     31 records  1 V  (4 left out: the program does not read)");
+              "    3.0 s     31 records  1 V  (4 left out: the program is not reading)");
 }
 
 }  // namespace

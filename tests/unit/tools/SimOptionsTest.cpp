@@ -81,7 +81,7 @@ TEST(SimOptions, RefusesWhatItDoesNotKnow) {
     EXPECT_EQ(ErrorOf({L"--rates", L"3"}), "unknown option --rates");
     EXPECT_EQ(ErrorOf({L"--rate"}), "--rate needs a value");
     EXPECT_EQ(ErrorOf({L"--rate", L"--loop"}), "--rate needs a value");
-    EXPECT_EQ(ErrorOf({L"--loop", L"--loop"}), "doubled option --loop");
+    EXPECT_EQ(ErrorOf({L"--loop", L"--loop"}), "option given twice: --loop");
     EXPECT_EQ(ErrorOf({L"a.exe", L"b.exe"}), "only one program can be started");
     for (const wchar_t* rate : {L"0", L"-1", L"201", L"1,5", L"ten", L"5x", L"", L"nan", L"1e1"})
         EXPECT_NE(ErrorOf({L"--rate", rate}), "") << std::string(rate, rate + std::wcslen(rate));
