@@ -8,7 +8,7 @@
 
 namespace plotvane::test {
 
-// How far apart two colours look, also to eyes without red or green cones.
+// How far apart two colours look, including to eyes without red or green cones.
 
 enum class Eyes { All, NoRed, NoGreen };
 
@@ -33,7 +33,7 @@ inline Vector LinearOf(Colour colour) {
     return {LinearOf(RedOf(colour)), LinearOf(GreenOf(colour)), LinearOf(BlueOf(colour))};
 }
 
-// What these eyes make of light: Machado, Oliveira and Fernandes (2009), cones missing altogether.
+// How these eyes see the light: Machado, Oliveira and Fernandes (2009), for eyes without one kind of cone.
 inline Vector SeenBy(Eyes eyes, const Vector& light) {
     static constexpr Matrix kNoRed{
         {{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}};
@@ -45,7 +45,7 @@ inline Vector SeenBy(Eyes eyes, const Vector& light) {
     return seen;
 }
 
-// Oklab, in which equal distances look about equally far apart.
+// Oklab: equal distances look about equally far apart.
 inline Vector OklabOf(const Vector& light) {
     static constexpr Matrix kToCones{{{0.4122214708, 0.5363325363, 0.0514459929},
                                       {0.2119034982, 0.6806995451, 0.1073969566},
@@ -58,14 +58,14 @@ inline Vector OklabOf(const Vector& light) {
     return Multiply(kToLab, cones);
 }
 
-// In hundredths of the way from black to white; 2 is just to be seen side by side.
+// In hundredths of the distance from black to white; a distance of 2 is just visible side by side.
 inline double Distance(Colour a, Colour b, Eyes eyes) {
     const Vector first = OklabOf(SeenBy(eyes, LinearOf(a)));
     const Vector second = OklabOf(SeenBy(eyes, LinearOf(b)));
     return 100.0 * std::hypot(first[0] - second[0], first[1] - second[1], first[2] - second[2]);
 }
 
-// The same for the eyes to which they look most alike.
+// The same for the eyes that see the two colours as most alike.
 inline double LeastDistance(Colour a, Colour b) {
     return std::min({Distance(a, b, Eyes::All), Distance(a, b, Eyes::NoRed), Distance(a, b, Eyes::NoGreen)});
 }

@@ -1,5 +1,5 @@
-// Every command that a page tells its reader to type, as far as it is the project's own, names something that
-// exists and takes what it is given.
+// Every command of this project that a page tells its reader to type names something that exists, with
+// arguments that it accepts.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,7 +14,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-// The words of a line of shell up to its comment; && parts commands and is a word too. Quotes are dropped.
+// The words of a shell line, without its comment and its quotes. && separates commands and is a word too.
 Words WordsOf(const std::string& line) {
     Words words;
     std::istringstream stream(line);
@@ -30,7 +30,8 @@ bool HasText(const std::string& file, const std::string& text) {
     return SourceText(file).find(text) != std::string::npos;
 }
 
-// What stands behind a mark in some file of the build, up to a blank or parenthesis: names of targets.
+// Collects the word after each `mark` in the text of a build file, a target's name; it ends at a blank or
+// parenthesis.
 void CollectBehind(const std::string& text, std::string_view mark, std::set<std::string>& names) {
     for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + 1)) {
         const std::size_t begin = at + mark.size();
@@ -58,11 +59,11 @@ protected:
             return ComplaintAboutScript(words);
         if (program.starts_with("build/")) return ComplaintAboutProgram(words);
         if (program == "cmake" || program == "ctest") return ComplaintAboutBuild(words);
-        return m_commonPrograms.contains(program) ? "" : "no program of this project";
+        return m_commonPrograms.contains(program) ? "" : "neither a common program nor one of this project";
     }
 
 private:
-    // A script says in its own text which words and options it takes. Numbers and names of files are free.
+    // A script's own text shows which words and options it accepts. Numbers and file names may be anything.
     static std::string ComplaintAboutScript(const Words& words) {
         const std::string& script = words.front();
         const auto file = Root() / script;
@@ -117,7 +118,7 @@ private:
     const std::set<std::string> m_commonPrograms{"git", "apt-get", "export", "cd", "sha256sum", "wine"};
 };
 
-TEST_F(CommandsTest, AreThereAndTakeWhatTheyAreGiven) {
+TEST_F(CommandsTest, ExistAndAcceptTheirArguments) {
     int commands = 0;
     for (const std::string& name : AllPages()) {
         const Page page(name);
@@ -143,8 +144,8 @@ TEST_F(CommandsTest, AreThereAndTakeWhatTheyAreGiven) {
     EXPECT_GE(commands, 14);
 }
 
-// In running text: `scripts/test.sh`, `scripts/run.sh live --help`.
-TEST_F(CommandsTest, NamedInTheTextAreThereToo) {
+// Commands in running text: `scripts/test.sh`, `scripts/run.sh live --help`.
+TEST_F(CommandsTest, InRunningTextExistToo) {
     int commands = 0;
     for (const std::string& name : AllPages()) {
         const Page page(name);
@@ -155,7 +156,7 @@ TEST_F(CommandsTest, NamedInTheTextAreThereToo) {
                 words.front().ends_with(".sh") && words.front().find('/') != std::string::npos;
             if (!isScript && words.front() != "cmake" && words.front() != "ctest") continue;
             ++commands;
-            // Options behind these are another program's.
+            // The options after "live" belong to another program.
             const bool isForeign = words.size() > 1 && words[1] == "live";
             EXPECT_EQ(Complaint(isForeign ? Words{words[0], words[1]} : words), "") << name << ": " << span;
         }
@@ -163,7 +164,7 @@ TEST_F(CommandsTest, NamedInTheTextAreThereToo) {
     EXPECT_GE(commands, 10);
 }
 
-// The summary of a page must know every script that a newcomer could look for.
+// The summary of the page must name every script that a newcomer might look for.
 TEST_F(CommandsTest, ReadmeNamesEveryScriptThatPeopleRun) {
     std::string told;
     const Page readme("README.md");

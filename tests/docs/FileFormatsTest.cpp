@@ -1,5 +1,4 @@
-// docs/file-formats.md: each example goes through the program's own reader, and what comes out is what the
-// page says.
+// docs/file-formats.md: the program's own reader reads each example, and the result is what the page says.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -25,7 +24,8 @@ std::string WithCrLf(std::string_view text) {
     return lines;
 }
 
-// A line "…" of a scaling file's example stands for all lines between its neighbours, with nothing chosen.
+// In the example of a scaling file, a line "…" stands for all lines between its neighbours, each with the
+// values for nothing chosen.
 std::string Expanded(std::string_view example, int fields) {
     std::string text;
     const std::vector<std::string> lines = Lines(example);
@@ -54,7 +54,7 @@ protected:
     Prefs m_prefs;
 };
 
-TEST_F(FileFormatsTest, DefaultsGiveTheRangesThatThePageTells) {
+TEST_F(FileFormatsTest, DefaultsGiveTheRangesThatThePageStates) {
     WriteBytes(m_folder / "Defaults.cfg", m_page.Example("Defaults.cfg"));
     m_defaults.LoadForPlotting();
     const FieldScaling* row = m_defaults.FindByUnit(Windows1252("°C"));
@@ -63,7 +63,7 @@ TEST_F(FileFormatsTest, DefaultsGiveTheRangesThatThePageTells) {
     EXPECT_TRUE(m_page.Says("\"°C\" gives " + RangeText(row->min, row->max) + ", \"°c\" nothing"));
 }
 
-TEST_F(FileFormatsTest, BuiltInRecordsAreTheOnesThatThePageLists) {
+TEST_F(FileFormatsTest, BuiltInRecordsAreThoseOnThePage) {
     m_defaults.LoadForPlotting();
     std::string first;
     for (int i = 0; i < 3; ++i) {
@@ -96,7 +96,7 @@ void MakeDefaultsFile(const std::filesystem::path& file, const std::string& what
     WriteBytes(file, text);
 }
 
-TEST_F(FileFormatsTest, DefaultsCountAsInTheTable) {
+TEST_F(FileFormatsTest, DefaultsHaveTheRowCountsOfTheTable) {
     const Table table = m_page.TableOf({"file", "loaded for", "rows that count", "rows searched"});
     EXPECT_EQ(table.size(), 8U);
     for (std::size_t i = 1; i < table.size(); ++i) {
@@ -119,7 +119,7 @@ TEST_F(FileFormatsTest, DefaultsCountAsInTheTable) {
     }
 }
 
-TEST_F(FileFormatsTest, ModuleFileGivesTheRangesThatThePageTells) {
+TEST_F(FileFormatsTest, ModuleFileGivesTheRangesThatThePageStates) {
     WriteBytes(m_folder / "M.SCL", Expanded(m_page.Example("<module>.SCL"), ModuleScaling::kFieldCount));
     m_state.pixelShift = 9;
     ASSERT_EQ(m_ranges.LoadModuleScaling("M.SCL"), ModuleLoad::Loaded);
@@ -135,7 +135,7 @@ TEST_F(FileFormatsTest, ModuleFileGivesTheRangesThatThePageTells) {
     EXPECT_EQ(m_ranges.RangeOf(255, 3), ScaleRange{});
 }
 
-TEST_F(FileFormatsTest, ModuleFileIsWrittenAsItStandsOnThePage) {
+TEST_F(FileFormatsTest, ModuleFileIsWrittenAsOnThePage) {
     const std::string text = Expanded(m_page.Example("<module>.SCL"), ModuleScaling::kFieldCount);
     WriteBytes(m_folder / "M.SCL", text);
     ASSERT_EQ(m_ranges.LoadModuleScaling("M.SCL"), ModuleLoad::Loaded);
@@ -143,7 +143,7 @@ TEST_F(FileFormatsTest, ModuleFileIsWrittenAsItStandsOnThePage) {
     EXPECT_EQ(BytesOf(m_folder / "M.SCL"), WithCrLf(text));
 }
 
-TEST_F(FileFormatsTest, ObdFileIsReadAndWrittenAsItStandsOnThePage) {
+TEST_F(FileFormatsTest, ObdFileIsReadAndWrittenAsOnThePage) {
     const std::string text = Expanded(m_page.Example("OBD.SCL"), 1);
     WriteBytes(m_folder / "OBD.SCL", text);
     ASSERT_EQ(m_ranges.LoadModuleScaling("OBD.SCL"), ModuleLoad::Loaded);
@@ -154,7 +154,7 @@ TEST_F(FileFormatsTest, ObdFileIsReadAndWrittenAsItStandsOnThePage) {
     EXPECT_EQ(BytesOf(m_folder / "OBD.SCL"), WithCrLf(text));
 }
 
-TEST_F(FileFormatsTest, NineNumbersReadInPairsGiveWhatThePageTells) {
+TEST_F(FileFormatsTest, NineNumbersReadInPairsGiveWhatThePageStates) {
     const auto lines = Lines(m_page.Example("<module>.SCL"));
     ASSERT_GT(lines.size(), 2U);
     WriteBytes(m_folder / "M.SCL", lines[0] + "\n" + lines[1] + "\n");
@@ -166,7 +166,7 @@ TEST_F(FileFormatsTest, NineNumbersReadInPairsGiveWhatThePageTells) {
                             "), group -10 (dropped) and group 250 (" + RangeText(last.min, last.max) + ")"));
 }
 
-TEST_F(FileFormatsTest, PreferencesExampleIsWhatTheFirstRunLeavesBehind) {
+TEST_F(FileFormatsTest, PreferencesExampleIsWhatTheFirstRunSaves) {
     ASSERT_EQ(SavePrefs(m_folder / kPrefsFileName, Prefs(), 634, 433), 0);
     const std::string example = m_page.Example(kPrefsFileName);
     EXPECT_EQ(BytesOf(m_folder / kPrefsFileName), WithCrLf(example));
@@ -220,7 +220,7 @@ TEST_F(FileFormatsTest, EveryPreferenceIsInTheTableWithItsDefault) {
     EXPECT_EQ(missing["SaveWindowSize"], m_prefs.saveWindowSize ? "on" : "off");
 }
 
-TEST_F(FileFormatsTest, OlderPreferencesAreReadAsThePageTells) {
+TEST_F(FileFormatsTest, OlderPreferencesAreReadAsThePageStates) {
     WriteBytes(m_folder / kPrefsFileName, m_page.Example("Prefs.cfg, older form"));
     m_prefs.lineColor.fill(0x123456);
     m_prefs.backColor = 0x123456;

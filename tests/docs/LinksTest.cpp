@@ -16,7 +16,7 @@ bool LeadsOutside(std::string_view target) {
 
 class LinksTest : public testing::Test {
 protected:
-    // The page or file that a link of this page leads to, relative to the root.
+    // The page or file that this page's link leads to, relative to the root.
     static std::string FileOf(const Page& page, std::string_view target) {
         const std::string_view file = target.substr(0, target.find('#'));
         if (file.empty()) return page.Name();
@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST_F(LinksTest, LeadSomewhere) {
+TEST_F(LinksTest, LeadToFilesThatExist) {
     int links = 0;
     for (const std::string& name : AllPages()) {
         const Page page(name);
@@ -32,13 +32,13 @@ TEST_F(LinksTest, LeadSomewhere) {
             if (LeadsOutside(link.target)) continue;
             ++links;
             EXPECT_TRUE(std::filesystem::exists(Root() / FileOf(page, link.target)))
-                << name << ":" << link.line << ": nothing is at " << link.target;
+                << name << ":" << link.line << ": no file " << link.target;
         }
     }
     EXPECT_GT(links, 30);
 }
 
-TEST_F(LinksTest, LeadToHeadingsThatAreThere) {
+TEST_F(LinksTest, LeadToHeadingsThatExist) {
     for (const std::string& name : AllPages()) {
         const Page page(name);
         for (const Link& link : page.Links()) {
@@ -47,7 +47,7 @@ TEST_F(LinksTest, LeadToHeadingsThatAreThere) {
             const Page target(FileOf(page, link.target));
             const auto& anchors = target.Anchors();
             EXPECT_NE(std::find(anchors.begin(), anchors.end(), link.target.substr(hash + 1)), anchors.end())
-                << name << ":" << link.line << ": no heading is called " << link.target;
+                << name << ":" << link.line << ": no heading " << link.target;
         }
     }
 }

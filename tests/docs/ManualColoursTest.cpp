@@ -1,4 +1,4 @@
-// The colours that the manual gives to colour-blind eyes are as far apart as it says.
+// The colours that the manual recommends for colour-blind users are as far apart as it says.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -33,7 +33,7 @@ std::string WholeNumber(double number) {
 
 class ManualColoursTest : public testing::Test {
 protected:
-    // Two colours a row, each a name and three numbers, an empty cell between them.
+    // Two colours per row: each a name and three numbers, with an empty cell between the two.
     ManualColoursTest() {
         const Table table = m_page.TableOf({"", "red", "green", "blue"});
         for (std::size_t row = 1; row < table.size(); ++row) {
@@ -53,7 +53,7 @@ protected:
     Colours m_lines;
 };
 
-TEST_F(ManualColoursTest, AreAsFarApartAsThePageTells) {
+TEST_F(ManualColoursTest, AreAsFarApartAsThePageStates) {
     EXPECT_TRUE(m_page.Says("any two of the twelve are at least " + WholeNumber(LeastDistanceIn(m_lines)) +
                             " apart"));
     const std::span<const Colour> first(m_lines.data(), 5);
@@ -74,7 +74,7 @@ TEST_F(ManualColoursTest, StandOutFromTheBackgroundAndTheGrid) {
         m_page.Says("No trace comes nearer than " + WholeNumber(least) + " to the background or the grid."));
 }
 
-TEST_F(ManualColoursTest, StandInThePreferencesFileToo) {
+TEST_F(ManualColoursTest, AreInThePreferencesFileToo) {
     const TempFolder folder;
     WriteBytes(folder / kPrefsFileName, m_page.Example(kPrefsFileName));
     Prefs prefs;
@@ -85,8 +85,8 @@ TEST_F(ManualColoursTest, StandInThePreferencesFileToo) {
     EXPECT_EQ(prefs.thickness, 2);
 }
 
-// The scale of the distances: black and white are 100 apart, and red is not green except to eyes without
-// either cone.
+// Pins the scale of the distances: black and white are 100 apart, and red differs from green except for eyes
+// without red or green cones.
 TEST(ColourVisionTest, MeasuresWhatEyesSee) {
     EXPECT_NEAR(Distance(kBlack, kWhite, Eyes::All), 100.0, 0.1);
     const Colour red = MakeColour(200, 60, 0);

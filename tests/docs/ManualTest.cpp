@@ -1,5 +1,4 @@
-// What the manual tells is what the program shows: its messages, the texts of its controls and menus, its
-// figures.
+// The manual says what the program shows: its messages, the texts of its controls and menus, its figures.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -24,7 +23,7 @@
 namespace plotvane::test {
 namespace {
 
-// What the groups of a pattern match, for each match in a text.
+// The groups of a pattern, for each of its matches in a text.
 std::vector<Row> Matches(const std::string& text, const std::string& pattern) {
     std::vector<Row> matches;
     const std::regex expression(pattern);
@@ -36,7 +35,7 @@ std::vector<Row> Matches(const std::string& text, const std::string& pattern) {
     return matches;
 }
 
-// The program's texts by the names of their ids.
+// The program's texts, by the names of their ids.
 std::map<std::string, std::string> StringTable() {
     std::map<std::string, std::string> table;
     for (const Row& entry : Matches(SourceText("res/strings.rc"), R"re((IDS_\w+) +"([^"]*)")re"))
@@ -51,8 +50,8 @@ bool IsProgramSource(const std::string& name) {
     return name.ends_with(".cpp") && rooms.contains(name.substr(0, name.find('/')));
 }
 
-// Each message as the manual writes it: "text" ("title"). The sources name both where they show it; only the
-// preferences take the text from the rule that a number has broken.
+// Each message as the manual writes it: "text" ("title"). The sources name both in the call that shows the
+// message, except for the preferences, where the rule for the invalid number gives the text.
 std::set<std::string> MessagesOfTheProgram() {
     std::set<std::string> messages;
     auto texts = StringTable();
@@ -69,14 +68,14 @@ std::set<std::string> MessagesOfTheProgram() {
                 for (const Row& id : Matches(SourceText("scaling/PrefsNumberEdit.cpp"), R"((IDS_\w+))"))
                     add(id[0], call[1]);
             } else {
-                ADD_FAILURE() << name << " shows a message that this test cannot name: " << call[0];
+                ADD_FAILURE() << name << " shows a message whose texts this test cannot find: " << call[0];
             }
         }
     }
     return messages;
 }
 
-// Otherwise there could be messages that the list above does not see.
+// Without this, the list above could miss messages.
 TEST(ManualMessagesTest, AreShownByOneFunctionOfEachDialog) {
     std::set<std::string> callers;
     for (const std::string& name : AllFiles()) {
@@ -116,8 +115,8 @@ TEST(ManualMeterTest, ListsTheMenuInItsOrder) {
     EXPECT_EQ(told, menu);
 }
 
-// The texts of a dialog, without the marks of their access keys and the colons behind them. Those with an x
-// are placeholders that the program fills.
+// The texts of a dialog, without the marks of their access keys and without colons at the end. Texts with an
+// x are placeholders that the program fills.
 std::set<std::string> TextsOf(const std::string& resource) {
     std::set<std::string> texts;
     for (const Row& match : Matches(SourceText(resource), R"re((?:\(|PUSHBUTTON |CONTROL )"([^"]{3,})")re")) {
@@ -130,7 +129,7 @@ std::set<std::string> TextsOf(const std::string& resource) {
     return texts;
 }
 
-TEST(ManualPreferencesTest, NameEveryControl) {
+TEST(ManualPreferencesTest, NamesEveryControl) {
     const Page page("docs/manual/preferences.md");
     for (const std::string& text : TextsOf("res/prefs-dialog.rc")) EXPECT_TRUE(page.Says(text)) << text;
 }
@@ -204,8 +203,8 @@ TEST(ManualFuelTest, ComputesItsExample) {
     EXPECT_TRUE(Page("docs/manual/fuel.md").Says(told.data())) << told.data();
 }
 
-// The left column names what lies in the package; the number of samples is written out.
-TEST(ReadMeFirstTest, NamesWhatIsThere) {
+// The left column names the contents of the package; the number of samples is spelled out.
+TEST(ReadMeFirstTest, NamesTheContentsOfThePackage) {
     const std::string text = SourceText("packaging/read-me-first.txt");
     for (const char* folder : {"Scaling", "LOGS", "labels"}) {
         EXPECT_TRUE(std::filesystem::is_directory(Root() / "samples" / folder));

@@ -1,4 +1,4 @@
-// The names that the pages for developers put into backticks are those of the sources.
+// The names in backticks on the pages for developers exist in the sources.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,8 @@ bool IsWordCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-// Every word of every source, script and build file, and the files' names; not what the pages say themselves.
+// Every word of every source, script and build file, and the files' names; not the words of the pages
+// themselves.
 std::set<std::string> WordsOfTheSources() {
     std::set<std::string> words;
     const std::set<std::string> extensions{".cpp", ".h", ".rc", ".sh", ".cmake", ".json", ".nsi"};
@@ -28,7 +29,7 @@ std::set<std::string> WordsOfTheSources() {
         const std::filesystem::path path(name);
         if (!extensions.contains(path.extension().string()) && path.filename() != "CMakeLists.txt") continue;
         words.insert(path.stem().string());
-        if (name.starts_with("tests/docs/")) continue;  // speaks of such words without knowing them
+        if (name.starts_with("tests/docs/")) continue;  // these tests also name words of pages
         const std::string text = BytesOf(Root() / path);
         std::string word;
         for (const char c : text + " ") {
@@ -52,7 +53,7 @@ bool IsIdentifier(const std::string& span) {
                        [](char c) { return std::isupper(static_cast<unsigned char>(c)) != 0; });
 }
 
-// A file or folder of the repository, told by a first part that stands in its root.
+// A file or folder of the repository: its first part is a name in the root.
 bool IsPath(const std::string& span) {
     const std::string first = span.substr(0, span.find('/'));
     return span.find('/') != std::string::npos && span.find_first_of(" <*\\:") == std::string::npos &&
@@ -61,7 +62,7 @@ bool IsPath(const std::string& span) {
 
 class NamesTest : public testing::TestWithParam<const char*> {};
 
-TEST_P(NamesTest, AreThoseOfTheSources) {
+TEST_P(NamesTest, AreInTheSources) {
     static const std::set<std::string> words = WordsOfTheSources();
     const Page page(GetParam());
     int names = 0;
@@ -77,7 +78,7 @@ TEST_P(NamesTest, AreThoseOfTheSources) {
             name = colons == std::string::npos ? "" : name.substr(colons + 2);
             if (part.empty() || !IsIdentifier(part)) continue;
             ++names;
-            EXPECT_TRUE(words.contains(part)) << GetParam() << ": no source knows " << part;
+            EXPECT_TRUE(words.contains(part)) << GetParam() << ": not in the sources: " << part;
         }
     }
     EXPECT_GT(names, 4) << GetParam();
@@ -107,7 +108,7 @@ TEST(RoomsTest, AreTheFoldersOfTheReadme) {
     EXPECT_EQ(told, folders);
 }
 
-// Which room includes headers of which others; each may include the resources' names.
+// For each room, the rooms whose headers it includes. Every room may include the ids of the resources.
 std::map<std::string, std::set<std::string>> RoomsUsedByRooms(const std::set<std::string>& rooms) {
     std::map<std::string, std::set<std::string>> used;
     for (const std::string& name : AllFiles()) {
@@ -123,7 +124,7 @@ std::map<std::string, std::set<std::string>> RoomsUsedByRooms(const std::set<std
     return used;
 }
 
-TEST(RoomsTest, UseEachOtherAsTheArchitectureTells) {
+TEST(RoomsTest, UseEachOtherAsTheArchitectureStates) {
     const Table table = Page("docs/architecture.md").TableOf({"room", "uses"});
     std::set<std::string> rooms;
     for (std::size_t i = 1; i < table.size(); ++i) rooms.insert(table[i].at(0));
@@ -140,7 +141,7 @@ TEST(RoomsTest, UseEachOtherAsTheArchitectureTells) {
         }
         EXPECT_EQ(told, used[room]) << room;
         EXPECT_TRUE(std::includes(below.begin(), below.end(), told.begin(), told.end()))
-            << room << " uses a room that the table has above it";
+            << room << " uses a room above it in the table";
     }
 }
 

@@ -18,7 +18,8 @@ bool IsSkippedFolder(const std::filesystem::path& folder) {
     return name == "build" || name.starts_with('.');
 }
 
-// GitHub's rule: lower case, blanks to dashes, and of the rest only letters, digits, "-" and "_".
+// GitHub's rule: lower case, blanks become dashes, and of the other characters only letters, digits, "-" and
+// "_" stay.
 std::string AnchorOf(std::string_view heading) {
     std::string anchor;
     for (const char c : heading) {
@@ -64,7 +65,7 @@ std::unique_ptr<cmark_node, NodeDeleter> Parsed(std::string_view text) {
 
 }  // namespace
 
-// Walks through a parsed page, from its first node to its last.
+// Reads a parsed page from its first node to its last.
 class PageReader {
 public:
     explicit PageReader(Page& page) : m_page(page) {}
@@ -106,8 +107,8 @@ public:
 
 private:
     Page& m_page;
-    std::string m_words;  // of the paragraph, heading or cell that is being read
-    int m_line = 0;       // where it begins
+    std::string m_words;  // of the current paragraph, heading or cell
+    int m_line = 0;       // where that begins
 };
 
 std::filesystem::path Root() {
@@ -133,7 +134,7 @@ std::string Page::Example(std::string_view name, std::size_t index) const {
     for (const CodeBlock& block : m_codeBlocks) {
         if (block.info == info && index-- == 0) return Windows1252(block.text);
     }
-    ADD_FAILURE() << m_name << " has no such example: " << name;
+    ADD_FAILURE() << m_name << " has no example named " << name;
     return "";
 }
 
@@ -165,7 +166,7 @@ std::string Windows1252(std::string_view utf8) {
         if (lead < 0x80) {
             bytes += utf8[i];
         } else if ((lead == 0xC2 || lead == 0xC3) && i + 1 < utf8.size()) {
-            // U+00A0 to U+00FF, where Windows-1252 has the same numbers.
+            // U+00A0 to U+00FF have the same numbers in Windows-1252.
             bytes += static_cast<char>((lead - 0xC2) * 0x40 + static_cast<unsigned char>(utf8[++i]));
         } else {
             ADD_FAILURE() << "not in Windows-1252: " << utf8.substr(i, 8);

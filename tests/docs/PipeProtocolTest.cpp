@@ -1,5 +1,4 @@
-// docs/pipe-protocol.md: each example goes through the program's own reader, and what comes out is what the
-// page says.
+// docs/pipe-protocol.md: the program's own reader reads each example, and the result is what the page says.
 #include <gtest/gtest.h>
 
 #include <charconv>
@@ -26,8 +25,8 @@ protected:
         EXPECT_TRUE(ParseRecord(record, record.find(',') + 1, m_slots, m_state)) << name;
     }
 
-    // The stream that the page shows in hexadecimal digits; " …" stands for the NULs up to the next line's
-    // offset.
+    // The stream that the page shows in hexadecimal digits; " …" stands for NULs up to the offset of the next
+    // line.
     std::string Stream() const {
         std::string stream;
         for (const CodeBlock& block : m_page.CodeBlocks()) {
@@ -49,7 +48,7 @@ protected:
     RunState m_state;
 
 private:
-    // Up to 16 pairs of digits behind the offset; behind them the same in characters.
+    // A line holds an offset, up to 16 pairs of digits, then the same bytes as characters.
     static void AppendBytes(const std::string& line, std::string& stream) {
         constexpr std::size_t kFirst = 5;
         const std::size_t begin = stream.size();
@@ -62,13 +61,13 @@ private:
         const std::string_view characters =
             std::string_view(line).substr(std::min(line.size(), kFirst + std::size_t{16} * 3 + 1));
         std::string shown = Utf8(stream.substr(begin));
-        shown.erase(std::min(shown.size(), shown.find('\0')));  // NULs have no character
-        if (characters.empty()) return;                         // control bytes
+        shown.erase(std::min(shown.size(), shown.find('\0')));  // the page shows no characters for NULs
+        if (characters.empty()) return;                         // nor for control bytes
         EXPECT_EQ(characters, shown) << line;
     }
 };
 
-TEST_F(PipeProtocolTest, ExchangeFileNamesTheDescriptorThatThePageTells) {
+TEST_F(PipeProtocolTest, ExchangeFileNamesTheDescriptorThatThePageStates) {
     const TempFolder folder;
     WriteBytes(folder / kExchangeFileName, m_page.Example(kExchangeFileName));
     const auto descriptor = ReadExchangeFile(folder / kExchangeFileName);
@@ -92,7 +91,7 @@ TEST_F(PipeProtocolTest, NormalRecordFillsTheSlotsOfTheTable) {
     for (int slot = 4; slot < kSlotCount; ++slot) EXPECT_FALSE(m_slots[slot].IsActive()) << slot;
 }
 
-TEST_F(PipeProtocolTest, IdentifiersStandWhereOtherRecordsHaveTheGroup) {
+TEST_F(PipeProtocolTest, IdentifiersTakeThePlaceOfTheGroup) {
     Parse("record with PIDs");
     EXPECT_FALSE(m_state.obdNow);
     EXPECT_EQ(m_slots[0].group, 12);
@@ -102,7 +101,7 @@ TEST_F(PipeProtocolTest, IdentifiersStandWhereOtherRecordsHaveTheGroup) {
     EXPECT_FALSE(m_slots[2].IsActive());
 }
 
-TEST_F(PipeProtocolTest, TenValuesAreTheOnesThatThePageTells) {
+TEST_F(PipeProtocolTest, TenValuesAreTheOnesThatThePageStates) {
     Parse("record with ten values");
     EXPECT_TRUE(m_state.obdNow);
     std::string told;
@@ -139,14 +138,15 @@ TEST_F(PipeProtocolTest, ScriptOfTheStandInHostSendsTheSameBytes) {
     EXPECT_EQ(sent, Stream());
 }
 
-TEST_F(PipeProtocolTest, ValuesOfTheRulesCountAsThePageTells) {
+TEST_F(PipeProtocolTest, ValuesAreReadAsThePageStates) {
     const auto valueOf = [this](const std::string& text) {
         std::string record = "X,G001,F0," + text + ",V,";
         for (int i = 1; i < kSlotCount; ++i) record += "G000,,,,";
         EXPECT_TRUE(ParseRecord(record, 2, m_slots, m_state));
         return m_slots[0].value;
     };
-    EXPECT_TRUE(m_page.Says("12.5 is 12.5; 1e3, n/a, 5 are 0"));  // a blank in front of the 5, folded here
+    // The page has a blank before the 5, which Says ignores.
+    EXPECT_TRUE(m_page.Says("12.5 is 12.5; 1e3, n/a, 5 are 0"));
     EXPECT_EQ(valueOf("12.5"), 12.5);
     for (const char* text : {"1e3", "n/a", " 5"}) EXPECT_EQ(valueOf(text), 0.0) << text;
 }

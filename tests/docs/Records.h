@@ -5,7 +5,7 @@
 
 namespace plotvane::test {
 
-// A record as it is sent, of one that a page has spaced for the eye: without line ends, and without the
+// The record as it is sent, from a record that a page shows with spacing: removes the line ends and the
 // blanks before each "G".
 inline std::string Unspaced(std::string_view example) {
     std::string record;

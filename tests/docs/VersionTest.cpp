@@ -1,4 +1,4 @@
-// One version, in app/Version.h; the other places that cannot take it from there say the same.
+// The version is set in app/Version.h; the places that cannot read it from there must agree with it.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -37,7 +37,7 @@ bool WaitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-// The stand-in host with a program that only reads, in a folder of its own.
+// The stand-in host with a program that only reads, in a temporary folder.
 class Simulator : public testing::Test {
 protected:
     void SetUp() override { SetEnvironmentVariableW(L"PIPE_READER", nullptr); }
@@ -93,7 +93,7 @@ private:
     HANDLE m_output = nullptr;
 };
 
-// The blocks of a stream, without the control codes between them.
+// The blocks in a stream, without the control codes between them.
 std::vector<std::string> BlocksOf(const std::string& stream) {
     std::vector<std::string> blocks;
     for (std::size_t i = 0; i < stream.size();) {
@@ -127,7 +127,7 @@ TEST_F(Simulator, SaysBetweenRecordsThatNothingIsNew) {
     const std::size_t first = RecordBuffer::kBlockSize;
     ASSERT_GT(stream.size(), first);
     EXPECT_EQ(stream[first], '\xFF');
-    // Half a second between the records, one byte in 50 ms.
+    // Half a second between the records, one byte every 50 ms.
     const std::size_t idle = stream.find_first_not_of('\xFF', first) - first;
     EXPECT_GE(idle, 4u);
     EXPECT_LE(idle, 9u);
@@ -148,16 +148,16 @@ TEST_F(Simulator, EndsWithTheExitCodeOfAProgramThatDies) {
 TEST_F(Simulator, NeverHangsOnAProgramThatDoesNotRead) {
     SetEnvironmentVariableW(L"PIPE_READER", L"deaf");
     Start(L"--rate 200 --loop");
-    // Far more than the pipe holds has become due when records are left out.
+    // By the time records are left out, much more has become due than the pipe holds.
     ASSERT_TRUE(WaitUntil([&] { return Output().find("left out") != std::string::npos; })) << Output();
     test::WriteBytes(m_folder / "enough.txt", "");
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(Simulator, TheProgramMeetsTheEndOfThePipeWhenTheHostDies) {
+TEST_F(Simulator, TheProgramSeesTheEndOfThePipeWhenTheHostDies) {
     EXPECT_EQ(Run(L"--fault die@0.2"), 0);
     ASSERT_TRUE(WaitUntil([&] { return EndOfReader() == "end of pipe"; })) << EndOfReader();
-    // Two records, and half of the third.
+    // Two records and half of the third.
     const std::vector<std::string> blocks = BlocksOf(Received());
     ASSERT_EQ(blocks.size(), 3u);
     EXPECT_EQ(blocks.back().size(), RecordBuffer::kBlockSize / 2);
@@ -173,7 +173,7 @@ TEST_F(Simulator, SendsExactlyWhatAScriptSays) {
     test::WriteBytes(m_folder / "s.txt",
                      "bytes FF 4D 2C\nwait 60\nbytes 1A 0D 0A 0A FF\ndrain 5000\nrecord \xB0\\xFF\nclose\n");
     EXPECT_EQ(Run(L"--script \"" + WideOf(m_folder / "s.txt") + L"\""), 10);
-    // No line end is folded, no byte ends the stream.
+    // The pipe translates no line end, and no byte ends the stream.
     EXPECT_EQ(Received(), "\xFFM,\x1A\r\n\n\xFF\xB0\xFF" + std::string(511, '\0'));
 }
 
@@ -212,7 +212,7 @@ TEST_F(Simulator, PlaysAPlainCsv) {
         << Received();
 }
 
-TEST_F(Simulator, ComplainsAboutACsvThatIsNone) {
+TEST_F(Simulator, ComplainsAboutACsvThatCannotBeOpened) {
     EXPECT_EQ(Run(L"--csv \"" + WideOf(m_folder / "none.csv") + L"\""), 2);
     EXPECT_NE(Output().find("cannot be opened"), std::string::npos) << Output();
 }

@@ -1,9 +1,9 @@
-// A program for the stand-in host to start: reads the pipe as a program of its own would, with the descriptor
-// that MB-PIPE.TXT names, and keeps what it got in its working folder. "received.bin" holds every byte;
-// "end.txt" is written last and says why the reading ended.
+// A test program for the stand-in host to start. It reads the pipe through the descriptor that MB-PIPE.TXT
+// names and keeps what it received in its working folder: "received.bin" holds every byte; "end.txt" is
+// written last and says why the reading ended.
 //
-// The environment variable PIPE_READER makes it behave badly: "deaf" never reads and ends when the file
-// "enough.txt" appears, "quit N" ends with exit code 7 after N bytes.
+// The environment variable PIPE_READER makes it behave badly: with "deaf" it never reads and ends when the
+// file "enough.txt" appears; with "quit N" it ends with exit code 7 after N bytes.
 
 #include <fcntl.h>
 #include <io.h>
@@ -46,7 +46,7 @@ int main() {
     CloseHandle(mutex);
 
     std::ofstream received("received.bin", std::ios::binary);
-    int inBlock = 0;  // bytes of the current block still due
+    int inBlock = 0;  // bytes of the current block still to come
     for (long count = 0;;) {
         unsigned char byte = 0;
         if (_read(descriptor, &byte, 1) != 1) return EndWith("end of pipe", 10);

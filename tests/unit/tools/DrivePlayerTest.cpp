@@ -12,7 +12,7 @@ namespace {
 
 using Milliseconds = HostLink::Milliseconds;
 
-// The value of the only channel is the time of the drive, in tenths of a second.
+// The value of its only channel is the time of the drive in tenths of a second.
 class ClockDrive final : public Drive {
 public:
     ClockDrive() {
@@ -82,7 +82,7 @@ TEST_F(DrivePlayer, SpeedMakesTheDriveShorter) {
     EXPECT_EQ(link.Story(), "0.0 1.0 2.0 FE FD ");
 }
 
-TEST_F(DrivePlayer, LoopBeginsAgainAndSecondsEndIt) {
+TEST_F(DrivePlayer, LoopRepeatsTheDriveUntilSecondsEndIt) {
     plan.loop = true;
     plan.seconds = 3.5;
     Run();
@@ -99,7 +99,7 @@ TEST_F(DrivePlayer, EndsAsAsked) {
     EXPECT_EQ(Run(), PlayResult::Closed);
     EXPECT_EQ(link.Story(), "0.0 FD ");
     link.sent.clear();
-    // Whether a stopped program ever reads the second byte is up to its user.
+    // The user decides whether a stopped program ever reads the second byte.
     plan.end = HostEnd::Both;
     EXPECT_EQ(Run(), PlayResult::Stopped);
     EXPECT_EQ(link.Story(), "0.0 FE FD ");
@@ -112,7 +112,7 @@ TEST_F(DrivePlayer, EndsAtOnceWhenTheProgramDoes) {
     EXPECT_LE(link.now, Milliseconds(1850));
 }
 
-TEST_F(DrivePlayer, LeavesRecordsOutThatTheProgramIsTooSlowFor) {
+TEST_F(DrivePlayer, LeavesOutRecordsWhenTheProgramIsTooSlow) {
     link.capacity = 600;
     link.reads = false;
     link.onWait = [&] { link.reads = link.now > Milliseconds(2100); };
@@ -122,7 +122,7 @@ TEST_F(DrivePlayer, LeavesRecordsOutThatTheProgramIsTooSlowFor) {
     EXPECT_EQ(link.reports.back().heldBack, 2);
 }
 
-TEST_F(DrivePlayer, WaitsForRoomToTakeLeave) {
+TEST_F(DrivePlayer, WaitsForRoomForTheLastControlCode) {
     plan.seconds = 0.5;
     link.capacity = RecordBuffer::kBlockSize;
     link.reads = false;
@@ -168,7 +168,7 @@ TEST_F(DrivePlayer, MalformedSendsOneBadRecordAndGoesOn) {
     EXPECT_NE(bad, link.sent.end());
 }
 
-TEST_F(DrivePlayer, SilenceSendsNothingUntilTheLeave) {
+TEST_F(DrivePlayer, SilenceSendsNothingUntilTheFinalControlCode) {
     plan.fault = Fault::Silence;
     plan.faultAt = 1;
     EXPECT_EQ(Run(), PlayResult::Stopped);
@@ -188,7 +188,7 @@ TEST_F(DrivePlayer, FloodFillsTheTimeBetweenTheRecords) {
     EXPECT_EQ(idle, 1.5 * 20'000);
 }
 
-TEST_F(DrivePlayer, GarbageIsOneBlockThatNoControlCodeBegins) {
+TEST_F(DrivePlayer, GarbageIsOneBlockThatBeginsWithNoControlCode) {
     plan.fault = Fault::Garbage;
     plan.faultAt = 1;
     Run();
@@ -202,7 +202,7 @@ TEST_F(DrivePlayer, KeepOpenPlaysAgainWhenTheProgramReadsAgain) {
     plan.seconds = 0.5;
     int stops = 0;
     link.onWait = [&] {
-        // The program stops at 0xFE: what comes behind stays unread until its user lets it go on.
+        // The program stops at 0xFE: the next bytes stay unread until its user resumes it.
         const auto isStop = [](const auto& write) { return write.bytes == "\xFE"; };
         const auto now = std::ranges::count_if(link.sent, isStop);
         if (now > stops && link.sent.back().bytes == "\xFF") {

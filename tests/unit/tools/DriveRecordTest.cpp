@@ -50,9 +50,9 @@ TEST(DriveRecord, ObdFormHasTenRawBytesAndEightEmptySlots) {
     SteppedDrive drive;
     for (int k = 0; k < kSlotCount; ++k)
         drive.channels.at(static_cast<std::size_t>(k)) = Channel(1 + k / 4, k % 4, 0, 0, "V");
-    drive.channels[2].lowest = -3;  // 3 of -3 .. 3
+    drive.channels[2].lowest = -3;  // 3 in a range of -3 to 3
     drive.channels[2].highest = 3;
-    drive.channels[9].highest = 5;  // 10 lies above
+    drive.channels[9].highest = 5;  // its value 10 is above the range
     EXPECT_EQ(RecordOf(drive, 0, RecordForm::Obd, "M"),
               "M,GZER,F0,1,,GZER,F1,2,,GZER,F2,255,,GZER,F3,4,,GZER,F4,5,,GZER,F5,6,,GZER,F6,7,,GZER,F7,8,,"
               "GZER,F8,9,,GZER,F9,255,," +
@@ -71,7 +71,7 @@ TEST(DriveRecord, ObdIdentifiersAreTheFirstFourThatTheDriveHas) {
     EXPECT_EQ(RecordOf(drive, 0, RecordForm::ObdPid, "M"), "OBD,G012,F0,3,%," + EmptySlots(11));
 }
 
-TEST(DriveRecord, EveryValueIsOneThatTheParserTakesForANumber) {
+TEST(DriveRecord, TheParserReadsEveryValueAsANumber) {
     class : public Drive {
     public:
         const DriveChannels& Channels() const override { return channels; }

@@ -22,7 +22,7 @@ protected:
     std::string BytesOf(std::string_view command) {
         const HostScript script = Load(command);
         EXPECT_EQ(script.error, "") << command;
-        return script.steps.size() == 1 ? script.steps[0].bytes : "not one step";
+        return script.steps.size() == 1 ? script.steps[0].bytes : "not exactly one step";
     }
     PlayResult Run(std::string_view text) {
         const HostScript script = Load(text);
@@ -56,7 +56,7 @@ TEST_F(HostScriptTest, BytesAreThoseBytes) {
     EXPECT_EQ(BytesOf("bytes 47 30 3031 fe"), "G001\xFE");
 }
 
-TEST_F(HostScriptTest, ReadsCommandsAndSkipsRemarks) {
+TEST_F(HostScriptTest, ReadsCommandsAndSkipsComments) {
     const HostScript script = Load("# start\r\n\r\nwait 250\ndrain 5000\nclose\ndie");
     EXPECT_EQ(script.error, "");
     ASSERT_EQ(script.steps.size(), 4u);

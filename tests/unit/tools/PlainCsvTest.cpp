@@ -113,11 +113,11 @@ TEST_F(PlainCsv, GivesEachGroupItsOwnClock) {
     ASSERT_TRUE(drive) << error;
     EXPECT_EQ(drive->Seconds(), 3);
     EXPECT_EQ(drive->Value(0, 1), 200);
-    EXPECT_EQ(drive->Value(4, 1), 12);  // its first value stands from the start
+    EXPECT_EQ(drive->Value(4, 1), 12);  // its first value holds from the start
     EXPECT_EQ(drive->Value(4, 3), 13);
 }
 
-TEST_F(PlainCsv, MissingAndForeignCellsKeepTheValueBefore) {
+TEST_F(PlainCsv, MissingAndInvalidCellsKeepTheValueBefore) {
     const auto [drive, error, ignored, dropped] =
         Load("t,a_pct,b_pct\n0,5,n/a\n1,,7\n2\n3,1e3,\"8\"\n4,nan,inf\n");
     ASSERT_TRUE(drive) << error;
@@ -133,7 +133,7 @@ TEST_F(PlainCsv, MissingAndForeignCellsKeepTheValueBefore) {
     EXPECT_EQ(dropped, 0);
 }
 
-TEST_F(PlainCsv, DropsRowsWhoseTimeGoesBackOrIsNone) {
+TEST_F(PlainCsv, DropsRowsWhoseTimeGoesBackOrIsMissing) {
     const auto [drive, error, ignored, dropped] = Load("t,rpm\n1,10\nx,20\n0.5,30\n1e300,40\n2,50\n\n");
     ASSERT_TRUE(drive) << error;
     EXPECT_EQ(dropped, 3);
@@ -150,7 +150,7 @@ TEST_F(PlainCsv, RangesComeFromTheWholeDrive) {
     EXPECT_EQ(RawByte(*drive, 0, 2), 255);
 }
 
-TEST_F(PlainCsv, RangesMayBeWiderThanAnyNumber) {
+TEST_F(PlainCsv, RangesMayBeWiderThanTheLargestDouble) {
     const auto [drive, error, ignored, dropped] = Load("t,x\n0,-1e308\n1,0\n2,1e308\n");
     ASSERT_TRUE(drive) << error;
     EXPECT_EQ(RawByte(*drive, 0, 0), 0);

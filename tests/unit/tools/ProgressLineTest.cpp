@@ -5,7 +5,7 @@
 namespace plotvane {
 namespace {
 
-TEST(ProgressLine, TellsTimePhaseRecordsAndValues) {
+TEST(ProgressLine, ShowsTimePhaseRecordsAndValues) {
     const PlayProgress progress{.driveSeconds = 12.04,
                                 .records = 120,
                                 .heldBack = 0,
@@ -14,7 +14,7 @@ TEST(ProgressLine, TellsTimePhaseRecordsAndValues) {
     EXPECT_EQ(ProgressLine(progress), "   12.0 s  pull away    120 records  2285 /min  36 km/h");
 }
 
-TEST(ProgressLine, TellsThatTheProgramDoesNotRead) {
+TEST(ProgressLine, SaysThatTheProgramIsNotReading) {
     const PlayProgress progress{
         .seconds = 0, .driveSeconds = 3, .records = 31, .heldBack = 4, .phase = {}, .values = "1 V"};
     EXPECT_EQ(ProgressLine(progress),

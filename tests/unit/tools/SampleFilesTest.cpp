@@ -54,7 +54,7 @@ TEST(SampleFiles, CannotBeWrittenIntoAFile) {
     EXPECT_FALSE(WriteSamples(folder / "file"));
 }
 
-// A sample log with what the program makes of it.
+// A sample log, and what the program reads from it.
 struct ReadLog {
     LogReader* reader = nullptr;
     std::vector<std::string> records;
@@ -82,7 +82,7 @@ class SampleLogs : public testing::Test {
 protected:
     ReadLog Read(const char* name) { return plotvane::Read(m_reader, m_state, name); }
 
-    // Row `row` of the drive at a time of the log.
+    // Adds row `row` of the drive at a time of the log.
     void AddRow(RecordText& record, int row, double seconds) const {
         for (int slot = SlotOf(row, 0); slot < SlotOf(row, kSlotColumns); ++slot) {
             const DriveChannel& channel = m_drive.Channels().at(static_cast<std::size_t>(slot));
@@ -95,7 +95,7 @@ protected:
     LogReader m_reader{m_state};
 };
 
-TEST_F(SampleLogs, TheDriveIsThereFromItsStartToItsEnd) {
+TEST_F(SampleLogs, HoldTheWholeDrive) {
     const ReadLog log = Read("drive.csv");
     EXPECT_EQ(log.last, LogRow::Ended);
     EXPECT_EQ(m_reader.ModuleName(), "038 906 019 FT");
@@ -130,7 +130,7 @@ TEST_F(SampleLogs, TwoGroupsLeaveRowCEmptyAndHaveAGap) {
     EXPECT_EQ(gaps, 1);
 }
 
-TEST_F(SampleLogs, TenFieldsStandInFrontOfTwoGroups) {
+TEST_F(SampleLogs, TenFieldsComeBeforeTwoGroups) {
     const ReadLog log = Read("ten-fields.csv");
     EXPECT_EQ(log.last, LogRow::Ended);
     ASSERT_GT(log.records.size(), 100u);

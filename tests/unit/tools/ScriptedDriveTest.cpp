@@ -15,7 +15,7 @@ int SlotWith(const Drive& drive, std::string_view unit, int nth = 0) {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         if (drive.Channels().at(static_cast<std::size_t>(slot)).unit == unit && nth-- == 0) return slot;
     }
-    ADD_FAILURE() << "no channel in " << unit;
+    ADD_FAILURE() << "no channel with the unit " << unit;
     return 0;
 }
 
@@ -118,8 +118,8 @@ TEST_F(ScriptedDriveTest, BurnsNothingOnOverrunAndSomethingOtherwise) {
         EXPECT_GT(m_drive.Value(m_rpm, t), 1100) << t;
         EXPECT_LT(m_drive.Value(m_speed, t + 0.5), m_drive.Value(m_speed, t)) << t;
     }
-    EXPECT_GT(overrun, 100);  // ten seconds and more
-    // Standing still: less than a litre and a half an hour. Steady 130 km/h: six to ten litres per 100 km.
+    EXPECT_GT(overrun, 100);  // at least ten seconds
+    // At a standstill: less than 1.5 litres per hour. At a steady 130 km/h: six to ten litres per 100 km.
     EXPECT_LT(Highest(m_fuel, 220, 240), 1.5);
     const double per100km = m_drive.Value(m_fuel, 120) / m_drive.Value(m_speed, 120) * 100;
     EXPECT_GT(per100km, 6);
@@ -135,7 +135,7 @@ TEST_F(ScriptedDriveTest, KeepsLambdaAroundOneWhileFuelBurns) {
     EXPECT_NEAR(m_drive.Value(m_lambda, 120), 1.0, 0.05);
 }
 
-TEST_F(ScriptedDriveTest, EveryValueStaysInsideItsChannel) {
+TEST_F(ScriptedDriveTest, EveryValueStaysInTheRangeOfItsChannel) {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const DriveChannel& channel = m_drive.Channels().at(static_cast<std::size_t>(slot));
         EXPECT_GE(Lowest(slot, 0, m_drive.Seconds()), channel.lowest) << channel.name << channel.unit;

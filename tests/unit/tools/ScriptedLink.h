@@ -9,7 +9,7 @@
 
 namespace plotvane::test {
 
-// A pipe of a given capacity whose reader takes everything at each wait, unless it is told not to.
+// A pipe of a given capacity. Its reader takes everything at each wait, unless a test makes it stop.
 class ScriptedLink final : public HostLink {
 public:
     struct Sent {
@@ -36,7 +36,7 @@ public:
     void Die() override { died = true; }
     void Report(const PlayProgress& progress) override { reports.push_back(progress); }
 
-    // The values of the records, "0.0 0.5 ...", and the control codes in hex; 0xFF left out on request.
+    // The values of the records, "0.0 0.5 ...", and the control codes in hex; 0xFF only if asked for.
     std::string Story(bool withIdle = false) const {
         std::string story;
         for (const Sent& write : sent) {

@@ -74,7 +74,7 @@ TEST(SimOptions, TakesAModuleNameInWindows1252) {
     EXPECT_NE(ErrorOf({L"--module", L"a,b"}), "");
     EXPECT_NE(ErrorOf({L"--module", L""}), "");
     EXPECT_NE(ErrorOf({L"--module", std::wstring(101, L'a')}), "");
-    EXPECT_NE(ErrorOf({L"--module", L"\u00FDa"}), "");  // would begin the record with a control code
+    EXPECT_NE(ErrorOf({L"--module", L"\u00FDa"}), "");  // it would begin the record with a control code
 }
 
 TEST(SimOptions, RefusesWhatItDoesNotKnow) {
@@ -91,7 +91,7 @@ TEST(SimOptions, RefusesWhatItDoesNotKnow) {
     EXPECT_NE(ErrorOf({L"--end", L""}), "");
 }
 
-TEST(SimOptions, RefusesWhatDoesNotGoTogether) {
+TEST(SimOptions, RefusesOptionsThatExcludeEachOther) {
     EXPECT_NE(ErrorOf({L"--script", L"s", L"--rate", L"5"}), "");
     EXPECT_NE(ErrorOf({L"--script", L"s", L"--loop"}), "");
     EXPECT_NE(ErrorOf({L"--keep-open", L"--end", L"both"}), "");
