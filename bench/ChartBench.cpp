@@ -1,6 +1,6 @@
-// What one sample costs on the chart: AppendPoints of twelve traces and its paint dispatched, against the
-// same drawing in bare calls, in the same process and on the same window system. Prints microseconds and
-// ratios; the ratios are what can be compared between machines.
+// Measures what one sample costs on the chart: AppendPoints for twelve traces, then dispatching the paint
+// message. Compares it with the same drawing in bare calls, in the same process and on the same window
+// system. Prints microseconds and ratios; only the ratios can be compared between machines.
 #include <windows.h>
 
 #include <algorithm>
@@ -17,7 +17,7 @@
 namespace plotvane {
 namespace {
 
-constexpr int kRounds = 15;  // of all contenders in turns, so that a busy moment meets each of them
+constexpr int kRounds = 15;  // the contenders take turns, so that a busy moment affects all of them
 constexpr int kSamplesPerRound = 100;
 constexpr int kShift = 3;
 
@@ -36,7 +36,7 @@ void DispatchAll() {
     }
 }
 
-// Lets the window system settle, so that no leftover work of it falls into a measurement.
+// Lets the window system finish its pending work before a measurement.
 void Settle() {
     const double end = NowUs() + 300e3;
     while (NowUs() < end) {
@@ -88,7 +88,7 @@ struct Contender {
 };
 
 void Measure(Contender& contender, std::size_t round) {
-    // Each on top while it runs: what is covered costs less to paint.
+    // Each window is on top while it is measured: a covered window costs less to paint.
     ::SetWindowPos(contender.window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     Settle();
     static int sample = 0;
@@ -159,7 +159,7 @@ void Compare(int width, int height) {
                       chart.AppendPoints(values);
                       DispatchAll();
                   }},
-        // Where the background is not black, all of the picture is grid.
+        // If the background is not black, every pixel of the chart counts as grid.
         Contender{"CMultiPlotCtrl on dark blue", blueChart.m_hWnd,
                   [&](const TraceValues& values) {
                       blueChart.AppendPoints(values);

@@ -1,9 +1,9 @@
-// What a record costs on its way from the bytes of the pipe, or of a log, to slots, texts, traces and fuel
-// figures: all of the program but its windows. Prints microseconds a record, as the median of several
-// rounds, and what the parts of the way take of it.
+// Measures what a record costs from the bytes of the pipe or of a log to slots, texts, traces and fuel
+// figures: the whole program without its windows. Prints microseconds per record, as the median of several
+// rounds, and the share of each step.
 //
-// record_bench LOG: plays that log instead, as fast as it goes, and prints what memory the process holds
-// meanwhile.
+// record_bench LOG: plays that log as fast as it can and prints how much memory the process holds in the
+// meantime.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -26,7 +26,7 @@ namespace plotvane {
 namespace {
 
 constexpr int kRounds = 15;
-constexpr int kRecords = 20'000;  // a round
+constexpr int kRecords = 20'000;  // per round
 constexpr int kWarmUp = 1000;
 constexpr const char* kModule = "038 906 019 FT";
 
@@ -57,7 +57,7 @@ std::vector<std::string> Blocks(RecordForm form) {
     return blocks;
 }
 
-// Between the sample at which all is warm and the last but one that comes for sure.
+// Measures from the sample after which everything is warm to the last sample that is certain to come.
 class Stopwatch {
 public:
     std::function<void(const TraceValues&)> OnSample() {
@@ -121,7 +121,7 @@ double BlocksUs(const std::vector<std::string>& blocks) {
     return count == kRecords ? (NowUs() - began) / kRecords : -1;
 }
 
-// Slots, tables and views as the program has them, without the loop around.
+// Slots, tables and views as in the program, without the loop.
 struct Bound {
     test::TempFolder folder;
     DriveData data{folder.Path()};
@@ -160,7 +160,7 @@ double TracesUs() {
     return (NowUs() - began) / kRecords;
 }
 
-// What this process holds for itself alone; 0 where the system does not say it in this way.
+// The private memory of this process; 0 if the system does not report it in this way.
 long PrivateKilobytes() {
     constexpr long kKilobytesPerPage = 4;
     long size = 0;
@@ -182,7 +182,7 @@ void Play(const char* log) {
     const double began = NowUs();
     way.ReplayFile(path);
     const double us = NowUs() - began;
-    std::printf(" KB, a million rows apart; %d rows in %.1f s, %.2f us each\n", rows, us / 1e6, us / rows);
+    std::printf(" KB, every million rows; %d rows in %.1f s, %.2f us each\n", rows, us / 1e6, us / rows);
 }
 
 void Print(const char* what, double us) {
@@ -202,7 +202,7 @@ void Run() {
     Print("the same with every meter open", MedianOfRounds([&] { return LiveUs(blocks, Meters::Open); }));
     Print("live, ten fields", MedianOfRounds([&] { return LiveUs(tenFields, Meters::Closed); }));
     Print("a row of a classic log", MedianOfRounds([&] { return ReplayUs(log); }));
-    std::printf("of a live record of three groups\n");
+    std::printf("parts of a live record of three groups\n");
     Print("the block from the pipe", MedianOfRounds([&] { return BlocksUs(blocks); }));
     const double parsed = MedianOfRounds([&] { return ParsedUs(records, false); });
     Print("parsing", parsed);

@@ -1,5 +1,5 @@
-// How well a replay keeps the pace that its rule asks for: ten seconds of a log of twenty rows a second at
-// each speed, on the real clock and message pump. Prints the time taken against the time asked for.
+// Measures how well a replay keeps the pace that its rule asks for: ten seconds of a log with twenty rows per
+// second, at each speed, on the real clock and message pump. Prints the time taken and the time asked for.
 #include <cstdio>
 #include <filesystem>
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kRowsPerSecond = 20;
 constexpr int kRows = 10 * kRowsPerSecond;
-constexpr double kStepCostMs = 5.0;  // what the rule takes off every wait
+constexpr double kStepCostMs = 5.0;  // the rule subtracts this from every wait
 
 double AskedForMs(int periodMs) {
     return kRows * (1.0 * periodMs / kRowsPerSecond - kStepCostMs);

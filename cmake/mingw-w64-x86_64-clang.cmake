@@ -1,4 +1,4 @@
-# The same cross build with clang as the second opinion: headers, libraries and the standard library are those
+# The same cross build with clang, as a second opinion. Headers, libraries and the standard library are those
 # of mingw-w64's own compiler.
 include("${CMAKE_CURRENT_LIST_DIR}/mingw-w64-x86_64.cmake")
 
@@ -14,5 +14,5 @@ set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_FLAGS_INIT
     "-stdlib++-isystem${gcc_folder}/include/c++ -stdlib++-isystem${gcc_folder}/include/c++/x86_64-w64-mingw32")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-fuse-ld=lld -L${gcc_folder}")
-# What the other compiler adds by itself.
+# The GNU compiler adds this by itself.
 set(CMAKE_CXX_STANDARD_LIBRARIES "-lpthread")

@@ -1,5 +1,5 @@
-# Cross build for 64-bit Windows with Debian's mingw-w64. The posix thread model is the one whose
-# standard library has the C++20 parts that the program uses.
+# Cross build for 64-bit Windows with Debian's mingw-w64. Only with the posix thread model does its standard
+# library have the C++20 parts that the program uses.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -12,5 +12,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 
-# Test programs run under Wine, in a prefix of this build tree and on a display of their own.
+# Test programs run under Wine, with a prefix in this build tree and a display of their own.
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../scripts/wine-run.sh")

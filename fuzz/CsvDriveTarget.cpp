@@ -49,7 +49,7 @@ void RequireSaneRecord(const Drive& drive, double seconds, RecordForm form) {
 
 void RequireSaneLog(const std::string& log) {
     const ScratchFile file("made.csv", log);
-    Require(CheckLog(file.Path()) == LogCheck::HostLog, "a log passes for one of the host's");
+    Require(CheckLog(file.Path()) == LogCheck::HostLog, "a log looks like one of the host's");
     RunState state;
     LogReader reader(state);
     SlotTable slots;
@@ -93,7 +93,7 @@ void RequireSaneDrive(const Drive& drive) {
 int FuzzCsvDrive(Bytes input) {
     const ScratchFile file("drive.csv", AsText(input));
     const PlainCsvResult result = LoadPlainCsv(file.Path());
-    Require((result.drive == nullptr) == !result.error.empty(), "there is a drive or a reason why not");
+    Require((result.drive == nullptr) == !result.error.empty(), "there is either a drive or an error");
     if (result.drive) RequireSaneDrive(*result.drive);
     return 0;
 }

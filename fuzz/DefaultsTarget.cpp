@@ -31,8 +31,8 @@ void RequireSaneTable(const DefaultScaling& table, int lowestLastIndex) {
     }
 }
 
-// Whether a file would read as the rows that were written to it: a line end in a unit is dropped on the way
-// back, and the two end marks would end the reading.
+// Whether the saved file would read back as the same rows: reading drops a line end in a unit, and stops at
+// either of the two end marks.
 bool SurvivesAFile(const DefaultScaling& table) {
     for (int row = 0; row <= table.LastIndex(); ++row) {
         const FieldScaling& record = table.Row(row);
@@ -53,8 +53,8 @@ void RequireSaneFile(Loader load, int lowestLastIndex, const ScratchFile& file) 
     RequireSaneTable(reloaded, lowestLastIndex);
     if (!SurvivesAFile(table)) return;
 
-    // A last row that the file cut short has become a whole one. One that ends the reading has only its
-    // unit read back, and its minimum where its maximum is the end mark.
+    // If the file ended in the middle of the last row, saving has completed that row. If the last row holds
+    // an end mark, only its unit is read back, and its minimum if the end mark is its maximum.
     const int more = reloaded.LastIndex() - table.LastIndex();
     Require(more == 0 || (more == 1 && load == &DefaultScaling::LoadForPlotting),
             "a saved table has as many rows as before");
@@ -68,7 +68,7 @@ void RequireSaneFile(Loader load, int lowestLastIndex, const ScratchFile& file) 
     if (more == 0) Require(file.Bytes() == saved, "a reloaded table saves the same");
 }
 
-// What the Preferences dialog does: it edits rows and saves.
+// Does what the Preferences dialog does: edits rows and saves.
 void RequireEditsSurvive(std::string_view unit, int min, int max) {
     DefaultScaling table(ScratchPath());
     table.LoadDefaultScaling();
@@ -101,7 +101,7 @@ int NumberAt(std::string_view bytes, std::size_t position) {
 
 }  // namespace
 
-// Two parts: Defaults.cfg, and what somebody types as a unit in the Preferences dialog.
+// Two parts: Defaults.cfg, and the text that a user types as a unit in the Preferences dialog.
 int FuzzDefaults(Bytes input) {
     std::string_view rest = AsText(input);
     const std::string_view bytes = TakePart(rest);

@@ -8,7 +8,7 @@
 namespace plotvane::fuzz {
 namespace {
 
-// More would only take longer.
+// A longer script would only take longer.
 constexpr std::size_t kMaxPortions = 200;
 constexpr std::size_t kMaxClicks = 40;
 constexpr int kMaxPauseCs = 500;

@@ -6,7 +6,7 @@
 
 namespace plotvane::fuzz {
 
-// What a drive consists of, written as lines; the first character of a line says what it is.
+// The events of a drive, written as lines; the first character of a line says what kind it is.
 //
 //   what the host does                          what is there at the start
 //   r  a record: a block with this text         h  the host runs

@@ -24,12 +24,13 @@ namespace plotvane::fuzz {
 namespace {
 
 constexpr const char* kLogName = "drive.csv";
-constexpr int kPatience = 4000;    // rounds of the pump, after which the user ends the program
-constexpr int kRoundsToEnd = 200;  // within which everything must have returned then
-constexpr double kTickMs = 10.0;   // of a coarse clock: no sleep is shorter
+constexpr int kPatience = 4000;    // rounds of the pump; after these the user closes the program
+constexpr int kRoundsToEnd = 200;  // after the close, everything must have returned within these
+constexpr double kTickMs = 10.0;   // a coarse clock: no sleep is shorter
 constexpr int kLongestSleepMs = 1000;
 
-// A clock that only waiting moves, with the user's clicks, up to the moment at which the user has had enough.
+// A clock that only advances while the program waits, with the user's clicks. After kPatience rounds it drops
+// the other clicks and closes the program.
 class DrivePump : public MessagePump {
 public:
     explicit DrivePump(std::function<void()> endProgram) : m_endProgram(std::move(endProgram)) {}
@@ -57,7 +58,7 @@ public:
     bool HasClicks() const { return !m_clicks.empty(); }
 
 private:
-    // A click ends the sleep, as a message does.
+    // A click ends the sleep, as a message would.
     double SleepFor(int ms) const {
         const double untilClick = m_clicks.empty() ? ms : m_clicks.front().first - m_nowMs;
         return std::max(kTickMs, std::min<double>(ms, untilClick));
@@ -69,7 +70,7 @@ private:
     int m_rounds = 0;
 };
 
-// The files that are there before the program starts, and the working folder for as long as it runs.
+// The working folder while the program runs, with the files that exist before it starts.
 class WorkingFolder {
 public:
     explicit WorkingFolder(const DriveScript& script) {
@@ -92,7 +93,7 @@ public:
     WorkingFolder(const WorkingFolder&) = delete;
     WorkingFolder& operator=(const WorkingFolder&) = delete;
 
-    // Nothing but what the program may make.
+    // Nothing may be in the folder that the program must not create.
     static void RequireTidy() {
         for (const auto& entry : std::filesystem::directory_iterator(ScratchPath())) {
             const auto name = entry.path().filename();
@@ -155,7 +156,7 @@ private:
         m_dialog.Stop();
     }
 
-    // Behind the close, which one of the clicks may have waited for, nobody clicks any more.
+    // Ignores clicks after the close, which may happen during one of the clicks.
     void Perform(std::string_view clicks) {
         for (std::size_t i = 0; i < clicks.size() && m_dialog.closes == 0; ++i) {
             if (clicks[i] == 'M') {
@@ -218,7 +219,7 @@ private:
             std::isfinite(m_acquisition.fuel.Consumption()) && std::isfinite(m_acquisition.fuel.Mileage()),
             "a fuel figure is finite");
         for (const std::string& text : m_panel.values) {
-            constexpr std::size_t kLongest = 100 + 15;  // a unit behind a "%g" number
+            constexpr std::size_t kLongest = 100 + 15;  // a "%g" number and a unit
             Require(text.size() <= kLongest, "a value box is bounded");
         }
         for (const auto& [text, caption] : m_dialog.messages)

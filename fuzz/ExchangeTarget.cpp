@@ -19,7 +19,7 @@ std::string ReadThrough(const std::filesystem::path& path) {
     return text;
 }
 
-// The number in at most nine characters, so that nothing overflows.
+// The number at the start of a line of at most nine characters, which cannot overflow.
 int DescriptorOf(std::string_view line) {
     line.remove_prefix(std::min(line.find_first_not_of(" \t\v\f\r"), line.size()));
     const bool negative = line.starts_with('-');
@@ -44,8 +44,8 @@ int FuzzExchange(Bytes input) {
     constexpr std::size_t kMaxLineLength = 9;
     const auto line = std::string_view(text).substr(0, std::min(text.find('\n'), kMaxLineLength));
     const auto descriptor = ReadExchangeFile(file.Path());
-    Require(descriptor.has_value(), "a file that is there is read");
-    Require(*descriptor == DescriptorOf(line), "the descriptor stands in the first nine characters");
+    Require(descriptor.has_value(), "an existing file is read");
+    Require(*descriptor == DescriptorOf(line), "the descriptor is in the first nine characters");
     return 0;
 }
 

@@ -13,7 +13,8 @@ void RequireSaneStep(const ScriptStep& step) {
     constexpr milliseconds kLongestWait{600'000};
     Require(step.time >= milliseconds(0) && step.time <= kLongestWait, "a wait is bounded");
     Require(step.bytes.size() <= kOnePieceOfThePipe, "a command's bytes fit the pipe");
-    Require((step.kind == ScriptStep::Kind::Send) == !step.bytes.empty(), "what is sent has bytes");
+    Require((step.kind == ScriptStep::Kind::Send) == !step.bytes.empty(),
+            "exactly the send commands have bytes");
 }
 
 }  // namespace
@@ -21,7 +22,7 @@ void RequireSaneStep(const ScriptStep& step) {
 int FuzzHostScript(Bytes input) {
     const ScratchFile file("script.txt", AsText(input));
     const HostScript script = LoadHostScript(file.Path());
-    Require(script.steps.empty() == !script.error.empty(), "there are commands or a reason why not");
+    Require(script.steps.empty() == !script.error.empty(), "there are either commands or an error");
     bool closed = false;
     for (const ScriptStep& step : script.steps) {
         RequireSaneStep(step);

@@ -28,7 +28,7 @@ std::vector<std::string> LinesOf(std::string_view bytes) {
 }
 
 void RequireText(const std::string& text, std::size_t longest) {
-    Require(text.size() <= longest, "a label is no longer than it may be");
+    Require(text.size() <= longest, "a label is not too long");
     Require(text.find_first_of(",;\n") == std::string::npos, "a label ends at a comma, comment or line end");
 }
 
@@ -60,7 +60,7 @@ void RequireEqual(const LabelTable& a, const LabelTable& b, const char* promise)
     }
 }
 
-// Where the shared file sends the module; nothing if it keeps it.
+// The file to which the shared file redirects the module; nothing if there is no redirect for it.
 std::optional<std::string> TargetOf(std::string_view sharedFile, std::string_view suffix) {
     for (const std::string& line : LinesOf(sharedFile)) {
         const auto target = RedirectTargetOf(line, suffix);
@@ -78,8 +78,8 @@ bool IsSameFile(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-// Four parts: the module's name, its own label file, the one of its part number, the one that a redirect
-// there names. A file whose part is empty does not exist.
+// Four parts: the module's name, its own label file, the label file of its part number, and the file that a
+// redirect in the latter names. A file with an empty part does not exist.
 int FuzzLabels(Bytes input) {
     std::string_view rest = AsText(input);
     const std::string key = ScalingFileNameOf(TakePart(rest));
@@ -115,7 +115,7 @@ int FuzzLabels(Bytes input) {
     LabelTable table;
     table.SetGroupTitle(7, "of the module before");
     LoadLabels(ScratchPath(), stem, table);
-    RequireEqual(table, expected, "the labels are those of the file that serves the module");
+    RequireEqual(table, expected, "the labels are those of the file for the module");
     return 0;
 }
 

@@ -10,7 +10,7 @@
 namespace plotvane::fuzz {
 namespace {
 
-// No way out of the folder, on any system.
+// The name must not lead out of its folder on any system.
 void RequirePlainName(std::string_view name) {
     constexpr std::string_view kReserved = "\\/:*?\"<>|";
     Require(!name.empty(), "a file name is not empty");
@@ -23,7 +23,7 @@ void RequirePlainName(std::string_view name) {
 
 }  // namespace
 
-// The input is a module's name as a record begins with it.
+// The input is the name of a module, as it stands at the start of a record.
 int FuzzModuleKey(Bytes input) {
     const std::string_view name = AsText(input);
     if (IsSafeFileName(name)) RequirePlainName(name);
@@ -38,7 +38,7 @@ int FuzzModuleKey(Bytes input) {
     Require(ScalingFileNameOf(stem) == key, "a key's own name has the same key");
     Require(IsSafeFileName(key) || IsDeviceName(key), "only a device's name makes a key unfit for a file");
 
-    // The log import puts a raw module name in the key's place.
+    // The log import uses the raw module name in place of the key.
     for (const std::string_view labelStem : {std::string_view(stem), KeyStemOf(name)}) {
         const std::string suffix = ModuleSuffixOf(labelStem);
         Require(suffix.size() <= 3 && std::ranges::all_of(suffix, IsLetterOrDigit),

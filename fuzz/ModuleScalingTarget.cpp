@@ -11,9 +11,9 @@
 namespace plotvane::fuzz {
 namespace {
 
-constexpr int kFieldsAsked = 10;  // of a record's field digit
+constexpr int kFieldsAsked = 10;  // a record's field is one digit
 
-// The tables of one run of the program.
+// The tables that one run of the program uses.
 struct Tables {
     explicit Tables(bool obdFile) { state.obdFile = obdFile; }
 
@@ -45,7 +45,7 @@ void RequireEqual(const Tables& a, const Tables& b, const char* promise) {
 void RequireSaneFile(const std::string& name, std::string_view bytes, bool obdFile) {
     const ScratchFile file(PathFromText(name), bytes);
     Tables tables(obdFile);
-    Require(tables.ranges.LoadModuleScaling(name) == ModuleLoad::Loaded, "a file that is there is loaded");
+    Require(tables.ranges.LoadModuleScaling(name) == ModuleLoad::Loaded, "an existing file is loaded");
     Require(tables.ranges.IsLoadedWhole() && tables.ranges.LoadedName() == name, "it is the current file");
     Require(tables.ranges.LoadModuleScaling(name) == ModuleLoad::AlreadyLoaded, "a file is read once");
     RequireSane(tables);
@@ -61,18 +61,18 @@ void RequireSaneFile(const std::string& name, std::string_view bytes, bool obdFi
     if (bytes.find('\r') != std::string_view::npos) return;
     file.Write(WithCrLf(bytes));
     Tables crLf(obdFile);
-    Require(crLf.ranges.LoadModuleScaling(name) == ModuleLoad::Loaded, "a file that is there is loaded");
+    Require(crLf.ranges.LoadModuleScaling(name) == ModuleLoad::Loaded, "an existing file is loaded");
     RequireEqual(tables, crLf, "both line ends read the same");
 }
 
-// The file is made.
+// Requires that loading creates the file, unless its name is unsafe.
 void RequireFirstVisit(const std::string& name, bool obdFile) {
     Tables tables(obdFile);
     const bool fit = IsSafeFileName(name);
     Require(tables.ranges.LoadModuleScaling(name) == (fit ? ModuleLoad::Loaded : ModuleLoad::Failed),
-            "a module gets a file if its name is fit for one");
+            "a module gets a file if its name is safe");
     const auto path = ScratchPath() / PathFromText(name);
-    Require(std::filesystem::exists(path) == fit, "a module gets a file if its name is fit for one");
+    Require(std::filesystem::exists(path) == fit, "a module gets a file if its name is safe");
     RequireSane(tables);
     std::filesystem::remove(path);
 }

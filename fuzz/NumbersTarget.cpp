@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 
-// A number's text taken apart, sign and digits.
+// The text of a number, split into sign and digits.
 struct Spelling {
     bool negative = false;
     std::string_view digits;
@@ -38,7 +38,7 @@ int DigitOf(char c, int base) {
     return std::min(digit, base);
 }
 
-// The leading digits as a number of at most 32 bits, and how many there are.
+// The digits at the start as a number of at most 32 bits, and how many of them there are.
 std::pair<std::uint32_t, std::size_t> NumberOf(std::string_view digits, int base) {
     constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
     std::uint64_t number = 0;
@@ -77,7 +77,7 @@ void RequireHex(std::string_view text) {
                 "a hexadecimal number is its digits, or all ones");
 }
 
-// The C library's reader agrees wherever the two are meant to: on digits, a point and an exponent.
+// Compares with the C library's reader where the two must agree: on digits, a point and an exponent.
 void RequireDouble(std::string_view text) {
     const double number = ParseDouble(text);
     Require(std::isfinite(number), "a number is finite");
@@ -101,25 +101,26 @@ std::string Printed(const char* format, auto... arguments) {
 void RequireWritten(double number, int integer) {
     std::string text = "=";
     AppendNumber(text, number);
-    Require(text == "=" + Printed("%g", number), "a number is written as \"%g\" does");
+    Require(text == "=" + Printed("%g", number), "a number is written as \"%g\" would write it");
     text = "=";
     const int decimals = integer % (kMaxDecimals + 1);
     AppendFixed(text, number, decimals);
     Require(text == "=" + Printed("%.*f", std::max(decimals, 0), number),
-            "decimals are as many as asked for");
+            "the number of decimals is the one asked for");
     text = "=";
     AppendDecimal(text, integer);
     Require(text == "=" + Printed("%d", integer) && ParseDecimal(text.substr(1)) == integer,
-            "an integer survives its text");
+            "a written integer reads back the same");
     text = "=";
     const auto bits = static_cast<std::uint32_t>(integer);
     AppendHex(text, bits);
-    Require(text == "=" + Printed("%x", bits) && ParseHex(text.substr(1)) == bits, "bits survive their text");
+    Require(text == "=" + Printed("%x", bits) && ParseHex(text.substr(1)) == bits,
+            "written bits read back the same");
 }
 
 }  // namespace
 
-// The input as the text of a number, and its first bytes as a number to write.
+// The input is read as the text of a number; its first bytes are also taken as a number to write.
 int FuzzNumbers(Bytes input) {
     const std::string_view text = AsText(input);
     RequireDecimal(text);

@@ -12,12 +12,12 @@
 namespace plotvane::fuzz {
 namespace {
 
-constexpr int kStopNow = 255;  // among the cuts: the user stops the run, and then starts the next one
+constexpr int kStopNow = 255;  // as a cut: the user stops the run and then starts the next one
 constexpr int kMaxSmallCut = 127;
 constexpr int kLargeCutUnit = 33;  // the largest cut, 127 of these, is just more than the reader's buffer
 
-// The stream arrives in portions that the cuts choose, one a read: up to 127 bytes as they say, larger ones
-// in units; 0 says that nothing has arrived. Then the host is gone.
+// Delivers the stream in portions, one for each read. A cut of up to 127 is a number of bytes, a larger one a
+// number of units; 0 means that nothing has arrived. After the stream the host is gone.
 class CutPipe : public HostPipe {
 public:
     CutPipe(std::string_view stream, Bytes cuts) : m_stream(stream), m_cuts(cuts) {}
@@ -70,7 +70,7 @@ private:
     double m_nowMs = 1000.0;
 };
 
-// What the next block of a stream is, however it arrives.
+// The next block that a reader must find in the stream, in whatever portions it arrives.
 struct Expected {
     Block block = Block::HostStopped;
     std::string_view bytes;  // of a record
@@ -90,7 +90,7 @@ Expected TakeExpected(std::string_view& stream) {
     return {.block = Block::Record, .bytes = bytes};
 }
 
-// Reads a stream to its end, run by run, as the loop does, and compares each block with what was written.
+// Reads a stream to its end, run by run, as the loop does, and compares each block with the stream.
 class StreamReader {
 public:
     StreamReader(std::string_view stream, Bytes cuts) : m_expected(stream), m_pipe(stream, cuts) {}
@@ -133,7 +133,7 @@ private:
         m_runBeganMs = m_pump.NowMs();
     }
 
-    // A run may begin late in a round, and one round may make up for the one before.
+    // A run may begin late in a round, and one round may make up for the time lost in the one before.
     void RequireRoundsOf50Ms() {
         constexpr double kRoundMs = 50.0;
         ++m_rounds;
@@ -154,7 +154,7 @@ private:
 
 }  // namespace
 
-// The first byte counts the cuts that follow it; the rest is what the host writes before it dies.
+// The first byte is the number of cuts that follow it; the rest is what the host writes before it dies.
 int FuzzPipe(Bytes input) {
     if (input.empty()) return 0;
     const std::size_t cutCount = std::min<std::size_t>(input.front(), input.size() - 1);

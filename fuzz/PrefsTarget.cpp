@@ -12,7 +12,7 @@
 namespace plotvane::fuzz {
 namespace {
 
-// Of a hexadecimal digit in either case.
+// The value of a hexadecimal digit in either case.
 std::optional<unsigned> ValueOf(char c) {
     if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
     if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a' + 10);
@@ -66,11 +66,11 @@ void RequireSaneFile(const ScratchFile& file) {
     Require(Saved(file, Loaded(file)) == second, "reloaded preferences save the same bytes");
 }
 
-// The old form taken by itself, whatever the file is.
+// Checks the reader of the old form by itself, on any file.
 void RequireSaneOldForm(const ScratchFile& file) {
     Prefs prefs;
     const int answer = LoadLegacyPrefs(file.Path(), prefs);
-    Require(answer == 0 || answer == 1, "a file that is there is read");
+    Require(answer == 0 || answer == 1, "an existing file is read");
     const Prefs defaults;
     Prefs others = prefs;
     others.autorun = defaults.autorun;
@@ -82,7 +82,7 @@ void RequireSaneOldForm(const ScratchFile& file) {
     Require(AreEqual(others, defaults), "the old form has seventeen values");
 }
 
-// The key's value as text, found by hand; nothing if it is missing.
+// The text of the key's value, found by a simpler search; nothing if it is missing.
 std::optional<std::string_view> DigitsOf(std::string_view text, std::string_view key) {
     constexpr std::size_t kMaxDigits = 11;
     for (std::size_t start = 0; start + key.size() < text.size(); ++start) {
@@ -112,8 +112,10 @@ void RequireSaneSearch(std::string_view text, std::string_view key) {
             decimal = std::min<std::uint64_t>(decimal, std::numeric_limits<int>::max());
         }
     }
-    Require(FindPrefsValue(text, key, false) == hex, "a key's value is the hexadecimal run behind it");
-    Require(FindPrefsValue(text, key, true) == decimal, "a key's value is the decimal run behind it");
+    Require(FindPrefsValue(text, key, false) == hex,
+            "a key's value is the run of hexadecimal digits after it");
+    Require(FindPrefsValue(text, key, true) == decimal,
+            "a key's value is the run of decimal digits after it");
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 namespace plotvane::fuzz {
 
-// An input under which the code did not do what it says. libFuzzer takes the exception for a crash, a unit
-// test for a failure.
+// Thrown if an input makes the code break a promise. libFuzzer reports the exception as a crash, a unit test
+// as a failure.
 struct BrokenPromise : std::logic_error {
     using std::logic_error::logic_error;
 };

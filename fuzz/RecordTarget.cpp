@@ -18,7 +18,7 @@ void RequireSaneAnswer(std::string_view text, std::size_t position) {
     RequireSaneSlots(slots);
     Require(state.obdPrevious, "the form of the record before is remembered");
 
-    // A second time into the used slots: nothing of a record may depend on the one before.
+    // Parses again into the used slots: no record may depend on the one before.
     SlotTable again = slots;
     RunState stateAgain;
     Require(ParseRecord(text, position, again, stateAgain) == whole, "the same record parses the same");
@@ -28,13 +28,13 @@ void RequireSaneAnswer(std::string_view text, std::size_t position) {
     const std::string rewritten = RecordOf(slots);
     if (rewritten.empty()) return;
     SlotTable reread;
-    Require(ParseRecord(rewritten, 0, reread, state), "what the slots hold makes a record");
-    Require(AreEqual(slots, reread), "what the slots hold survives a record");
+    Require(ParseRecord(rewritten, 0, reread, state), "the contents of the slots can be parsed as a record");
+    Require(AreEqual(slots, reread), "the contents of the slots read back the same from a record");
 }
 
 }  // namespace
 
-// A block of the pipe; what is behind its 513 bytes picks other positions to parse from.
+// A block of the pipe; bytes after the first 513 choose more positions at which to start parsing.
 int FuzzRecord(Bytes input) {
     RecordBuffer record;
     const std::size_t length = std::min(input.size(), RecordBuffer::kBlockSize);

@@ -41,7 +41,8 @@ void SampleCheck::RequireSlots(const TraceValues& values) const {
         if (!slot.IsActive()) {
             Require(box.empty(), "the box of an empty slot is empty");
         } else if (m_panel.airFuelOn[index] && slot.unit.empty()) {
-            Require(box == BoxOf(slot) || box == Printed("%1.1f", slot.value), "a box shows value or ratio");
+            Require(box == BoxOf(slot) || box == Printed("%1.1f", slot.value),
+                    "a box shows the value or the ratio");
         } else {
             Require(box == BoxOf(slot), "a box shows value and unit");
         }

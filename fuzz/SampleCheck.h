@@ -9,8 +9,8 @@
 
 namespace plotvane::fuzz {
 
-// Looks at every sample on its way to the chart: boxes, values and fuel figures must be what the slots say,
-// by rules written down a second time.
+// Checks every sample on its way to the chart: boxes, values and fuel figures must follow from the slots, by
+// rules that are written a second time here.
 class SampleCheck {
 public:
     SampleCheck(const DriveData& data, const test::FakePanel& panel, const FuelFigures& fuel)

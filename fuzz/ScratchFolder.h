@@ -7,14 +7,14 @@
 
 namespace plotvane::fuzz {
 
-// The folder into which targets write their input as files; one for the whole process, because making one
-// for each input would cost more than the readers do. Empty whenever a target has ended.
+// The folder in which targets write their input as files. There is one for the whole process, because
+// creating one for each input would take longer than the readers do. It is empty whenever a target has ended.
 inline const std::filesystem::path& ScratchPath() {
     static const test::TempFolder folder;
     return folder.Path();
 }
 
-// A file of that folder, with the given bytes, for the length of a scope.
+// A file in that folder with the given bytes; its destructor deletes it.
 class ScratchFile {
 public:
     ScratchFile(const std::filesystem::path& name, std::string_view bytes) : m_path(ScratchPath() / name) {
@@ -27,7 +27,7 @@ public:
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;
 
-    // In place of the former bytes.
+    // Replaces the bytes of the file.
     void Write(std::string_view bytes) const { test::WriteBytes(m_path, bytes); }
 
     std::string Bytes() const { return test::BytesOf(m_path); }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kMaxText = 100;
 
-// All digits and no exponent, which the host never writes.
+// All digits, without an exponent, because the host never writes one.
 std::string PlainNumber(double value) {
     std::array<char, 512> digits;
     const auto end =

@@ -6,8 +6,8 @@
 #include <string_view>
 
 // A target feeds bytes to one reader of foreign bytes and checks what the reader promises for any input. It
-// answers 0; a broken promise is thrown (see Promise.h). The same functions run under libFuzzer and, with
-// every kept input, as unit tests.
+// returns 0, or throws if a promise is broken (see Promise.h). The same functions run under libFuzzer and,
+// with every kept input, as unit tests.
 namespace plotvane::fuzz {
 
 using Bytes = std::span<const std::uint8_t>;

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # check.sh [CHECK...]: makes the package and uses it as its user would, on a fresh "machine" (a Wine prefix of its
-# own). The checks are the functions below that are called check_CHECK; without a name all of them are made:
+# own). Each check is a function check_CHECK below; without arguments all of them run:
 #
 #   made        package.sh makes the same bytes twice
 #   zip         unpacked into a folder with blanks and umlauts, it plays its sample log
-#   installer   it installs without a question; its Start-menu entry starts the program in the right folder; while
-#               that runs, nothing is replaced or removed; the uninstaller leaves the user's files alone
+#   installer   it installs without questions; its Start-menu entry starts the program in the right folder; while the
+#               program runs, nothing is replaced or removed; the uninstaller leaves the user's files alone
 #   upgrade     installed over an older version, it replaces the program and keeps the user's files
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -15,7 +15,7 @@ all_checks=(made zip installer upgrade)
 checks=("$@")
 ((${#checks[@]})) || checks=("${all_checks[@]}")
 for check in "${checks[@]}"; do
-    [[ " ${all_checks[*]} " == *" $check "* ]] || die "there is no check $check; there are: ${all_checks[*]}"
+    [[ " ${all_checks[*]} " == *" $check "* ]] || die "no check named $check; the checks are: ${all_checks[*]}"
 done
 
 need_packages "${build_packages[@]}" "${run_packages[@]}" "${package_packages[@]}"
@@ -27,14 +27,14 @@ windows_path() { winepath -w "$1"; }
 expect() { [[ -e $1 ]] || die "missing: $1"; }
 expect_gone() { [[ ! -e $1 ]] || die "still there: $1"; }
 
-shown="" # the title and the twelve value boxes, when last asked
+shown="" # the title and the twelve value boxes, as last read
 drive_is_shown() {
     shown=$(remote texts)
     grep -q "drive.csv" <<<"$shown" && grep -qE "^A1  [0-9.]+ /min" <<<"$shown"
 }
 engine_speed_changed() { drive_is_shown && [[ $(grep "^A1" <<<"$shown") != "$1" ]]; }
 
-# Plays the sample drive in the program that is running and closes it; the folder then holds its settings.
+# Plays the sample drive in the running program and closes the program; the folder then holds its settings.
 play_and_close() {
     local folder=$1
     remote load "$(windows_path "$folder/LOGS/drive.csv")"
@@ -46,7 +46,7 @@ play_and_close() {
     expect "$folder/Scaling/Prefs.cfg"
 }
 
-# With the resources and the program anew, in which a time stamp could be.
+# Builds the resources and the program again, because they could hold a time stamp.
 make_package() {
     rm -f "$build"/windows/plotvane.exe "$build"/windows/CMakeFiles/plotvane_resources.dir/res/plotvane.rc.res
     scripts/package.sh
@@ -57,7 +57,7 @@ check_made() {
     local first
     first=$(<"$package/SHA256SUMS")
     make_package >"$logs/package-again.log" || { cat "$logs/package-again.log" >&2; die "package.sh failed"; }
-    [[ $(<"$package/SHA256SUMS") == "$first" ]] || die "package.sh makes other bytes when it runs again"
+    [[ $(<"$package/SHA256SUMS") == "$first" ]] || die "package.sh makes different bytes when it runs again"
 }
 
 check_zip() {
@@ -68,14 +68,14 @@ check_zip() {
     expect "$folder/READ ME FIRST.txt"
     grep -q 'src="data:' "$folder/manual.html" || die "the manual has no pictures"
     ! grep -oE '(src|href)="[^"]*"' "$folder/manual.html" | grep -vE 'src="data:|href="#' ||
-        die "the manual refers to something that lies beside it"
+        die "the manual refers to another file"
     say "playing in $folder"
     (cd "$folder" && exec setsid wine plotvane.exe </dev/null 9>&-) &
     groups+=($!)
     play_and_close "$folder"
 }
 
-# install SETUP: without a question. Then $folder is where it went and $entry its Start-menu entry.
+# install SETUP: installs without questions. Sets $folder to the installed folder and $entry to the Start-menu entry.
 install() {
     watched wine "$1" /S
     folder=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Local/Programs/Plotvane)
@@ -89,7 +89,7 @@ start_by_entry() {
     groups+=($!)
 }
 
-# refuses PROGRAM [OPTION]: while Plotvane runs, and leaves it alone.
+# refuses PROGRAM [OPTION]: fails unless PROGRAM refuses to work while Plotvane runs and changes nothing.
 refuses() {
     local status=0
     watched wine "$1" /S "${@:2}" || status=$?
@@ -104,11 +104,11 @@ check_installer() {
     expect "${entry%.lnk} manual.lnk"
     cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
 
-    say "starting by the Start-menu entry"
+    say "starting from the Start menu"
     start_by_entry
     wait_for 20 remote place >/dev/null || die "the program does not start"
     refuses "$package"/plotvane-*-setup.exe
-    # Where it is told its folder it works itself, instead of a copy that nobody waits for.
+    # With _?= the uninstaller works itself; without it, it would start a copy and not wait for it.
     refuses "$folder/uninstall.exe" "_?=$(windows_path "$folder")"
     play_and_close "$folder"
     expect_gone "$WINEPREFIX/drive_c/windows/Scaling"
@@ -116,8 +116,8 @@ check_installer() {
 
     say "uninstalling"
     watched wine "$folder/uninstall.exe" /S
-    wait_for 30 test ! -e "$folder/uninstall.exe" || die "the uninstaller is still there"
-    wait_for 30 test ! -e "$folder/plotvane.exe" || die "the program is still there"
+    wait_for 30 test ! -e "$folder/uninstall.exe" || die "uninstall.exe is still there"
+    wait_for 30 test ! -e "$folder/plotvane.exe" || die "plotvane.exe is still there"
     wait_for 30 test ! -e "$entry" || die "the Start-menu entry is still there"
     expect_gone "$folder/manual.html"
     expect_gone "$folder/CHANGES.txt"
@@ -135,9 +135,9 @@ check_upgrade() {
     echo "older" | tee "$older/plotvane.exe" >"$older/manual.html"
     packaging/make-installer.sh 1.0 "$older" "$older/older.exe"
     install "$older/older.exe"
-    grep -qx "older" "$folder/plotvane.exe" || die "the older version is not there"
+    grep -qx "older" "$folder/plotvane.exe" || die "the older version is not installed"
 
-    # What a user has done since, also to files that came with the package.
+    # Changes that a user may have made since, including to files that came with the package.
     local theirs=(Scaling/Defaults.cfg Scaling/038-906-019-FT.SCL LOGS/drive.csv LOGS/mine.csv labels/038-906-019.LBL)
     sed -i 's/0,6000/0,5000/' "$folder/Scaling/Defaults.cfg" "$folder/Scaling/038-906-019-FT.SCL"
     printf 'Width=320\r\nHeight=240\r\nMaxMileage=77\r\n' >"$folder/Scaling/Prefs.cfg"
@@ -145,14 +145,14 @@ check_upgrade() {
     cp "$folder/LOGS/drive.csv" "$folder/LOGS/mine.csv"
     (cd "$folder" && sha256sum "${theirs[@]}" >"$older/theirs")
 
-    say "installing the present version over it"
+    say "installing the current version over it"
     install "$package"/plotvane-*-setup.exe
     cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
     (cd "$folder" && sha256sum --quiet -c "$older/theirs") || die "the installer has changed the user's files"
     grep -q "MaxMileage=77" "$folder/Scaling/Prefs.cfg" || die "the installer has changed the preferences"
     start_by_entry
     play_and_close "$folder"
-    grep -q "MaxMileage=77" "$folder/Scaling/Prefs.cfg" || die "the program does not take the older preferences"
+    grep -q "MaxMileage=77" "$folder/Scaling/Prefs.cfg" || die "the program has not kept the older preferences"
     grep -q "^Width=320" "$folder/Scaling/Prefs.cfg" || die "the window has not kept its size"
 }
 
@@ -161,7 +161,7 @@ fresh_machine() {
     [[ -n $machine ]] || start_display
     machine=$1
     export WINEPREFIX=$build/package-wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
-    # What ran on the machine before, also in an earlier run of this script, may still be writing as it ends.
+    # Programs of an earlier check, or of an earlier run of this script, may still be writing as they end.
     [[ ! -d $WINEPREFIX ]] || { wineserver -k; wineserver -w; } || true
     wait_for 10 rm -rf "$WINEPREFIX" || die "$WINEPREFIX cannot be removed"
     say "making a fresh Wine prefix for $machine"
@@ -171,9 +171,9 @@ fresh_machine() {
 build_preset windows plotvane-remote
 for check in "${checks[@]}"; do
     if [[ $check != made ]]; then
-        (cd "$package" && sha256sum --quiet -c SHA256SUMS) || die "the sums do not fit; run scripts/package.sh"
+        (cd "$package" && sha256sum --quiet -c SHA256SUMS) || die "the checksums differ; run scripts/package.sh"
         fresh_machine "$check"
     fi
     "check_$check"
 done
-say "the package is well: ${checks[*]}"
+say "the package passed: ${checks[*]}"

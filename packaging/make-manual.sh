@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# make-manual.sh: the pages of docs/manual and the file formats as one HTML page, on standard output. The
-# pictures are in it, so that it can be moved and mailed. Fails when a link leads to no page of it.
+# make-manual.sh: writes the pages of docs/manual and of the file formats to standard output as one HTML page.
+# The page contains its pictures, so it can be moved and mailed. Fails if a link leads to a page that is not
+# in it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# In the order of the contents; the formats last.
+# The pages in the order of the contents; the file formats come last.
 mapfile -t pages < <(
     printf 'docs/manual/README.md\n'
     grep -oE '^\| \[[^]]+\]\([a-z-]+\.md\)' docs/manual/README.md | sed -E 's|.*\((.*)\)|docs/manual/\1|'
@@ -25,7 +26,7 @@ page=$(
 
 while read -r target; do
     grep -q "<section id=\"$target\">" <<<"$page" || {
-        echo "error: the manual links to $target, which is not in it" >&2
+        echo "error: the manual links to $target, which is not part of it" >&2
         exit 1
     }
 done < <(grep -oE 'href="#[^"]*"' <<<"$page" | sed -E 's/href="#(.*)"/\1/' | sort -u)

@@ -29,7 +29,7 @@ std::set<std::string> WordsOfTheSources() {
         const std::filesystem::path path(name);
         if (!extensions.contains(path.extension().string()) && path.filename() != "CMakeLists.txt") continue;
         words.insert(path.stem().string());
-        if (name.starts_with("tests/docs/")) continue;  // these tests also name words of pages
+        if (name.starts_with("tests/docs/")) continue;  // they quote words that are in no source
         const std::string text = BytesOf(Root() / path);
         std::string word;
         for (const char c : text + " ") {
