@@ -12,11 +12,12 @@ using Clock = std::chrono::steady_clock;
 
 constexpr double kPromptMs = 200.0;
 constexpr UINT kPatienceMs = 10'000;
-// The work: pieces of about half a millisecond, short enough that on the busiest machine the fastest of them
-// is not interrupted.
+// The work consists of pieces of about half a millisecond. They are so short that even on the busiest machine
+// at least one of them runs without interruption.
 constexpr int kPieces = 20;
 constexpr std::uint32_t kPieceTurns = 200'000;
-constexpr int kPauseFactor = 20;  // between two runs of the work, in times of the pause between two questions
+// The pause between two runs of the work, in multiples of the pause between two questions.
+constexpr int kPauseFactor = 20;
 
 double Since(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
@@ -41,7 +42,7 @@ void AnswerWatch::Ask(HWND window, std::chrono::milliseconds every, const std::s
         DWORD_PTR ignored = 0;
         ::SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored);
         const double took = Since(asked);
-        if (!::IsWindow(window)) return;  // closed meanwhile
+        if (!::IsWindow(window)) return;  // closed in the meantime
         m_answersMs.push_back(took);
         std::this_thread::sleep_for(every);
     }
@@ -91,7 +92,7 @@ std::string AnswerWatch::Figures() const {
     char text[200];
     std::snprintf(
         text, sizeof text,
-        "%zu answers, median %.1f ms, slowest %.1f ms; work beside them took up to %.1f times its time",
+        "%zu answers, median %.1f ms, slowest %.1f ms; the work took up to %.1f times its usual time",
         m_answersMs.size(), MedianMs(), SlowestMs(), Stretch());
     return text;
 }

@@ -10,29 +10,28 @@
 
 namespace plotvane::test {
 
-// Asks a window of the program again and again for as long as this object watches, once at least. Each answer
-// has to come within 200 ms, of a machine that has time for it. Where others work too, everything takes a
-// multiple of its time, so a piece of work that is always the same is done beside the asking: by as much as
-// its slowest run took longer than it would by itself, the answers may too. On a machine with time to spare
-// that is nearly nothing.
+// Asks a window of the program repeatedly, at least once, for as long as this object watches. Each answer
+// must come within 200 ms on an idle machine. On a busy machine everything takes longer, so a thread does a
+// fixed piece of work at the same time: the limit for an answer grows by the factor by which the slowest run
+// of that work took longer than its undisturbed time. On an idle machine the factor is close to 1.
 class AnswerWatch {
 public:
-    // With null for the window nothing is asked, only the work is done.
+    // With a null window, this only does the work and asks nothing.
     explicit AnswerWatch(HWND window, std::chrono::milliseconds every = std::chrono::milliseconds(10));
     ~AnswerWatch() { Stop(); }
     AnswerWatch(const AnswerWatch&) = delete;
     AnswerWatch& operator=(const AnswerWatch&) = delete;
 
-    // Ends the asking. What follows is for afterwards.
+    // Ends the asking. Call it before the functions below.
     void Stop();
 
-    // How many times as long as by itself the work took, at its slowest: 1 on a machine of its own.
+    // The time of the slowest run of the work, as a multiple of its undisturbed time: 1 on an idle machine.
     double Stretch() const;
     double BoundMs() const;
     double MedianMs() const;
     double SlowestMs() const;
     bool WasPrompt() const { return !m_answersMs.empty() && SlowestMs() <= BoundMs(); }
-    // All of it, in words.
+    // All figures as text.
     std::string Figures() const;
 
 private:

@@ -7,11 +7,11 @@
 
 namespace plotvane::test {
 
-// Long enough for a busy machine; a test that passes never waits so long.
+// Long enough for a busy machine; a test that passes never needs all of it.
 constexpr std::chrono::milliseconds kDeadline{10'000};
 constexpr DWORD kPollMs = 5;
 
-// Looks again and again until `see()` equals `wanted`. Says in the failure what was seen last.
+// Calls `see()` repeatedly until it equals `wanted`. The failure message says what was seen last.
 template <class See, class Wanted>
 [[nodiscard]] ::testing::AssertionResult Becomes(const See& see, const Wanted& wanted,
                                                  std::chrono::milliseconds within = kDeadline) {
@@ -28,8 +28,8 @@ template <class See, class Wanted>
     }
 }
 
-// The opposite: looks for the whole time, and fails at once when `see()` is anything but `wanted`. For what
-// must not happen; `during` is several times as long as it would take.
+// Checks that something does not happen: calls `see()` for the whole time and fails as soon as it differs
+// from `wanted`. `during` should be several times as long as the change would take.
 template <class See, class Wanted>
 [[nodiscard]] ::testing::AssertionResult Stays(const See& see, const Wanted& wanted,
                                                std::chrono::milliseconds during) {

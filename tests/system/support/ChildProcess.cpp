@@ -8,8 +8,8 @@ namespace plotvane::test {
 
 namespace {
 
-// The block in which a C run-time tells its child about inherited descriptors: an int with their count, one
-// flag byte each, one handle each.
+// The block in which a C run-time tells its child about inherited descriptors: their count as an int, one
+// byte of flags for each, one handle for each.
 std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor) {
     constexpr BYTE kOpenPipe = 0x01 | 0x08;
     const auto count = static_cast<std::size_t>(descriptor) + 1;
@@ -56,13 +56,13 @@ ChildProcess::ChildProcess(std::wstring commandLine, const std::filesystem::path
     m_process = Handle(started.hProcess);
     m_id = started.dwProcessId;
     const Handle thread(started.hThread);
-    ::AssignProcessToJobObject(m_job.Get(), m_process.Get());  // before it runs, so no child escapes
+    ::AssignProcessToJobObject(m_job.Get(), m_process.Get());  // before it runs, so that no child escapes
     ::ResumeThread(thread.Get());
 }
 
 ChildProcess::~ChildProcess() {
     ::TerminateJobObject(m_job.Get(), 1);
-    // The next test's program must not meet a mutex of this one.
+    // The mutex of this program must be gone before the next test starts one.
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION job{};
     for (int poll = 0; poll < 1000; ++poll) {
         if (!::QueryInformationJobObject(m_job.Get(), JobObjectBasicAccountingInformation, &job, sizeof job,

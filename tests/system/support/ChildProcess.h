@@ -10,16 +10,15 @@
 
 namespace plotvane::test {
 
-// The folder that holds the programs under test: the one of this test program.
+// The folder of the programs under test, which is also that of this test program.
 std::filesystem::path ProgramFolder();
 
-// A process started in a folder of the test's choice. It ends with this object, and so does everything that
-// it started itself.
+// A process started in a given folder. The destructor ends it and everything that it has started.
 class ChildProcess {
 public:
-    // `commandLine` names the program first, quoted where needed. `inheritedPipe`, if any, becomes the C
-    // run-time's descriptor `descriptor` of the process (0..63), as a parent's _spawn would hand it over.
-    // Throws std::runtime_error if the process cannot be started.
+    // `commandLine` begins with the program, quoted if needed. `inheritedPipe`, if any, becomes descriptor
+    // `descriptor` (0..63) of the process's C run-time, as a parent's _spawn would pass it. Throws
+    // std::runtime_error if the process cannot be started.
     ChildProcess(std::wstring commandLine, const std::filesystem::path& folder,
                  HANDLE inheritedPipe = nullptr, int descriptor = -1);
     ~ChildProcess();

@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t kFloodBytes = 4096;
-// Leaves room for what the test itself sends.
+// Leaves room for the bytes that the test itself sends.
 constexpr DWORD kMostUnread = 48 * 1024;
 
 std::string Field(int group, int field, const std::string& value, std::string_view unit) {

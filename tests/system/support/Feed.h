@@ -12,23 +12,23 @@
 
 namespace plotvane::test {
 
-// The record number `number` of a drive, in which all twelve fields change: the first is "<number> /min", in
-// group 1; groups 3 and 4 follow.
+// Record number `number` of a drive in which all twelve fields change: the first is "<number> /min" in group
+// 1; groups 3 and 4 follow.
 std::string DriveRecord(int number);
 
-// What value box 0 shows of it.
+// The text of value box 0 for that record.
 std::wstring DriveText(int number);
 
-// A host that goes on sending by itself while a test does something else. It never writes more than there is
-// room for, so that it ends at once with this object, whether or not anybody reads.
+// A host that keeps sending while a test does something else. It never writes more than there is room for, so
+// the destructor returns at once, even if nothing reads.
 class Feed {
 public:
-    // Drive records 1, 2, 3..., one each `every`; at 0 as fast as the pipe takes them.
+    // Drive records 1, 2, 3..., one for each `every`; with 0, as fast as the pipe takes them.
     static Feed Records(PipeHost& host, std::chrono::milliseconds every = std::chrono::milliseconds(50));
-    // The byte that says that nothing is new, as fast as the pipe takes it.
+    // The byte for "nothing new", as fast as the pipe takes it.
     static Feed NothingNew(PipeHost& host);
 
-    // Ends the sending, if it has not been ended.
+    // Ends the sending; calling it again does nothing.
     void Stop() { m_thread = {}; }
     // Messages sent so far.
     int Sent() const { return *m_sent; }

@@ -6,23 +6,23 @@
 
 namespace plotvane::test {
 
-// The program's main dialog: of this process, or of whichever process has one if `processId` is 0. An empty
-// window while there is none.
+// The main dialog of a process, or of any process that has one if `processId` is 0. An empty window if there
+// is none.
 RemoteWindow FindMainDialog(DWORD processId = 0);
 
-// The slots whose selection frame is shown; never more than one, if all is well.
+// The slots whose selection frame is shown; at most one if all is well.
 std::vector<int> ShownFrames(const RemoteWindow& main);
 
-// The colour in the middle of a control, as it stands on the screen.
+// The colour on the screen in the middle of a control.
 COLORREF MiddleOf(const RemoteWindow& control);
 
-// The chart as it stands on the screen, in the co-ordinates of its inside.
+// The chart as it is on the screen, in the coordinates of its client area.
 class ChartOnScreen {
 public:
     explicit ChartOnScreen(const RemoteWindow& main);
 
     int PlotRight() const { return m_width - 10; }
-    // The row on which a value is drawn between two limits.
+    // The row in which a value is drawn between two limits.
     int RowOf(double value, double lower, double upper) const;
     // The rows of column `x` that have exactly this colour.
     std::vector<int> Rows(int x, COLORREF colour) const;

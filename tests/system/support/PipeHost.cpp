@@ -15,7 +15,7 @@ PipeHost::PipeHost() : m_mutex(::CreateMutexW(nullptr, FALSE, L"DIAGNEL-Running"
     ::CreatePipe(&read, &write, &inheritable, kPipeBytes);
     m_read = Handle(read);
     m_write = Handle(write);
-    // A program that held the write end too would never see the pipe end.
+    // If the program also held the write end, it would never see the end of the pipe.
     ::SetHandleInformation(write, HANDLE_FLAG_INHERIT, 0);
 }
 

@@ -12,8 +12,8 @@ namespace plotvane::test {
 constexpr std::size_t kBlockBytes = 513;
 
 // The host's side of the exchange, byte by byte: the pipe whose read end the program inherits, and the named
-// mutex that says that the host runs. For a whole drive there is diagnel-sim; this one is for the moments in
-// between.
+// mutex that says that the host is running. For a whole drive use diagnel-sim; this class is for the moments
+// in between.
 class PipeHost {
 public:
     PipeHost();
@@ -24,10 +24,10 @@ public:
     void SendRecord(std::string_view text);  // padded with NULs to a block of 513 bytes
     void StopSending() { Send("\xFE"); }
     void SendClosing() { Send("\xFD"); }
-    // The host dies: the last write end of the pipe is gone.
+    // Makes the host die: the last write end of the pipe is closed.
     void Die() { m_write.Close(); }
 
-    // Bytes in the pipe that nobody has read.
+    // The number of bytes in the pipe that the program has not read.
     DWORD Unread() const;
 
 private:

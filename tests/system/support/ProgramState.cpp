@@ -10,11 +10,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A value that only the test of coming back to life sends.
+// A value that only the test of ComesBackToLife sends.
 constexpr int kSignOfLife = 4321;
 constexpr const char* kSignOfLifeRow = "4321,90.0,50,4.2";
 
-// Twenty rows a second, for longer than any test looks on, even at eight times the speed.
+// Twenty rows per second, for longer than any test watches, even at eight times the speed.
 std::string LongLog() {
     std::vector<LogRowText> rows;
     for (int row = 1; row <= 8000; ++row) {
@@ -126,8 +126,8 @@ void AnyState::HoldWithPause() {
         if (m_state == ProgramState::LiveMalformed) {
             return Stays([this] { return session.ValueText(0); }, DriveText(1), 300ms);
         }
-        // Behind what has piled up it may take a while; and a hold, or a host that has stopped, wants a
-        // Pause.
+        // The program may take a while to read what has piled up before it. If it was paused, or its host has
+        // stopped, it needs a press of Pause.
         for (int press = 0; press < 2; ++press) {
             if (Becomes([&] { return session.ValueText(0) == sign || session.Host().Unread() > 0; }, true) &&
                 Becomes([&] { return session.ValueText(0); }, sign, 1500ms)) {
@@ -137,7 +137,7 @@ void AnyState::HoldWithPause() {
         }
         return session.Shows(0, sign);
     }
-    main.PostClick(IDC_STOP);  // a short log may just have ended by itself
+    main.PostClick(IDC_STOP);  // a short log may just have ended
     if (const auto stopped = Becomes([this] { return main.IsEnabled(IDC_STOP); }, false); !stopped)
         return stopped;
     Load(WriteLog("life.csv", LogThatLingersAt(kSignOfLifeRow)));

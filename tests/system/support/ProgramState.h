@@ -15,10 +15,10 @@ namespace plotvane::test {
 enum class ProgramState {
     Idle,           // no host, and no log yet
     LiveWaiting,    // the host has sent nothing yet
-    LiveRunning,    // records come, twenty a second
-    LiveHeld,       // the same, with Pause pressed
-    LiveStopped,    // the host has said that it stops
-    LiveMalformed,  // a malformed record has come: nothing is read any more, on purpose
+    LiveRunning,    // twenty records per second come
+    LiveHeld,       // records come, and Pause was pressed
+    LiveStopped,    // the host has said that it stops sending
+    LiveMalformed,  // a malformed record has come: the program reads nothing more, on purpose
     ReplayPlaying,
     ReplayHeld,
     ReplayEnded
@@ -32,17 +32,17 @@ inline constexpr ProgramState kProgramStates[] = {
 void PrintTo(ProgramState state, std::ostream* out);
 std::string NameOf(ProgramState state);
 
-// A program that can be brought into each of its states.
+// A test that can bring the program into each of these states.
 class AnyState : public Replay {
 protected:
-    // A fresh program in that state.
+    // Starts the program and brings it into that state.
     void Enter(ProgramState state);
 
-    // Whether a person can get the program to show new values again, by no more than Pause or Load. Behind a
-    // malformed record nobody can, and the last values stay.
+    // Whether a user can make the program show new values again with no more than Pause or Load. After a
+    // malformed record that is impossible, and the last values must stay.
     ::testing::AssertionResult ComesBackToLife();
 
-    std::optional<Feed> feed;  // where the host goes on sending
+    std::optional<Feed> feed;  // in states in which the host keeps sending
 
 private:
     void StartLive();

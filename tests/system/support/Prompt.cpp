@@ -6,7 +6,7 @@ constexpr double kEndMs = 1000.0;
 
 ::testing::AssertionResult AnsweredPromptly(AnswerWatch& watch) {
     watch.Stop();
-    ::testing::Test::RecordProperty("answers", watch.Figures());  // for who looks through the results
+    ::testing::Test::RecordProperty("answers", watch.Figures());  // for the reports on a run
     if (watch.WasPrompt()) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << "more than " << watch.BoundMs() << " ms: " << watch.Figures();
 }
@@ -21,16 +21,16 @@ constexpr double kEndMs = 1000.0;
     const auto asked = std::chrono::steady_clock::now();
     AnswerWatch machine(nullptr);
     if (!session.Process().EndsWithin(kDeadline)) {
-        return ::testing::AssertionFailure() << "it still runs after " << kDeadline.count() << " ms";
+        return ::testing::AssertionFailure() << "it is still running after " << kDeadline.count() << " ms";
     }
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - asked;
     machine.Stop();
     if (const DWORD code = session.Process().ExitCode()) {
-        return ::testing::AssertionFailure() << "it ended with " << code;
+        return ::testing::AssertionFailure() << "it ended with exit code " << code;
     }
     const double bound = kEndMs * machine.Stretch();
     if (took.count() <= bound) return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "it took " << took.count() << " ms, not " << bound;
+    return ::testing::AssertionFailure() << "it took " << took.count() << " ms, more than " << bound;
 }
 
 ::testing::AssertionResult ClosesPromptly(const Session& session) {

@@ -7,18 +7,18 @@
 
 namespace plotvane::test {
 
-// Whether all answers of the watch, which it ends, came in time. Says in the failure how late they were.
+// Ends the watch. Success if all its answers came in time; the failure message says how late they were.
 ::testing::AssertionResult AnsweredPromptly(AnswerWatch& watch);
 
-// Watches the window for that long: whether it answers all the while.
+// Success if the window answers in time for as long as `during`.
 ::testing::AssertionResult KeepsAnswering(const RemoteWindow& window,
                                           std::chrono::milliseconds during = std::chrono::seconds(1));
 
-// Whether the program, which something asked to close just now, ends within a second and in good order. As
-// with answers, that is a second of a machine that has time for it.
+// Success if the program, which has just been asked to close, ends within a second and with exit code 0. On a
+// busy machine the second is longer, as the limit for answers is.
 ::testing::AssertionResult EndsPromptly(const Session& session);
 
-// Closes the main window first.
+// The same, after closing the main window.
 ::testing::AssertionResult ClosesPromptly(const Session& session);
 
 }  // namespace plotvane::test

@@ -100,7 +100,7 @@ ScreenPicture PictureOf(const RECT& screenRect) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = picture.width;
-    info.bmiHeader.biHeight = -picture.height;  // top row first
+    info.bmiHeader.biHeight = -picture.height;  // negative: top row first
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     void* bits = nullptr;

@@ -8,8 +8,8 @@
 
 namespace plotvane::test {
 
-// A window of another process, used the way a person uses it: read, click, type. Nothing here blocks on a
-// window that no longer answers: each call gives up after some seconds.
+// A window of another process, used as a person uses it: read, click, type. No call blocks for long if the
+// window does not answer: each one gives up after some seconds.
 class RemoteWindow {
 public:
     RemoteWindow() = default;
@@ -27,8 +27,8 @@ public:
     bool IsEnabled(int id) const { return ::IsWindowEnabled(Control(id).Get()) != FALSE; }
     bool IsChecked(int id) const { return Control(id).Send(BM_GETCHECK) == BST_CHECKED; }
 
-    // Click answers when the handler has run. Where the handler goes on for long (a restart of the
-    // acquisition, a modal dialog), PostClick leaves it to run.
+    // Click returns after the handler has run. If the handler takes long (a restart of the acquisition, a
+    // modal dialog), use PostClick, which does not wait for it.
     void Click(int id) const { Send(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), ControlParameter(id)); }
     void PostClick(int id) const { Post(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), ControlParameter(id)); }
     void SetChecked(int id, bool checked) const {
@@ -40,11 +40,11 @@ public:
     void Close() const { Post(WM_CLOSE); }
     void ResizeTo(int width, int height) const;
 
-    // Whether the window's thread handles messages: a mechanic would call it frozen otherwise.
+    // Whether the window's thread handles messages; if not, the program looks frozen.
     bool Answers(std::chrono::milliseconds within) const;
 
     RECT ScreenRect() const;
-    RECT ClientScreenRect() const;  // the inside, in screen co-ordinates
+    RECT ClientScreenRect() const;  // the client area, in screen coordinates
     SIZE Size() const;
 
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
@@ -61,7 +61,7 @@ private:
 // All visible top-level windows of a process, or of every process if `processId` is 0.
 std::vector<RemoteWindow> WindowsOf(DWORD processId);
 
-// What stands on the screen, 0x00BBGGRR, row by row.
+// The colours on the screen, 0x00BBGGRR, row by row.
 struct ScreenPicture {
     int width = 0;
     int height = 0;

@@ -16,18 +16,18 @@ namespace plotvane::test {
 namespace {
 
 constexpr int kLooks = 8;
-constexpr DWORD kBetweenLooksMs = 7;  // does not fall into step with twenty records a second
+constexpr DWORD kBetweenLooksMs = 7;  // does not fall into step with twenty records per second
 
-// The commit charge; the field that is called private is the same on Windows and stays 0 under Wine.
+// The commit charge. The field named "private" has the same value on Windows but is 0 under Wine.
 std::size_t PrivateKilobytesOf(HANDLE process) {
     PROCESS_MEMORY_COUNTERS counters{};
     ::GetProcessMemoryInfo(process, &counters, sizeof counters);
     return counters.PagefileUsage / 1024;
 }
 
-// Wine's GetProcessHandleCount answers 0, but its list of the system's handles has those of the process.
+// Wine's GetProcessHandleCount returns 0, but its list of the system's handles includes those of the process.
 int CountListedHandles(DWORD processId) {
-    constexpr std::size_t kMost = 20'000;  // in the whole system
+    constexpr std::size_t kMost = 20'000;  // handles in the whole system
     static std::vector<std::byte> list(sizeof(SYSTEM_HANDLE_INFORMATION) +
                                        kMost * sizeof(SYSTEM_HANDLE_ENTRY));
     ULONG length = 0;
@@ -57,9 +57,9 @@ struct GdiEntry {
 };
 static_assert(sizeof(GdiEntry) == 24);
 
-// Wine's GetGuiResources answers 0 whatever a process holds. But its GDI keeps a table for each process where
-// Windows has it, so the entries in use can be counted. The lowest are used first: a process that needs more
-// than these holds more than any table here would forgive.
+// Wine's GetGuiResources always returns 0. But its GDI keeps a table for each process in the same place as
+// Windows, so the used entries can be counted. GDI uses the lowest entries first; a process that uses more
+// than these has failed any check here.
 int CountGdiTable(HANDLE process) {
     constexpr std::uintptr_t kTableInPeb = 0xF8;
     PROCESS_BASIC_INFORMATION basic{};

@@ -7,19 +7,19 @@
 
 namespace plotvane::test {
 
-// What a process holds of the system at one moment.
+// The system resources that a process holds at one moment.
 struct Resources {
     std::size_t privateKilobytes = 0;
     int gdiObjects = 0;
-    int userObjects = 0;  // under Wine, which does not say: the windows among them, shown or hidden
+    int userObjects = 0;  // under Wine, which does not report them: the windows among them, shown or hidden
     int handles = 0;
 };
 
-// At rest: the smallest figures of several looks, because one may fall into the midst of a repaint, which
-// holds some objects more for a moment.
+// The resources of a process at rest: the smallest figures of several looks, because a repaint holds some
+// more objects for a moment.
 Resources ResourcesOf(DWORD processId);
 
-// By how much a program that runs on evenly may have grown.
+// How much a program in steady use may have grown.
 struct GrowthAllowance {
     std::size_t privateKilobytes;
     int gdiObjects;
@@ -27,7 +27,7 @@ struct GrowthAllowance {
     int handles;
 };
 
-// What has grown beyond the allowance, in words; empty if nothing has.
+// Says what has grown beyond the allowance; empty if nothing has.
 std::string GrownBeyond(const Resources& before, const Resources& after, const GrowthAllowance& allowed);
 
 }  // namespace plotvane::test

@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// The images are asked of the program's thread, which answers between two handlers and never in the midst of
-// one: what is looked at behind them belongs together.
+// The program's thread answers for the images between two handlers, never in the middle of one, so everything
+// read after that belongs together.
 RunButtonsSeen ButtonsOf(const RemoteWindow& main) {
     const auto image = [&](int id) { return main.Control(id).Send(BM_GETIMAGE, IMAGE_ICON); };
     RunButtonsSeen seen;

@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// What the run buttons show. Images are compared with one another only: where one looks like another, the
-// numbers are equal.
+// The state of the run buttons as shown. Image numbers can only be compared with one another: equal numbers
+// mean equal images.
 struct RunButtonsSeen {
     bool stopEnabled = false;
     bool pauseEnabled = false;
@@ -17,7 +17,7 @@ struct RunButtonsSeen {
     bool operator==(const RunButtonsSeen&) const = default;
 };
 
-// Of a main window. All of it belongs together: it is not looked at in the midst of a handler.
+// The run buttons of a main window. No handler runs in the meantime, so the parts belong together.
 RunButtonsSeen ButtonsOf(const RemoteWindow& main);
 
 }  // namespace plotvane::test

@@ -54,7 +54,7 @@ TEST(Gauge, StartsAtZeroOfAHundredWithEverythingShown) {
     EXPECT_EQ(Labels(gauge), "0.0 to 100.0");
 }
 
-TEST(Gauge, CarriesBothMarkersToTheFirstValue) {
+TEST(Gauge, MovesBothMarkersToTheFirstValue) {
     Gauge gauge;
     EXPECT_EQ(gauge.SetValue(50), GaugeChange::Moving);
     EXPECT_EQ(gauge.Value(), 50);
@@ -82,7 +82,7 @@ TEST(Gauge, ShowsTheTrueValueBeyondTheScale) {
     EXPECT_EQ(gauge.MaxSeen(), 140);
 }
 
-TEST(Gauge, DropsWhatIsNoFiniteNumber) {
+TEST(Gauge, IgnoresValuesThatAreNotFinite) {
     Gauge gauge;
     gauge.SetValue(50);
     for (const double value :
@@ -95,7 +95,7 @@ TEST(Gauge, DropsWhatIsNoFiniteNumber) {
     }
 }
 
-TEST(Gauge, FreezesAMarkerThatIsNotShown) {
+TEST(Gauge, DoesNotMoveAHiddenMarker) {
     Gauge gauge;
     gauge.SetValue(50);
     gauge.ToggleMinMarker();
@@ -156,7 +156,7 @@ TEST(Gauge, ResetsThePeakToTheValueAndLeavesTheLowest) {
     EXPECT_EQ(gauge.MinSeen(), 20);
 }
 
-TEST(Gauge, AsksForPaintingOnlyWhenATextChanges) {
+TEST(Gauge, RequestsARepaintOnlyIfATextChanges) {
     Gauge gauge;
     EXPECT_EQ(gauge.SetValueDecimals(3), GaugeChange::None);
     EXPECT_EQ(gauge.SetValueDecimals(1), GaugeChange::Whole);
@@ -166,7 +166,7 @@ TEST(Gauge, AsksForPaintingOnlyWhenATextChanges) {
     EXPECT_EQ(gauge.SetUnits("/min"), GaugeChange::None);
 }
 
-TEST(Gauge, AsksForPaintingWithEveryColourAndWithWholeLabels) {
+TEST(Gauge, RequestsARepaintForEveryColourAndForWholeLabels) {
     Gauge gauge;
     EXPECT_EQ(gauge.SetRangeDecimalsZero(), GaugeChange::Whole);
     EXPECT_EQ(gauge.SetRangeDecimalsZero(), GaugeChange::Whole);
@@ -184,7 +184,7 @@ TEST(Gauge, ShadesTheNeedleTo65PercentOfEachPart) {
         {MakeColour(255, 0, 0), MakeColour(165, 0, 0)},  // 165.75
         {MakeColour(255, 255, 255), MakeColour(165, 165, 165)},
         {MakeColour(128, 192, 1), MakeColour(83, 124, 0)},    // 83.2, 124.8, 0.65
-        {MakeColour(20, 100, 200), MakeColour(13, 65, 130)},  // whole numbers stay so
+        {MakeColour(20, 100, 200), MakeColour(13, 65, 130)},  // whole numbers need no rounding
         {kBlack, kBlack},
     };
     for (const auto& [needle, shade] : kNeedles) {
@@ -206,7 +206,7 @@ TEST(Gauge, SetsEachColourByItself) {
     EXPECT_EQ(gauge.NeedleColor(), 0x0000FFU);
 }
 
-TEST(Gauge, LeavesOutTheHighByteOfAColour) {
+TEST(Gauge, DropsTheHighByteOfAColour) {
     Gauge gauge;
     gauge.SetNeedleColor(0x010000FF);
     gauge.SetBackColor(0xFF800000);
@@ -219,7 +219,7 @@ TEST(Gauge, LeavesOutTheHighByteOfAColour) {
     EXPECT_EQ(gauge.TicksColor(), 0xFFFFFFU);
 }
 
-TEST(Gauge, SwapsFaceAndTicksAndForgetsWhatWasChosen) {
+TEST(Gauge, SwapsFaceAndTicksAndForgetsTheChosenColours) {
     Gauge gauge;
     gauge.SetFaceColor(0x102030);
     gauge.SetTicksColor(0x405060);
@@ -266,7 +266,7 @@ TEST(Gauge, WritesNumbersAndUnitsOfAnyLength) {
     const std::string unit(1000, 'u');
     gauge.SetUnits(unit);
     gauge.SetValue(std::numeric_limits<double>::max());
-    // 309 digits, the point, three decimals, the blank.
+    // 309 digits, the point, three decimals and the blank.
     const std::string text = ValueText(gauge);
     EXPECT_EQ(text.size(), 309 + 1 + 3 + 1 + unit.size());
     EXPECT_EQ(text.substr(0, 5), "17976");

@@ -15,7 +15,7 @@ using Upright = ChartLabel::Upright;
 
 constexpr Colour kGrid = 0x123456;
 
-// Plot 60..610 by 10..300, so labels end at x 56.
+// The plot is 60..610 by 10..300, so labels end at x 56.
 class ChartLabelsTest : public testing::Test {
 protected:
     ChartLabelsTest() {
@@ -52,7 +52,7 @@ TEST_F(ChartLabelsTest, NothingIsWrittenBeforeTheFirstRecord) {
     EXPECT_THAT(Labels(), IsEmpty());
 }
 
-TEST_F(ChartLabelsTest, LimitsStandElevenPixelsApart) {
+TEST_F(ChartLabelsTest, LimitsAreElevenPixelsApart) {
     Assign(0, "/min");
     Assign(1,
            "\xB0"
@@ -130,7 +130,7 @@ TEST_F(ChartLabelsTest, AllTwelveSlotsAreLabelled) {
     EXPECT_EQ(labels[11], Maximum("100 l", 12, 5 + 11 * 11));
 }
 
-TEST_F(ChartLabelsTest, CustomTextsStandInOnePlace) {
+TEST_F(ChartLabelsTest, CustomTextsAreInOnePlace) {
     Assign(0, "V");
     Assign(1, "V");
     SetRange(1, -1, 1);
@@ -157,7 +157,7 @@ TEST_F(ChartLabelsTest, EmptyFirstSlotShowsTheDefaultScale) {
     EXPECT_THAT(Labels(), testing::ElementsAreArray(scale));
 }
 
-TEST_F(ChartLabelsTest, DefaultScaleStandsBesideTheLimitsOfOtherSlots) {
+TEST_F(ChartLabelsTest, DefaultScaleIsBesideTheLimitsOfOtherSlots) {
     Assign(0, "", 0);
     Assign(1, "V");
     EXPECT_THAT(Labels(), ElementsAre(Maximum("100 V", 1, 5), Minimum("0", kGrid, 301),

@@ -29,7 +29,7 @@ TEST(GridOverlay, ColoursOfGridAndTracesAreOred) {
     EXPECT_EQ(picture, (Pixels{0x010220, 0x412230, 0xFFFFFF, 0}));
 }
 
-TEST(GridOverlay, WhatItCoveredIsThereWhenItIsLiftedOff) {
+TEST(GridOverlay, LiftingItOffRestoresThePixelsBelow) {
     GridOverlay grid = GridFrom({0xFFFFFF, 0, 0xFFFFFF, 0xFFFFFF, 0, 0x1}, 3);
     const Pixels traces{1, 2, 3, 4, 5, 6};
     Pixels picture = traces;
@@ -39,7 +39,7 @@ TEST(GridOverlay, WhatItCoveredIsThereWhenItIsLiftedOff) {
     EXPECT_EQ(picture, traces);
 }
 
-TEST(GridOverlay, APixelWithNothingInItsColoursIsNoGrid) {
+TEST(GridOverlay, APixelWithOnlyAHighByteIsNotGrid) {
     GridOverlay grid = GridFrom({0xFF000000, 0x55000001}, 2);
     Pixels picture{0x10, 0x10};
     grid.LayOn(View(picture, 2));
@@ -47,7 +47,7 @@ TEST(GridOverlay, APixelWithNothingInItsColoursIsNoGrid) {
     EXPECT_EQ(picture[1] & 0xFFFFFF, 0x11u);
 }
 
-TEST(GridOverlay, TakenAnewItForgetsTheGridBefore) {
+TEST(GridOverlay, TakingANewGridForgetsTheOldOne) {
     GridOverlay grid = GridFrom({1, 1, 1, 1}, 2);
     Pixels next{0, 2};
     grid.TakeFrom(View(next, 2));
@@ -70,7 +70,7 @@ TEST(GridOverlay, APictureOfAnotherSizeIsLeftAlone) {
     EXPECT_EQ(shorter, (Pixels{8, 8, 8}));
 }
 
-TEST(GridOverlay, WithoutAPictureThereIsNothingToTakeOrLay) {
+TEST(GridOverlay, WithoutAPictureItDoesNothing) {
     GridOverlay grid;
     grid.TakeFrom({});
     grid.LayOn({});
@@ -80,8 +80,8 @@ TEST(GridOverlay, WithoutAPictureThereIsNothingToTakeOrLay) {
     EXPECT_EQ(picture, (Pixels{8}));
 }
 
-// Traces that move beneath the grid, against two pictures that are combined anew each time.
-TEST(GridOverlay, MovingWhatLiesBeneathIsTheSameAsCombiningTwoPictures) {
+// Moves traces below the grid and compares with two pictures that are combined again each time.
+TEST(GridOverlay, MovingThePixelsBelowGivesTheSameAsCombiningTwoPictures) {
     constexpr int kWidth = 37, kHeight = 11;
     constexpr PixelRect kArea{5, 2, 34, 9};
     for (const std::uint32_t background : {0x000000u, 0x281400u}) {

@@ -32,7 +32,7 @@ TEST(SampleSpread, SpreadsEvenlyWhenTheWidthDivides) {
     EXPECT_EQ(Shifts(spread, 10, 550), (std::vector(10, 110)));
 }
 
-TEST(SampleSpread, TakesUpANewWidthWithTheNextScreen) {
+TEST(SampleSpread, UsesANewWidthFromTheNextScreen) {
     SampleSpread spread;
     spread.SetSamplesPerScreen(3);
     EXPECT_EQ(Shifts(spread, 1, 100), (std::vector{50}));

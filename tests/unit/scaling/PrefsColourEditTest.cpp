@@ -37,19 +37,19 @@ TEST_F(PrefsColourEditTest, StoresAPartAtOnceAndLeavesTheOthers) {
     EXPECT_EQ(m_prefs.lineColor[0], 0x0100FFu);
 }
 
-TEST_F(PrefsColourEditTest, ThePartThatIsStoredAlreadyIsNoChange) {
+TEST_F(PrefsColourEditTest, StoringTheSamePartAgainIsNoChange) {
     EXPECT_FALSE(m_edit.SetPart(ColourRow::Trace, ColourPart::Red, 255));
     EXPECT_FALSE(m_edit.SetPart(ColourRow::Trace, ColourPart::Green, 0));
 }
 
-TEST_F(PrefsColourEditTest, PositionsThatAreNoByteAreIgnored) {
+TEST_F(PrefsColourEditTest, PositionsOutsideAByteAreIgnored) {
     for (const int position : {-1, 256, 100000}) {
         EXPECT_FALSE(m_edit.SetPart(ColourRow::Trace, ColourPart::Green, position));
     }
     EXPECT_EQ(m_prefs.lineColor[0], 0x0000FFu);
 }
 
-TEST_F(PrefsColourEditTest, AnotherTraceTakesTheTraceRow) {
+TEST_F(PrefsColourEditTest, AnotherTraceReplacesTheOneInTheTraceRow) {
     EXPECT_TRUE(m_edit.SelectTrace(11));
     EXPECT_EQ(m_edit.ColourOf(ColourRow::Trace), 0xA0A000u);  // DkCyan
     m_edit.SetPart(ColourRow::Trace, ColourPart::Red, 7);
@@ -64,7 +64,7 @@ TEST_F(PrefsColourEditTest, ATraceOfTheSameColourIsSelectedToo) {
     EXPECT_EQ(m_prefs.lineColor[5], kBlack);
 }
 
-TEST_F(PrefsColourEditTest, ATraceThatThereIsNotLeavesThePreviousOne) {
+TEST_F(PrefsColourEditTest, AnInvalidTraceLeavesThePreviousOne) {
     m_edit.SelectTrace(3);
     for (const int trace : {-1, 12}) EXPECT_FALSE(m_edit.SelectTrace(trace));
     m_edit.UsePreset(ColourRow::Trace, 13);
@@ -78,7 +78,7 @@ TEST_F(PrefsColourEditTest, APresetSetsAllThreeParts) {
     EXPECT_EQ(m_prefs.backColor, 0x7F0000u);
 }
 
-TEST_F(PrefsColourEditTest, APresetThatThereIsNotChangesNothing) {
+TEST_F(PrefsColourEditTest, AnInvalidPresetChangesNothing) {
     for (const int preset : {-1, 14}) EXPECT_FALSE(m_edit.UsePreset(ColourRow::Grid, preset));
     EXPECT_EQ(m_prefs.gridColor, kWhite);
 }

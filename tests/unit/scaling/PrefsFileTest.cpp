@@ -71,7 +71,7 @@ protected:
     test::TempFolder m_folder;
 };
 
-// What keys that are missing leave of the changed record: the trace colours.
+// Loading a file without keys changes the record to this: only the trace colours stay.
 Prefs MissingKeys() {
     Prefs prefs;
     prefs.lineColor = Changed().lineColor;
@@ -92,7 +92,7 @@ TEST_F(PrefsFileTest, WhatIsWrittenLoadsAsTheSameRecord) {
     EXPECT_EQ(Saved(Loaded(kDefaultFile)), kDefaultFile);
 }
 
-TEST_F(PrefsFileTest, TheWindowsPresentSizeIsWritten) {
+TEST_F(PrefsFileTest, TheCurrentWindowSizeIsWritten) {
     const std::string saved = Saved(Prefs{}, 1024, 768);
     EXPECT_NE(saved.find("\r\nWidth=400\r\nHeight=300\r\n"), std::string::npos) << saved;
 }
@@ -110,12 +110,12 @@ TEST_F(PrefsFileTest, NegativeHexNumbersAreWrittenAsTheirTwosComplement) {
     EXPECT_NE(saved.find("\r\nThickness=ffffffff\r\n"), std::string::npos);
     EXPECT_NE(saved.find("\r\nWidth=ffff8300\r\nHeight=1\r\n"), std::string::npos);
     EXPECT_NE(saved.find("\r\nMaxMileage=-5\r\n"), std::string::npos);
-    EXPECT_EQ(Loaded(saved).thickness, 0);    // reads as missing
-    EXPECT_EQ(Loaded(saved).maxMileage, 60);  // so does a minus sign
+    EXPECT_EQ(Loaded(saved).thickness, 0);    // reads as a missing key
+    EXPECT_EQ(Loaded(saved).maxMileage, 60);  // and so does a minus sign
     EXPECT_EQ(Loaded(saved).width, -32000);
 }
 
-TEST_F(PrefsFileTest, ARejectedThicknessIsWrittenAllTheSame) {
+TEST_F(PrefsFileTest, ARejectedThicknessIsStillWritten) {
     Prefs prefs;
     prefs.thickness = 11;
     EXPECT_NE(Saved(prefs).find("\r\nThickness=b\r\n"), std::string::npos);
@@ -184,11 +184,11 @@ TEST_F(PrefsFileTest, UnknownKeysAreIgnoredAndTheFirstOfTwoCounts) {
 TEST_F(PrefsFileTest, ADecimalValueEndsAtItsFirstLetter) {
     const Prefs prefs = Loaded("MaxMileage=1a\nMaxConsumption=a\nFuelHistoryDepth=007\n");
     EXPECT_EQ(prefs.maxMileage, 1);
-    EXPECT_EQ(prefs.maxConsumption, 20);  // no decimal number at all: missing
+    EXPECT_EQ(prefs.maxConsumption, 20);  // not a decimal number at all: missing
     EXPECT_EQ(prefs.fuelHistoryDepth, 7);
 }
 
-TEST_F(PrefsFileTest, NumbersAreKeptAsTheyStandInTheFile) {
+TEST_F(PrefsFileTest, NumbersAreKeptAsTheFileHasThem) {
     const Prefs prefs = Loaded(
         "BackColor=ff123456\nThickness=7fffffff\nWidth=0\nHeight=ffffffe\nMaxMileage=99999999999\n"
         "FuelHistoryDepth=0\n");
@@ -201,9 +201,9 @@ TEST_F(PrefsFileTest, NumbersAreKeptAsTheyStandInTheFile) {
     EXPECT_EQ(prefs.fuelHistoryDepth, 0);
 }
 
-TEST_F(PrefsFileTest, KeysBehind1024BytesAreMissing) {
+TEST_F(PrefsFileTest, KeysAfter1024BytesAreMissing) {
     const auto padded = [](std::size_t length) { return "Width=1\n" + std::string(length - 8, '-'); };
-    // Line ends count as one byte, so that the last digit of "MaxMileage=70" is the 1024th.
+    // A line end counts as one byte, so the last digit of "MaxMileage=70" is byte 1024.
     EXPECT_EQ(Loaded(padded(1024 - 13) + "MaxMileage=70\r\n").maxMileage, 70);
     EXPECT_EQ(Loaded(padded(1024 - 12) + "MaxMileage=70\r\n").maxMileage, 7);
     EXPECT_EQ(Loaded(padded(1024 - 11) + "MaxMileage=70\r\n").maxMileage, 60);
@@ -301,7 +301,7 @@ TEST_F(PrefsFileTest, TheOldFormAnswersMinusOneWithoutAFileAndMakesTheFolder) {
     ExpectEqual(prefs, expected);
 }
 
-TEST_F(PrefsFileTest, ALoneSwitchIsTakenForTheOldFormAndKept) {
+TEST_F(PrefsFileTest, ASwitchAloneIsReadInTheOldFormAndKept) {
     Prefs noAutorun = MissingKeys();
     noAutorun.autorun = false;
     ExpectEqual(Loaded("Autorun=0\n"), noAutorun);
@@ -310,8 +310,8 @@ TEST_F(PrefsFileTest, ALoneSwitchIsTakenForTheOldFormAndKept) {
     ExpectEqual(Loaded("ShowUnits=0\n"), noUnits);
 }
 
-TEST_F(PrefsFileTest, EachOfTheOtherKeysTellsThePresentForm) {
-    // Read in the old form, the tokens behind the key would turn autorun off.
+TEST_F(PrefsFileTest, EachOfTheOtherKeysMarksTheCurrentForm) {
+    // In the old form, the tokens after the key would turn autorun off.
     for (const std::string key : {"BackColor", "GridColor", "Line0Color", "Line11Color", "Thickness", "Width",
                                   "Height", "MaxMileage", "MaxConsumption", "FuelHistoryDepth"}) {
         EXPECT_TRUE(Loaded(key + "=3,0,0,\n").autorun) << key;
@@ -328,7 +328,7 @@ TEST_F(PrefsFileTest, AFolderOfThatNameIsLikeAMissingFile) {
     ExpectEqual(prefs, Prefs{});
 }
 
-TEST_F(PrefsFileTest, OnlyWhatIsThereAndCannotBeReadIsUnknown) {
+TEST_F(PrefsFileTest, OnlyAnUnreadableFileIsUnknown) {
     Prefs prefs;
     EXPECT_TRUE(LoadPrefs(File(), prefs));
     for (const std::string_view text : {"", "Autorun=0\n", "0,0,0,\n"}) {

@@ -35,12 +35,12 @@ TEST(PrefsNumberEdit, TakesNumbersWithinTheirRange) {
 }
 
 constexpr Entry kRejected[] = {
-    // The thickness is stored all the same.
+    // A rejected thickness is still stored.
     {kThickness, "11", 11},
     {kThickness, "-1", -1},
     {kThickness, "99999999999", 2147483647},
     {kThickness, "-99999999999", -2147483647 - 1},
-    // The others keep the value of a first run.
+    // The other numbers keep the value of a first run.
     {kMileage, "0", 60},
     {kMileage, "1001", 60},
     {kMileage, "-5", 60},
@@ -76,10 +76,10 @@ TEST(PrefsNumberEdit, ARejectedThicknessLeavesZeroInTheEdit) {
     EXPECT_EQ(rejection->shownText, "0");
 }
 
-TEST(PrefsNumberEdit, TheOthersGoBackToTheValueTheyHave) {
+TEST(PrefsNumberEdit, TheOthersReturnToTheirStoredValue) {
     Prefs prefs;
     prefs.maxMileage = 45;
-    prefs.maxConsumption = 0;  // out of range itself: from the file
+    prefs.maxConsumption = 0;  // out of range already: read from the file
     prefs.fuelHistoryDepth = 12;
     const auto mileage = EnterNumber(prefs, kMileage, "1001");
     ASSERT_TRUE(mileage);

@@ -24,7 +24,7 @@ Gauge ColouredGauge() {
     return gauge;
 }
 
-// A dial alone, as the cache has it: no needle, no markers, no value.
+// A dial without needle, markers and value, as the meter keeps it.
 class DialPictureTest : public testing::Test {
 protected:
     COLORREF At(DialPoint point) const { return At(m_dial, point); }
@@ -61,19 +61,19 @@ TEST_F(DialPictureTest, OutlinesTheFaceWithTheColourOfTheTicks) {
     const FacePoints face = m_dial.Geometry().Face();
     for (std::size_t i = 0; i < face.size(); ++i)
         EXPECT_EQ(At(face[i]), kTicks) << i << ": " << face[i].x << ", " << face[i].y;
-    // The two straight edges: half way from (78, 131) to (91, 85), from (106, 131) to (93, 85), give or take
-    // the pixel that the line is rounded to.
+    // The two straight edges, half way from (78, 131) to (91, 85) and from (106, 131) to (93, 85), allowing
+    // one pixel for rounding.
     const auto edgeIsNear = [this](int x, int y) { return At({x, y}) == kTicks || At({x + 1, y}) == kTicks; };
     EXPECT_TRUE(edgeIsNear(84, 108));
     EXPECT_TRUE(edgeIsNear(99, 108));
 }
 
-TEST_F(DialPictureTest, ShadowsTheOuterEdgeAndLightsTheInner) {
+TEST_F(DialPictureTest, ShadowsTheOuterEdgeAndHighlightsTheInner) {
     const COLORREF shadow = ::GetSysColor(COLOR_BTNSHADOW);
     const COLORREF highlight = ::GetSysColor(COLOR_BTNHIGHLIGHT);
     ASSERT_NE(shadow, highlight);
     const FacePoints bevel = BevelOf(m_dial.Geometry().Face());
-    // Where the arc is flat the bevel lies clear of the outline: from 60 to 120 degrees.
+    // Where the arc is flat, from 60 to 120 degrees, the bevel does not touch the outline.
     for (std::size_t i = 27; i <= 39; ++i) EXPECT_EQ(At(bevel[i]), shadow) << i;
     EXPECT_EQ(At({92, 26}), shadow);
     EXPECT_EQ(At({92, 25}), kBack);
@@ -84,7 +84,7 @@ TEST_F(DialPictureTest, ShadowsTheOuterEdgeAndLightsTheInner) {
 }
 
 TEST_F(DialPictureTest, CoversTheBevelThatLiesUnderTheFace) {
-    // Below the centre the outer bevel is one pixel inside the face, the inner one below the hub.
+    // Below the centre, the outer bevel is one pixel inside the face and the inner one below the hub.
     const FacePoints bevel = BevelOf(m_dial.Geometry().Face());
     EXPECT_EQ(At(bevel[3]), kFace);  // -60 degrees, beside the tick
     EXPECT_EQ(At({92, 81}), kBack);
@@ -149,7 +149,7 @@ TEST_F(DialPictureTest, PlacesTheTextsByTheMetricsOfItsFont) {
     EXPECT_EQ(m_dial.TextPlaces().value, (DialPoint{92, 27 - height / 2}));
 }
 
-// Where pixels that are not background stand in a rectangle.
+// The smallest rectangle around the pixels of `rect` that are not background.
 CRect InkIn(const DialPicture& dial, const CRect& rect) {
     CRect ink{rect.right, rect.bottom, rect.left, rect.top};
     for (LONG y = rect.top; y < rect.bottom; ++y) {
@@ -171,7 +171,7 @@ TEST_F(DialPictureTest, WritesTheEndsOfTheScaleBelowThem) {
     ASSERT_EQ(places.minLabel.x, 259);
     ASSERT_EQ(places.maxLabel.x, 341);
     for (const DialPoint& place : {places.minLabel, places.maxLabel}) {
-        // One digit stands on the baseline, centred, and is less high than the font.
+        // A digit has its foot on the baseline, is centred, and is lower than the font.
         const CRect around{place.x - 30, 402, place.x + 30, 470};
         const CRect ink = InkIn(dial, around);
         ASSERT_LT(ink.left, ink.right);
@@ -202,7 +202,7 @@ TEST_F(DialPictureTest, KeepsTheDialInTheMiddleOfAWideWindow) {
     EXPECT_EQ(At(wide, {599, 160}), kBlackPen);
 }
 
-TEST_F(DialPictureTest, IsBackgroundAloneInAWindowOfAFewPixels) {
+TEST_F(DialPictureTest, IsOnlyBackgroundInAWindowOfAFewPixels) {
     const DialPicture tiny{m_screen.Dc(), CRect{0, 0, 40, 5}, ColouredGauge()};
     ASSERT_TRUE(tiny);
     EXPECT_EQ(tiny.FaceRegion(), nullptr);
@@ -211,12 +211,12 @@ TEST_F(DialPictureTest, IsBackgroundAloneInAWindowOfAFewPixels) {
     EXPECT_EQ(At(tiny, {0, 0}), kBlackPen);
 }
 
-TEST_F(DialPictureTest, SaysWhenWindowsHasNoRoomForIt) {
+TEST_F(DialPictureTest, ReportsThatWindowsHasNoMemoryForIt) {
     const DialPicture impossible{nullptr, CRect{0, 0, 184, 161}, ColouredGauge()};
     EXPECT_FALSE(impossible);
 }
 
-TEST_F(DialPictureTest, GivesBackEverything) {
+TEST_F(DialPictureTest, ReleasesAllItsObjects) {
     const int objects = LivingGdiObjects();
     for (int i = 0; i < 1000; ++i) const DialPicture dial{m_screen.Dc(), CRect{0, 0, 60, 50}, Gauge{}};
     EXPECT_EQ(LivingGdiObjects(), objects);

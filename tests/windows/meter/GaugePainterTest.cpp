@@ -53,7 +53,7 @@ protected:
         return count;
     }
 
-    // The smallest rectangle around what is not background in this one.
+    // The smallest rectangle around the pixels of `rect` that are not background.
     CRect InkIn(const CRect& rect) const {
         CRect ink{rect.right, rect.bottom, rect.left, rect.top};
         for (LONG y = rect.top; y < rect.bottom; ++y) {
@@ -93,13 +93,13 @@ TEST_P(NeedlePlaces, LightsOneHalfAndShadesTheOther) {
     Paint(gauge);
     EXPECT_EQ(m_canvas.At(place.inLitHalf.x, place.inLitHalf.y), kNeedle);
     EXPECT_EQ(m_canvas.At(place.inShadedHalf.x, place.inShadedHalf.y), kShade);
-    // Close to the tip the halves are narrower than a pixel, and the shaded one is drawn last.
+    // Near the tip the halves are narrower than a pixel; the shaded one is drawn last.
     const LONG x = place.tip.x + (300 - place.tip.x) / 10;
     const LONG y = place.tip.y + (240 - place.tip.y) / 10;
     EXPECT_GT(CountIn({x - 1, y - 1, x + 2, y + 2}, kShade), 0);
 }
 
-// The centres of gravity of the two triangles. The light comes from above on either side.
+// The points are the centres of gravity of the two triangles. The light comes from above on either side.
 INSTANTIATE_TEST_SUITE_P(GaugePainter, NeedlePlaces,
                          testing::Values(NeedlePlace{10, {181, 347}, {277, 258}, {279, 261}},
                                          NeedlePlace{25, {141, 219}, {271, 234}, {271, 238}},
@@ -114,7 +114,7 @@ struct PinnedNeedle {
     double maximum;
     double value;
     POINT inLitHalf;
-    POINT inOtherHalf;  // beyond the end of the scale, where the face ends
+    POINT inOtherHalf;  // beyond the end of the scale, where there is no face
 };
 
 void PrintTo(const PinnedNeedle& needle, std::ostream* out) {
@@ -147,14 +147,14 @@ INSTANTIATE_TEST_SUITE_P(GaugePainter, PinnedNeedles,
                                          PinnedNeedle{"not a number: 0 / 0", 7, 7, 7, kLitAtEnd, kOtherAtEnd},
                                          PinnedNeedle{"infinite", 7, 7, 6, kLitAtStart, kOtherAtStart}));
 
-TEST_F(GaugePainterTest, KeepsTheNeedleOffHubAndGap) {
+TEST_F(GaugePainterTest, DrawsNoNeedleOnHubAndGap) {
     Gauge gauge = NeedleAlone();
     for (int value = 0; value <= 100; value += 5) {
         gauge.SetValue(value);
         Paint(gauge);
-        // The hub has a radius of 16, less the highlighted edge.
+        // The hub has a radius of 16, minus the highlighted edge.
         EXPECT_EQ(CountIn({290, 230, 311, 251}, kBack), 21 * 21) << value;
-        // Between the ends of the scale, well inside.
+        // In the gap between the ends of the scale, well away from both.
         EXPECT_EQ(CountIn({295, 300, 306, 390}, kBack), 11 * 90) << value;
     }
 }
@@ -164,7 +164,8 @@ TEST_F(GaugePainterTest, DrawsBothMarkersAtTheValue) {
     gauge.SetValue(25);
     gauge.SetValue(75);
     Paint(gauge);
-    // At 172.5 degrees the lowest, leaning on; at 7.5 degrees the highest, leaning back.
+    // The lowest value's marker is at 172.5 degrees and leans clockwise; the highest value's is at 7.5
+    // degrees and leans back.
     EXPECT_EQ(m_canvas.At(155, 217), kMarker);
     EXPECT_EQ(m_canvas.At(154, 225), kFace);
     EXPECT_EQ(m_canvas.At(445, 217), kMarker);
@@ -187,7 +188,8 @@ TEST_F(GaugePainterTest, DrawsOnlyTheMarkersThatAreOn) {
 }
 
 TEST_F(GaugePainterTest, CutsTheRestingMarkersAtTheEdgeOfTheFace) {
-    // Before any value the lowest stands at the maximum and leans beyond it, and the other way round.
+    // Before the first value, the lowest value's marker is at the maximum and leans beyond it; the other is
+    // at the minimum and leans beyond that.
     Gauge gauge = ColouredGauge();
     Paint(gauge);
     EXPECT_EQ(m_canvas.At(334, 383), kBack);
@@ -211,13 +213,13 @@ TEST_F(GaugePainterTest, WritesTheValueAboveTheDial) {
     const CRect ink = InkIn(kAboveDial);
     ASSERT_LT(ink.left, ink.right);
     EXPECT_GT(CountIn(ink, kText), 20);
-    // Font height 40 and the text height of the metrics around it: the baseline is about at 240 - 20 - 160.
+    // The font is 40 high, with the text height of its metrics: the baseline is at about 240 - 20 - 160.
     EXPECT_NEAR(ink.bottom, 60, 4);
-    // Centred together with the blank behind it, so half a blank to the left.
+    // The blank after the value is part of the centred text, so the ink is half a blank further left.
     EXPECT_NEAR((ink.left + ink.right) / 2.0, 295, 4);
 }
 
-TEST_F(GaugePainterTest, WritesTheUnitBehindTheValue) {
+TEST_F(GaugePainterTest, WritesTheUnitAfterTheValue) {
     Gauge gauge = NeedleAlone();
     gauge.SetValueDecimals(0);
     gauge.SetValue(8);
@@ -258,7 +260,7 @@ TEST_F(GaugePainterTest, WritesThePeakAndNotTheValueInThePeakLine) {
 }
 
 TEST_F(GaugePainterTest, WritesOnTheBackgroundColour) {
-    // A text that is wider than the window covers the frame on its left with its cell.
+    // A text wider than the window paints its background over the left frame.
     const CRect frame{0, 45, 1, 60};
     Gauge gauge = NeedleAlone();
     Paint(gauge);
@@ -275,7 +277,7 @@ TEST_F(GaugePainterTest, SurvivesNumbersWithHundredsOfDigits) {
     gauge.SetValue(1e308);
     gauge.SetRange(-1e308, 1e308);
     Paint(gauge);
-    // The text runs through the whole window.
+    // The text covers the whole width of the window.
     EXPECT_GT(CountIn({1, 30, 60, 70}, kText), 20);
     EXPECT_GT(CountIn({540, 30, 599, 70}, kText), 20);
 }
@@ -296,9 +298,8 @@ TEST_F(GaugePainterTest, PaintsAValueWithoutMakingTheDialAgain) {
     const int objects = LivingGdiObjects();
     Paint(gauge);
     const int withDial = LivingGdiObjects();
-    EXPECT_EQ(
-        withDial,
-        objects + 6);  // of the dial device context, bitmap, font and region; of the surface the first two
+    // Device context, bitmap, font and region of the dial; device context and bitmap of the surface.
+    EXPECT_EQ(withDial, objects + 6);
     for (int i = 0; i < 1000; ++i) {
         gauge.SetValue(i / 10.0);
         Paint(gauge);
@@ -316,7 +317,7 @@ TEST_F(GaugePainterTest, DrawsNothingInAnEmptyWindow) {
     EXPECT_EQ(m_canvas.At(50, 50), kUntouched);
 }
 
-TEST_F(GaugePainterTest, DrawsBackgroundAloneInAWindowOfAFewPixels) {
+TEST_F(GaugePainterTest, DrawsOnlyBackgroundInAWindowOfAFewPixels) {
     m_painter.Paint(m_canvas.Dc(), CRect{0, 0, 50, 5}, ColouredGauge());
     EXPECT_EQ(CountIn({1, 1, 49, 4}, kBack), 48 * 3);
     EXPECT_EQ(m_canvas.At(10, 5), kUntouched);

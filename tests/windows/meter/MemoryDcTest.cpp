@@ -13,7 +13,7 @@ using test::kUntouched;
 constexpr COLORREF kGround = RGB(10, 20, 30);
 constexpr COLORREF kInk = RGB(200, 100, 50);
 
-TEST(MemoryDc, ReachesTheTargetInOnePieceWhenItDies) {
+TEST(MemoryDc, ReachesTheTargetInOnePieceWhenDestroyed) {
     Canvas canvas{20, 20};
     canvas.Dc().SetBkColor(kGround);
     const CRect rect{0, 0, 20, 20};
@@ -49,7 +49,7 @@ TEST(MemoryDc, DrawsAtTheTargetsCoordinatesAndNowhereElse) {
     EXPECT_EQ(canvas.At(5, 12), kUntouched);
 }
 
-TEST(MemoryDc, DrawsTheSameOnASurfaceThatIsKept) {
+TEST(MemoryDc, DrawsTheSameOnAKeptSurface) {
     MemorySurface surface;
     Canvas canvas{20, 20};
     for (const CRect& rect :
@@ -71,7 +71,7 @@ TEST(MemoryDc, DrawsTheSameOnASurfaceThatIsKept) {
     }
 }
 
-TEST(MemoryDc, ASurfaceThatIsKeptHasWhatWasDrawnLast) {
+TEST(MemoryDc, AKeptSurfaceHoldsTheLastDrawing) {
     MemorySurface surface;
     Canvas canvas{20, 20};
     const CRect rect{0, 0, 20, 20};
@@ -88,7 +88,7 @@ TEST(MemoryDc, ASurfaceThatIsKeptHasWhatWasDrawnLast) {
     EXPECT_EQ(canvas.At(3, 4), kInk);
 }
 
-TEST(MemoryDc, ASurfaceThatIsKeptIsMadeOnce) {
+TEST(MemoryDc, AKeptSurfaceIsCreatedOnce) {
     const int before = LivingGdiObjects();
     {
         MemorySurface surface;
@@ -107,7 +107,7 @@ TEST(MemoryDc, ASurfaceThatIsKeptIsMadeOnce) {
     EXPECT_EQ(LivingGdiObjects(), before);
 }
 
-TEST(MemoryDc, ASurfaceKeepsTheFontThatItIsGivenUntilItIsMadeAnew) {
+TEST(MemoryDc, ASurfaceKeepsItsFirstFontUntilItIsCreatedAgain) {
     const CFont font{
         ::CreateFontW(20, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET, 0, 0, 0, 0, L"Arial")};
     MemorySurface surface;
@@ -116,7 +116,7 @@ TEST(MemoryDc, ASurfaceKeepsTheFontThatItIsGivenUntilItIsMadeAnew) {
         const CMemoryDC memory{canvas.Dc(), rect, surface};
         return ::GetCurrentObject(memory, OBJ_FONT);
     };
-    surface.KeepFont(font);  // there is nothing yet to select it into
+    surface.KeepFont(font);  // no effect: there is no device context yet
     const HGDIOBJ first = fontOn({0, 0, 20, 20});
     EXPECT_NE(first, font.Get());
     surface.KeepFont(font);
@@ -144,7 +144,7 @@ TEST(MemoryDc, AReleasedSurfaceHoldsNothingAndCanBeUsedAgain) {
     }
 }
 
-TEST(MemoryDc, CoversTheClipBoxWhenItIsGivenNoRectangle) {
+TEST(MemoryDc, CoversTheClipBoxWithoutARectangle) {
     Canvas canvas{20, 20};
     canvas.Dc().SetBkColor(kGround);
     const CRgn clip{::CreateRectRgn(2, 3, 8, 9)};
@@ -173,7 +173,7 @@ TEST(MemoryDc, FollowsATargetWhoseOriginIsMoved) {
     EXPECT_EQ(canvas.At(20, 19), kUntouched);
 }
 
-TEST(MemoryDc, TakesOverTheMappingMode) {
+TEST(MemoryDc, UsesTheMappingModeOfTheTarget) {
     Canvas canvas{40, 40};
     canvas.Dc().SetBkColor(kGround);
     ::SetMapMode(canvas.Dc(), MM_LOMETRIC);  // y points upwards
@@ -190,7 +190,7 @@ TEST(MemoryDc, TakesOverTheMappingMode) {
     EXPECT_EQ(canvas.At(35, 35), kUntouched);
 }
 
-TEST(MemoryDc, DrawsStraightOnWhatIsNoScreen) {
+TEST(MemoryDc, DrawsStraightOnATargetThatIsNotAScreen) {
     const HDC metafile = ::CreateMetaFileW(nullptr);
     ASSERT_NE(metafile, nullptr);
     ASSERT_NE(::GetDeviceCaps(metafile, TECHNOLOGY), DT_RASDISPLAY);
@@ -203,19 +203,19 @@ TEST(MemoryDc, DrawsStraightOnWhatIsNoScreen) {
         EXPECT_EQ(memory.GetSafeHdc(), metafile);
         EXPECT_EQ(LivingGdiObjects(), objects);
     }
-    // The borrowed device context is left alone.
+    // The target's device context was only borrowed, so it still exists.
     EXPECT_EQ(::GetObjectType(metafile), static_cast<DWORD>(OBJ_METADC));
     ::DeleteMetaFile(::CloseMetaFile(metafile));
 }
 
-TEST(MemoryDc, TakesAnEmptyRectangle) {
+TEST(MemoryDc, AcceptsAnEmptyRectangle) {
     Canvas canvas{10, 10};
     const CRect nothing{0, 0, 0, 0};
     { const CMemoryDC memory{canvas.Dc(), &nothing}; }
     EXPECT_EQ(canvas.At(0, 0), kUntouched);
 }
 
-TEST(MemoryDc, GivesBackEverything) {
+TEST(MemoryDc, ReleasesAllItsObjects) {
     Canvas canvas{10, 10};
     const int objects = LivingGdiObjects();
     for (int i = 0; i < 1000; ++i) const CMemoryDC memory{canvas.Dc()};

@@ -21,7 +21,7 @@ using test::kMeterRect;
 using test::MeterSlot;
 using test::Ticker;
 
-// A meter that notes what its menu looks like when it is about to be shown.
+// A meter that records the look of its menu just before the menu is shown.
 class NotingMeter : public CMeterWnd {
 public:
     using CMeterWnd::CMeterWnd;
@@ -55,8 +55,8 @@ HWND OpenMenu() {
     return menu && ::IsWindowVisible(menu) ? menu : nullptr;
 }
 
-// Opens the menu at this point of the screen as the right mouse button does, calls `act` once when it is
-// shown, and comes back when it is gone. False if it was never shown or did not go by itself.
+// Opens the menu at this point of the screen as the right mouse button does, calls `act` once when the menu
+// is shown, and returns when it is closed. False if it was never shown or did not close by itself.
 template <typename Action>
 bool WithMenu(HWND meter, POINT place, Action act) {
     bool shown = false;
@@ -110,7 +110,7 @@ TEST(MeterMenu, ChecksWhatIsOn) {
     EXPECT_EQ(checks(), (Checks{0, 0, 0, 1, 0, 0, 0, 0, 0}));
 }
 
-// Where the middle of the menu's top edge is, when it is opened for this message.
+// The middle of the menu's top edge when this message opens the menu.
 std::optional<POINT> PlaceOfMenu(CMeterWnd& meter, POINT place) {
     RECT rect{};
     const bool shown = WithMenu(meter.GetSafeHwnd(), place, [&] {
@@ -141,7 +141,7 @@ TEST(MeterMenu, OpensAtTheMiddleOfTheMeterForTheKeyboard) {
     EXPECT_EQ(place->y, middle.y);
 }
 
-TEST(MeterMenu, RunsTheItemThatIsChosen) {
+TEST(MeterMenu, RunsTheChosenItem) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open(nullptr, kMeterRect, kHiddenMeterStyle);
     const HWND window = meter.GetSafeHwnd();
@@ -152,7 +152,7 @@ TEST(MeterMenu, RunsTheItemThatIsChosen) {
     EXPECT_TRUE(DispatchUntil([&] { return meter.Shown().HasSwappedColors(); }));
 }
 
-TEST(MeterMenu, GoesWithTheMeter) {
+TEST(MeterMenu, ClosesWithTheMeter) {
     MeterSlot slot;
     const HWND window = slot.Open<BuriedMeter>(nullptr, kMeterRect, kHiddenMeterStyle).GetSafeHwnd();
     EXPECT_TRUE(WithMenu(window, {300, 300}, [&] { ::SendMessageW(window, WM_CLOSE, 0, 0); }));
@@ -161,7 +161,7 @@ TEST(MeterMenu, GoesWithTheMeter) {
     EXPECT_FALSE(::IsWindow(window));
 }
 
-TEST(MeterMenu, GoesWithTheOwnerOfTheMeter) {
+TEST(MeterMenu, ClosesWithTheOwnerOfTheMeter) {
     const HWND owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                          ::GetModuleHandleW(nullptr), nullptr);
     MeterSlot slot;

@@ -23,10 +23,10 @@ using test::MeterSlot;
 using test::Settle;
 using test::Stage;
 
-// Device context, bitmap, font and region of the dial; device context and bitmap of what it is painted on.
+// Device context, bitmap, font and region of the dial; device context and bitmap of the surface.
 constexpr int kObjectsOfAMeter = 6;
 
-// The colour that is on the screen there.
+// The colour on the screen at that place.
 COLORREF Shown(const CMeterWnd& meter, int x, int y) {
     const CClientDC dc{meter.GetSafeHwnd()};
     return ::GetPixel(dc, x, y);
@@ -39,7 +39,7 @@ TEST(MeterWnd, IsAToolWindowWithATitle) {
     EXPECT_EQ(meter.GetWindowText(), "Plotvane Meter");
     EXPECT_NE(::GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW, 0);
     EXPECT_EQ(static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE)) & kFieldMeterStyle, kHiddenMeterStyle);
-    EXPECT_EQ(::GetMenu(window), nullptr);  // what an id would be taken for
+    EXPECT_EQ(::GetMenu(window), nullptr);  // an id would be taken for a menu
     EXPECT_EQ(meter.GetWindowRect().left, kMeterRect.left);
     EXPECT_EQ(meter.GetWindowRect().top, kMeterRect.top);
     EXPECT_EQ(meter.GetWindowRect().Width(), 200);
@@ -62,7 +62,7 @@ TEST(MeterWnd, PaintsAtOnceWhenItIsCreated) {
     slot = new CMeterWnd{&slot};
     EXPECT_EQ(LivingGdiObjects(), objects);
     ASSERT_TRUE(slot->Create(CMeterWnd::WindowClass(), kFieldMeterStyle, kMeterRect, nullptr));
-    // Without a message dispatched.
+    // No message was dispatched.
     EXPECT_FALSE(HasSomethingToPaint(*slot));
     EXPECT_EQ(LivingGdiObjects(), objects + kObjectsOfAMeter);
     slot->DestroyWindow();
@@ -95,7 +95,7 @@ TEST(MeterWnd, ClearsTheOwnersVariableAndDeletesItselfWhenItIsClosed) {
     EXPECT_EQ(LivingGdiObjects(), objects);
 }
 
-// Tells when its destructor runs.
+// Counts the calls of its destructor.
 class CountedMeter : public CMeterWnd {
 public:
     using CMeterWnd::CMeterWnd;
@@ -103,14 +103,14 @@ public:
     static inline int destroyed = 0;
 };
 
-TEST(MeterWnd, DiesOnce) {
+TEST(MeterWnd, IsDestroyedOnce) {
     MeterSlot slot;
     CountedMeter::destroyed = 0;
     slot.Open<CountedMeter>().DestroyWindow();
     EXPECT_EQ(CountedMeter::destroyed, 1);
 }
 
-TEST(MeterWnd, DiesWithItsOwnerWindow) {
+TEST(MeterWnd, IsDestroyedWithItsOwnerWindow) {
     const HWND owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                          ::GetModuleHandleW(nullptr), nullptr);
     MeterSlot first;
@@ -161,11 +161,11 @@ TEST(MeterWnd, StaysAnObjectWithoutAWindowWhenItCannotBeCreated) {
     meter->SetFaceColor(3);
     meter->SetTicksColor(4);
     EXPECT_EQ(meter->Shown().Value(), 5);
-    // An invalidated "no window" would be every window on the screen.
+    // Invalidating a null window would invalidate every window on the screen.
     EXPECT_FALSE(HasSomethingToPaint(other));
 }
 
-// The client area as it stands on the screen.
+// The client area as it is on the screen.
 std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter) {
     const CRect client = meter.GetClientRect();
     const Picture picture(client.Width(), client.Height());
@@ -176,7 +176,8 @@ std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter) {
     return pixels;
 }
 
-// What a setter asks to be painted: the dial that is discarded gives its objects back at once.
+// The repaint that a setter requests. Discarding the dial releases its objects at once, so the object count
+// shows it.
 enum class Repaint { Nothing, WithTheDialKept, WithANewDial };
 
 std::ostream& operator<<(std::ostream& out, Repaint repaint) {
@@ -194,7 +195,7 @@ Repaint RepaintAfter(CMeterWnd& meter, Action action) {
     action();
     const bool dialIsKept = LivingGdiObjects() == objects;
     if (!HasSomethingToPaint(meter)) {
-        EXPECT_TRUE(dialIsKept) << "a dial was discarded that nobody is asked to paint again";
+        EXPECT_TRUE(dialIsKept) << "the dial was discarded without a request to repaint";
         return ::GetPixel(window, 0, 0) == kScribble ? Repaint::Nothing : Repaint::WithTheDialKept;
     }
     EXPECT_TRUE(dialIsKept || LivingGdiObjects() == objects - kObjectsOfAMeter);
@@ -207,7 +208,7 @@ Repaint RepaintAfter(CMeterWnd& meter, Action action) {
     return dialIsKept ? Repaint::WithTheDialKept : Repaint::WithANewDial;
 }
 
-TEST(MeterWnd, RepaintsAValueOnTheDialThatIsKept) {
+TEST(MeterWnd, RepaintsAValueOnTheKeptDial) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetValue(50); }), Repaint::WithTheDialKept);
@@ -232,7 +233,7 @@ TEST(MeterWnd, ShowsAValueAtOnce) {
     }
 }
 
-TEST(MeterWnd, LeavesAValueToThePaintThatIsComing) {
+TEST(MeterWnd, LeavesAValueToAPendingPaint) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     Settle(meter);
@@ -245,7 +246,7 @@ TEST(MeterWnd, LeavesAValueToThePaintThatIsComing) {
     EXPECT_NE(PixelsOf(meter), before);
 }
 
-TEST(MeterWnd, ShowsAValueInTheSizeThatItHasNow) {
+TEST(MeterWnd, ShowsAValueAtItsCurrentSize) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     for (const int size : {150, 220}) {
@@ -259,7 +260,7 @@ TEST(MeterWnd, ShowsAValueInTheSizeThatItHasNow) {
     }
 }
 
-TEST(MeterWnd, MakesANewDialWhereSomethingDiffers) {
+TEST(MeterWnd, MakesANewDialIfSomethingDiffers) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetRange(0, 100); }), Repaint::Nothing);
@@ -272,7 +273,7 @@ TEST(MeterWnd, MakesANewDialWhereSomethingDiffers) {
     EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetUnits("/min"); }), Repaint::Nothing);
 }
 
-TEST(MeterWnd, MakesANewDialWithEveryColourAndWithWholeLabels) {
+TEST(MeterWnd, MakesANewDialForEveryColourAndForWholeLabels) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     for (int twice = 0; twice < 2; ++twice) {
@@ -319,7 +320,7 @@ TEST(MeterWnd, MakesANewDialWhenItIsResized) {
     EXPECT_EQ(Shown(meter, client.Width() - 1, client.Height() - 1), RGB(0, 0, 0));
 }
 
-TEST(MeterWnd, SurvivesBeingMadeAsSmallAsCanBe) {
+TEST(MeterWnd, SurvivesTheSmallestSize) {
     const Stage stage;
     MeterSlot slot;
     CMeterWnd& meter = slot.Open(stage.window, CRect{0, 0, 0, 0}, WS_CHILD | WS_VISIBLE);
@@ -333,7 +334,7 @@ TEST(MeterWnd, SurvivesBeingMadeAsSmallAsCanBe) {
     EXPECT_EQ(meter.GetClientRect().Height(), 11);
 }
 
-// Sends the command of a menu item and says what it asks to be painted.
+// Sends the command of a menu item and returns the repaint that it requests.
 Repaint RepaintAfterCommand(CMeterWnd& meter, UINT command) {
     return RepaintAfter(meter, [&] { meter.SendMessage(WM_COMMAND, command); });
 }
@@ -394,7 +395,7 @@ void OpenAndClose(DWORD style, HWND parent) {
 }
 
 TEST(MeterWnd, OpensAndClosesAThousandTimesWithoutALeak) {
-    const Stage stage;  // which takes the display a twentieth of the time
+    const Stage stage;  // on a stage the display takes a twentieth of the time
     for (int i = 0; i < 1000 && !HasFatalFailure(); ++i) OpenAndClose(WS_CHILD, stage.window);
 }
 

@@ -15,11 +15,11 @@ namespace plotvane::test {
 constexpr DWORD kFieldMeterStyle = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
 constexpr CRect kMeterRect{32, 64, 232, 264};
 
-// The same, not shown: for tests that a display would disturb, which moves windows and takes the focus from
-// them (and so closes their menus) when it finds time.
+// The same, but not shown. For tests that the display would disturb: it moves windows and takes the focus
+// from them (and so closes their menus) at its own time.
 constexpr DWORD kHiddenMeterStyle = kFieldMeterStyle & ~static_cast<DWORD>(WS_VISIBLE);
 
-// A window for meters inside of it, which the display does not move, size or map.
+// A window to hold meters; the display does not move, size or map the windows inside it.
 class Stage {
 public:
     Stage();
@@ -30,7 +30,8 @@ public:
     HWND window;
 };
 
-// An owner's variable with a meter in it, as the main dialog has them. Destroys the meter that is still open.
+// An owner's variable with a meter in it, as the main dialog has them. The destructor destroys the meter if
+// it is still open.
 class MeterSlot {
 public:
     MeterSlot() = default;
@@ -38,8 +39,8 @@ public:
     MeterSlot(const MeterSlot&) = delete;
     MeterSlot& operator=(const MeterSlot&) = delete;
 
-    // A meter of this class (CMeterWnd or one that a test derives), shown and painted; fails the test if that
-    // does not work.
+    // Creates a meter of this class (CMeterWnd or one that a test derives), shows and paints it; fails the
+    // test if that does not work.
     template <typename Meter = CMeterWnd>
     Meter& Open(HWND owner = nullptr, const RECT& rect = kMeterRect, DWORD style = kFieldMeterStyle) {
         auto* made = new Meter{&meter};
@@ -54,7 +55,8 @@ private:
     void Show(HWND owner, const RECT& rect, DWORD style);
 };
 
-// A meter whose memory is kept when it has died, to see whether anybody touches it then. One at a time.
+// A meter whose memory is kept after its destruction, so that a test can see whether anything writes to it
+// later. Only one at a time.
 class BuriedMeter : public CMeterWnd {
 public:
     using CMeterWnd::CMeterWnd;
@@ -62,7 +64,7 @@ public:
     static void* operator new(std::size_t size);
     static void operator delete(void* memory);
 
-    // False as long as the last one lives, or when its memory has been written to since it died.
+    // False while the last meter exists, and if its memory has been written to since its destruction.
     static bool RestsUntouched() { return s_isDead && s_memory == s_atDeath; }
 
 private:
@@ -72,7 +74,7 @@ private:
     static inline bool s_isDead = false;
 };
 
-// The time that a test waits for anything: five seconds from here on.
+// The longest time that a test waits for anything: five seconds from the construction.
 class Deadline {
 public:
     bool HasPassed() const { return std::chrono::steady_clock::now() > m_end; }
@@ -81,15 +83,16 @@ private:
     std::chrono::steady_clock::time_point m_end = std::chrono::steady_clock::now() + std::chrono::seconds{5};
 };
 
-// Dispatches messages until the condition holds. False if it does not before the deadline.
+// Dispatches messages until the condition holds. False if it does not hold within the deadline.
 bool DispatchUntil(const std::function<bool()>& holds);
 
-// Dispatches what is in the queue; nothing of the window is left to paint then.
+// Dispatches the messages in the queue; after that the window has nothing left to paint.
 void Settle(CMeterWnd& meter);
 
 bool HasSomethingToPaint(const CMeterWnd& meter);
 
-// While this lives, `run` is called every few milliseconds, also by the message loops of menus and dialogs.
+// While a ticker exists, `run` is called every few milliseconds, even inside the message loops of menus and
+// dialogs.
 class Ticker {
 public:
     explicit Ticker(std::function<void()> run);

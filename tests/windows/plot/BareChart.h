@@ -12,16 +12,17 @@
 
 namespace plotvane::test {
 
-// The chart's drawing rules as bare calls of the drawing system on bitmaps of the screen's own kind: a block
-// transfer for the scroll, pixel by pixel for the dots, three block transfers to show it. No window, no
-// labels. What the real chart shows must be the same pixels, and is measured against this.
+// The chart's drawing rules as bare calls of the drawing system, on bitmaps compatible with the screen: one
+// block transfer for the scroll, the dots pixel by pixel, three block transfers to show it. There is no
+// window and there are no labels. The real chart must show the same pixels, and its speed is measured against
+// this.
 class BareChart {
 public:
     struct Look {
         int width;
         int height;
         int plotLeft;
-        int gridLines;  // both ways
+        int gridLines;  // in each direction
         int penWidth;
         Colour background;
         Colour grid;
@@ -59,11 +60,11 @@ public:
 
     void Show(HDC target) const { ShowBy(m_shown, target); }
 
-    // The same by way of a bitmap made anew for this one time.
+    // The same through a bitmap that is created for this one call.
     void ShowByNewBitmap(HDC target) const { ShowBy(Sheet(m_look.width, m_look.height), target); }
 
 private:
-    // A bitmap like the screen's, in a device context of its own.
+    // A bitmap compatible with the screen, in its own device context.
     class Sheet {
     public:
         Sheet(int width, int height)

@@ -9,8 +9,8 @@
 
 namespace plotvane::test {
 
-// A chart as the main window sets it up, at the main window's first size: client 620 x 310, plot 54..610 by
-// 10..300 (limits 0..100 with units, a margin of one character), nine grid lines each way.
+// A chart as the main window sets it up at its first size: client 620 x 310, plot 54..610 by 10..300 (limits
+// 0..100 with units, a margin of one character), nine grid lines in each direction.
 class ChartFixture : public testing::Test {
 protected:
     static constexpr int kLeft = 54;
@@ -28,7 +28,7 @@ protected:
         Create(626, 316);
     }
 
-    // With both edges, which take 3 pixels on each side.
+    // The size includes both edges, of 3 pixels on each side.
     bool Create(int width, int height) {
         return chart.Create(WS_CHILD | WS_VISIBLE, CRect{0, 0, width, height}, parent.m_hWnd, 1);
     }
@@ -39,15 +39,15 @@ protected:
         ASSERT_TRUE(Create(width, height));
     }
 
-    // Only one trace is seen then: the others are drawn in the background's black, along the bottom row. It
-    // is red, and every unit of it is one row. Neither frame nor grid is seen.
+    // Makes one trace visible: a red one, with one row for each unit. The others are drawn in black, the
+    // colour of the background, along the bottom row. Frame and grid are black too.
     void ShowOneTraceOnly() {
         chart.SetGridColor(kBlack);
         for (int k = 0; k < kTraceCount; ++k) chart.SetTraceColor(k == kTrace ? kRed : kBlack, k);
         chart.SetRange(0, 290, kTrace);
     }
 
-    // To the one trace that is seen; the others are at their lower limit.
+    // The visible trace gets the value; the others get their lower limit.
     static TraceValues Values(double value) {
         TraceValues values{};
         values[kTrace] = value;
@@ -55,14 +55,14 @@ protected:
     }
     void Append(double value) { chart.AppendPoints(Values(value)); }
 
-    // What the chart shows now, as the window would.
+    // The pixels that the window would show now.
     struct Shown : Canvas {
         explicit Shown(CMultiPlotCtrl& chart, int width = 620, int height = 310) : Canvas(width, height) {
             chart.Draw(Dc());
         }
     };
 
-    // The last one, so that the others do not draw over it.
+    // The last trace, so that the others do not draw over it.
     static constexpr int kTrace = kTraceCount - 1;
     static constexpr Colour kRed = 0x0000FF;
 

@@ -18,8 +18,8 @@ protected:
         slots[slot].unit = std::move(unit);
     }
 
-    // The smallest rectangle around all pixels left of the plot in which some of the bits are set; texts may
-    // be smoothed, so only their place and the mixture of their colour can be told.
+    // The smallest rectangle around all pixels left of the plot that have one of the bits. Texts may be
+    // smoothed, so a test can only check their place and their mixture of colours.
     CRect InkLeftOfPlot(Colour bits) {
         const Shown shown(chart);
         CRect ink(1000, 1000, 0, 0);
@@ -34,13 +34,13 @@ protected:
     }
     bool HasInkLeftOfPlot(Colour bits) { return InkLeftOfPlot(bits).right > 0; }
 
-    // A text that ends at the labels' common edge, in 14 pixels below `y`.
+    // Expects a text that ends at the labels' common edge, within the 14 pixels below `y`.
     static void ExpectTextBelow(const CRect& ink, int y) {
         EXPECT_GE(ink.top, y);
         EXPECT_LE(ink.bottom, y + 14);
         ExpectRightAligned(ink);
     }
-    // A text of digits on the baseline `y`.
+    // Expects a text of digits on the baseline `y`.
     static void ExpectTextOn(const CRect& ink, int y) {
         EXPECT_NEAR(ink.bottom, y, 1);
         EXPECT_GE(ink.top, y - 12);
@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_F(ChartGrid, FrameAndDotsAreAllThereIsBeforeTheFirstRecord) {
+TEST_F(ChartGrid, OnlyFrameAndDotsAreShownBeforeTheFirstRecord) {
     chart.SetGridColor(kGrid);
     const Shown shown(chart);
     const auto isFrame = [](int x, int y) {
@@ -74,7 +74,7 @@ TEST_F(ChartGrid, FrameAndDotsAreAllThereIsBeforeTheFirstRecord) {
     }
 }
 
-TEST_F(ChartGrid, ColoursLeaveOutAHighByte) {
+TEST_F(ChartGrid, TheHighByteOfAColourIsDropped) {
     chart.SetGridColor(0xFF000000 | kGrid);
     chart.SetBackgroundColor(0x02400010);
     const Shown shown(chart);
@@ -83,7 +83,7 @@ TEST_F(ChartGrid, ColoursLeaveOutAHighByte) {
     EXPECT_EQ(shown.At(0, 0), 0x400010u);
 }
 
-TEST_F(ChartGrid, LimitsStandElevenPixelsApartInTheirTracesColour) {
+TEST_F(ChartGrid, LimitsAreElevenPixelsApartInTheirTracesColour) {
     chart.SetGridColor(kBlack);
     Assign(0, "V");
     Assign(1, "V");

@@ -11,12 +11,12 @@ namespace {
 
 using Numbers = std::vector<int>;
 
-// The traces, one at a time, without grid and labels.
+// One trace at a time, without grid and labels.
 class ChartTrace : public ChartFixture {
 protected:
     ChartTrace() { ShowOneTraceOnly(); }
 
-    // The columns of a row, or the rows of a column, in which the trace is seen.
+    // The columns of a row, or the rows of a column, that show the trace.
     Numbers ColumnsOf(int y) {
         const Shown shown(chart);
         Numbers columns;
@@ -53,7 +53,7 @@ TEST_F(ChartTrace, FirstSegmentComesFromTheRowOfZero) {
     const Numbers rows = RowsOf(606);
     ASSERT_FALSE(rows.empty());
     EXPECT_EQ(rows.back(), kBottom);
-    EXPECT_EQ(RowsOf(609).front(), 110);  // extended by the row that the line primitive leaves out
+    EXPECT_EQ(RowsOf(609).front(), 110);  // one row further: the line primitive omits its last pixel
     EXPECT_EQ(RowsOf(610), Numbers{});
 }
 
@@ -67,14 +67,14 @@ TEST_F(ChartTrace, ScrollsByThePixelShift) {
     EXPECT_EQ(ColumnsOf(200), Run(601, 609));
 }
 
-TEST_F(ChartTrace, RunsOutOfThePlotAtItsLeftEdge) {
+TEST_F(ChartTrace, ScrollsOutOfThePlotAtItsLeftEdge) {
     for (int i = 0; i < 300; ++i) Append(100);
     EXPECT_EQ(ColumnsOf(200), Run(kLeft, 609));
 }
 
-TEST_F(ChartTrace, BottomRowStaysWhereItIsDrawn) {
+TEST_F(ChartTrace, TheBottomRowDoesNotScroll) {
     TraceValues values;
-    values.fill(50);  // the traces in black away from the bottom row
+    values.fill(50);  // keeps the black traces away from the bottom row
     values[kTrace] = 0;
     for (int i = 0; i < 10; ++i) chart.AppendPoints(values);
     EXPECT_EQ(ColumnsOf(kBottom), Run(606, 609));
@@ -86,7 +86,7 @@ TEST_F(ChartTrace, BottomRowStaysWhereItIsDrawn) {
 TEST_F(ChartTrace, IsWipedAboveThePlotWithItsTopRow) {
     Append(280);
     Append(280);
-    Append(301);  // from row 20 in column 606 to row -1: seven rows a column
+    Append(301);  // from row 20 in column 606 to row -1: seven rows per column
     const Numbers rows = RowsOf(607);
     ASSERT_FALSE(rows.empty());
     EXPECT_EQ(rows.front(), kTop + 1);
@@ -103,7 +103,7 @@ TEST_F(ChartTrace, IsWipedBelowThePlotWithoutItsBottomRow) {
     EXPECT_EQ(RowsOf(609), Numbers{});
 }
 
-// Wiping starts one column behind the segment's first pixel.
+// Wiping starts one column after the first pixel of the segment.
 TEST_F(ChartTrace, FirstPixelOfASegmentOutsideThePlotStays) {
     Append(295);
     Append(295);
@@ -124,10 +124,10 @@ TEST_F(ChartTrace, GapLeavesThirtyEmptyColumnsAndMovesTheEnd) {
 
     Append(150);
     EXPECT_EQ(ColumnsOf(200), Run(573, 576));
-    EXPECT_EQ(ColumnsOf(150), Run(606, 609));  // connected to what the gap was given
+    EXPECT_EQ(ColumnsOf(150), Run(606, 609));  // connected to the values of the gap
 }
 
-TEST_F(ChartTrace, WithoutAShiftSegmentsStandInTheLastColumn) {
+TEST_F(ChartTrace, WithoutAShiftSegmentsAreInTheLastColumn) {
     Append(100);
     Append(100);
     state.pixelShift = 0;
@@ -143,7 +143,7 @@ TEST_F(ChartTrace, WithoutAShiftSegmentsStandInTheLastColumn) {
 }
 
 TEST_F(ChartTrace, SpreadsTheWidthOverTheSamplesOfAScreen) {
-    chart.SetSamplesPerScreen(5);  // 556 columns in four shares
+    chart.SetSamplesPerScreen(5);  // 556 columns in four steps
     Append(100);
     Append(100);
     EXPECT_EQ(ColumnsOf(200), Run(610 - 139 - 1, 609));
@@ -176,14 +176,14 @@ TEST_F(ChartTrace, SettersThatRedrawEraseTheTraces) {
     EXPECT_TRUE(isErased());
 }
 
-TEST_F(ChartTrace, GoesOnFromItsLastEndAfterAFullRedraw) {
+TEST_F(ChartTrace, ContinuesFromItsLastEndAfterAFullRedraw) {
     Append(100);
     chart.InvalidateCtrl();
     Append(100);
     EXPECT_EQ(ColumnsOf(200), Run(606, 609));
 }
 
-TEST_F(ChartTrace, GoesOnFromItsLastEndInANewWindow) {
+TEST_F(ChartTrace, ContinuesFromItsLastEndInANewWindow) {
     Append(100);
     Recreate(626, 316);
     EXPECT_EQ(ColumnsOf(200), Numbers{});
@@ -191,7 +191,7 @@ TEST_F(ChartTrace, GoesOnFromItsLastEndInANewWindow) {
     EXPECT_EQ(ColumnsOf(200), Run(606, 609));
 }
 
-TEST_F(ChartTrace, NewColourHoldsFromTheNextSegment) {
+TEST_F(ChartTrace, NewColourAppliesFromTheNextSegment) {
     Append(100);
     chart.SetTraceColor(0x00FF00, kTrace);
     Append(100);
@@ -218,7 +218,7 @@ TEST_F(ChartTrace, ThicknessIsThePensWidth) {
     EXPECT_EQ(rowsAt(-1), 1u);
 }
 
-TEST_F(ChartTrace, ThicknessWaitsForTheColourToBeSet) {
+TEST_F(ChartTrace, ThicknessAppliesOnceTheColourIsSet) {
     prefs.thickness = 5;
     for (int i = 0; i < 20; ++i) Append(100);
     EXPECT_EQ(RowsOf(590).size(), 1u);
@@ -231,7 +231,7 @@ TEST_F(ChartTrace, WithoutARangeRunsAlongTheBottom) {
     EXPECT_EQ(ColumnsOf(kBottom), Run(606, 609));
 }
 
-TEST_F(ChartTrace, WhatIsNotANumberRunsAlongTheBottom) {
+TEST_F(ChartTrace, NotANumberRunsAlongTheBottom) {
     Append(std::numeric_limits<double>::quiet_NaN());
     Append(std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(ColumnsOf(kBottom), Run(606, 609));
@@ -250,7 +250,7 @@ TEST_F(ChartTrace, FarValuesCrossThePlotSteeply) {
     EXPECT_EQ(ColumnsOf(155).back(), 609);
 }
 
-// A wide line is a polygon, and one that ends a million rows away would take 30 ms.
+// A wide line is drawn as a polygon; one that ends a million rows away would take 30 ms.
 TEST_F(ChartTrace, FarValuesOfWideTracesDoNotStopTheProgram) {
     prefs.thickness = 10;
     for (int k = 0; k < kTraceCount; ++k) chart.SetTraceColor(kRed, k);

@@ -10,7 +10,7 @@ namespace {
 constexpr Colour kFill = 0x3070B0;
 constexpr Colour kFrame = 0xE0C020;
 
-// Stands for a dialog, which opens a meter when it is asked for a menu over one of its swatches.
+// Stands in for a dialog, which opens a meter when a swatch asks it for a menu.
 class SwatchOwner : public CWnd {
 public:
     bool wasAskedForAMenu = false;
@@ -33,7 +33,7 @@ protected:
 
     bool Create() { return box.Create(WS_CHILD | WS_VISIBLE, CRect{10, 5, 24, 17}, parent.m_hWnd, 1); }
 
-    // As it stands on the screen after painting.
+    // The colour on the screen after painting.
     Colour At(int x, int y) {
         box.UpdateWindow();
         const CClientDC dc(box.m_hWnd);
@@ -48,7 +48,7 @@ TEST_F(ColorBox, FramesTheFillWithOnePixel) {
     ASSERT_TRUE(Create());
     box.SetFillColor(kFill);
     box.SetFrameColor(kFrame);
-    const CRect client = box.GetClientRect();  // a sunken edge of one pixel takes two of 14 by 12
+    const CRect client = box.GetClientRect();  // a sunken edge of one pixel takes two of the 14 by 12
     ASSERT_EQ(client.Width(), 12);
     ASSERT_EQ(client.Height(), 10);
     for (int y = 0; y < 10; ++y) {
@@ -59,7 +59,7 @@ TEST_F(ColorBox, FramesTheFillWithOnePixel) {
     }
 }
 
-TEST_F(ColorBox, IsBlackUntilSetAndTakesColoursBeforeItsWindow) {
+TEST_F(ColorBox, IsBlackUntilSetAndAcceptsColoursBeforeItsWindow) {
     EXPECT_EQ(box.GetFillColor(), kBlack);
     box.SetFillColor(kFill);
     EXPECT_EQ(box.GetFillColor(), kFill);
@@ -68,7 +68,7 @@ TEST_F(ColorBox, IsBlackUntilSetAndTakesColoursBeforeItsWindow) {
     EXPECT_EQ(At(0, 0), kBlack);
 }
 
-TEST_F(ColorBox, LeavesOutAHighByte) {
+TEST_F(ColorBox, DropsTheHighByteOfAColour) {
     ASSERT_TRUE(Create());
     box.SetFillColor(0x01000000 | kFill);
     box.SetFrameColor(0x02000000 | kFrame);
@@ -99,7 +99,7 @@ TEST_F(ColorBox, LeavesTheRightClickToItsParent) {
     EXPECT_TRUE(parent.wasAskedForAMenu);
 }
 
-TEST_F(ColorBox, KeepsNoGdiObjectTooMany) {
+TEST_F(ColorBox, LeaksNoGdiObject) {
     const int before = LivingGdiObjects();
     for (int i = 0; i < 20; ++i) {
         box.SetFillColor(kFill);

@@ -20,7 +20,7 @@ std::filesystem::path PictureFile() {
 
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
     std::string name = std::string{test->test_suite_name()} + "." + test->name() + ".bmp";
-    std::replace(name.begin(), name.end(), '/', '-');  // of parameterised tests
+    std::replace(name.begin(), name.end(), '/', '-');  // parameterised tests have '/' in their names
     return folder / name;
 }
 
@@ -31,7 +31,7 @@ void SaveBmp(const Picture& picture, const std::filesystem::path& file) {
     BITMAPINFOHEADER info{};
     info.biSize = sizeof info;
     info.biWidth = picture.Width();
-    info.biHeight = -picture.Height();  // rows from the top
+    info.biHeight = -picture.Height();  // negative: rows from the top
     info.biPlanes = 1;
     info.biBitCount = 32;
     info.biCompression = BI_RGB;
@@ -49,7 +49,7 @@ void SaveBmp(const Picture& picture, const std::filesystem::path& file) {
 }  // namespace
 
 Canvas::Canvas(int width, int height) : m_picture(width, height) {
-    EXPECT_TRUE(m_picture) << "no canvas of " << width << " x " << height;
+    EXPECT_TRUE(m_picture) << "cannot create a canvas of " << width << " x " << height;
     const auto pixels = m_picture.Pixels();
     std::fill(pixels.begin(), pixels.end(), kUntouched);
 }
@@ -60,14 +60,14 @@ Canvas::~Canvas() {
 
 COLORREF Canvas::At(int x, int y) const {
     if (x < 0 || x >= m_picture.Width() || y < 0 || y >= m_picture.Height()) {
-        ADD_FAILURE() << "(" << x << ", " << y << ") is outside of the canvas";
+        ADD_FAILURE() << "(" << x << ", " << y << ") is outside the canvas";
         return kUntouched;
     }
     const std::uint32_t pixel =
         m_picture.Pixels()[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_picture.Width()) +
                            static_cast<std::size_t>(x)];
     if (pixel == kUntouched) return kUntouched;
-    // From 0x00RRGGBB, and without the unused byte: block transfers copy whatever their source has there.
+    // From 0x00RRGGBB, without the unused byte: block transfers copy whatever their source has there.
     return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
 }
 

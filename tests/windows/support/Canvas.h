@@ -9,11 +9,11 @@
 
 namespace plotvane::test {
 
-// What At() answers for a pixel that nobody has drawn on; no colour is equal to it.
+// At() returns this for a pixel that nothing has drawn on; no colour is equal to it.
 constexpr COLORREF kUntouched = 0xCCCCCCCC;
 
-// A bitmap to draw on instead of a window. Every byte is 0xCC at first, so that "drew nothing here" can be
-// checked too. If the test that it belongs to has failed, it leaves the picture as SUITE.TEST.bmp in the
+// A bitmap to draw on instead of a window. Every byte is 0xCC at first, so a test can also check that nothing
+// was drawn at a place. If the test has failed, the destructor saves the picture as SUITE.TEST.bmp in the
 // folder "failed" beside the test program.
 class Canvas {
 public:
@@ -25,7 +25,7 @@ public:
     // For drawing functions that take a CDC or a plain device context.
     CDC& Dc() { return m_dc; }
 
-    // The colour there, or kUntouched. A place outside of the canvas fails the test.
+    // The colour at that place, or kUntouched. A place outside the canvas fails the test.
     COLORREF At(int x, int y) const;
 
 private:
