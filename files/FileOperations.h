@@ -1,17 +1,18 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
-// The few operations on files and folders that the program needs, on the C run-time's own functions. Those of
+// The few operations on files and folders that the program needs, on the system's own functions. Those of
 // std::filesystem would do, but the linker cannot take them without the library's copying, walking and file
 // streams: 220 KB in each executable. Only the path type is used from there.
 namespace plotvane {
 
 enum class FileKind {
-    Missing,    // nothing of that name, or nothing that may be asked about
+    Missing,    // nothing of that name, and its folder says so
     File,       // a file that may be written
     Protected,  // a file that its user may only read
-    Other       // a folder, a device
+    Other       // a folder, a device, a link that leads nowhere; something that cannot be asked about now
 };
 
 // What stands under a path. Links are followed.
@@ -23,11 +24,15 @@ bool IsFolder(const std::filesystem::path& path);
 // it fails and says so.
 void MakeFolders(const std::filesystem::path& folder);
 
-// Removes a file, if it is there and may be removed.
+// Removes a file, if it is there and may be removed. Of a link it removes the link.
 void RemoveFile(const std::filesystem::path& path);
 
-// Gives a file another name in the same folder, in one step; a file of that name is replaced. False on
-// failure; both files are then as they were.
-[[nodiscard]] bool RenameFile(const std::filesystem::path& from, const std::filesystem::path& to);
+// Where a file really is, with every link on the way followed; on Windows in the form that takes names of any
+// length. The file may be missing, its folder must be there: otherwise, and where the system cannot tell, the
+// answer is the path as it was given.
+std::filesystem::path FinalPathOf(const std::filesystem::path& path);
+
+// The paths of what is in a folder; empty if it cannot be read.
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder);
 
 }  // namespace plotvane

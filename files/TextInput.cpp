@@ -1,37 +1,12 @@
 #include "files/TextInput.h"
 
-#include <cstdlib>
-#include <string>
-
-#include "files/FileOperations.h"
-#include "files/HeldFile.h"
-
 namespace plotvane {
 namespace {
 
 constexpr int kEndOfTextByte = 0x1A;
 constexpr int kEndOfFileByte = 0xFF;
 
-#ifdef _WIN32
-constexpr unsigned long kSharingViolation = 32;  // the system's own number of an error
-#endif
-
 }  // namespace
-
-FileHandle OpenFile(const std::filesystem::path& path, const char* mode) {
-    if (IsFolder(path)) return nullptr;
-#ifdef _WIN32
-    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-    FileHandle file;
-    OutwaitHolder([&] {
-        file.reset(_wfopen(path.c_str(), wideMode.c_str()));
-        return file || _doserrno != kSharingViolation;
-    });
-    return file;
-#else
-    return FileHandle(std::fopen(path.c_str(), mode));
-#endif
-}
 
 int TextInput::Get() {
     const int character = Peek();
@@ -68,13 +43,20 @@ bool TextInput::IsWanted() {
 }
 
 int TextInput::PeekByte() {
-    if (m_next == m_filled) {
-        m_next = 0;
-        if (m_file && !IsWanted()) m_file.reset();
-        m_filled = m_file ? std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get()) : 0;
-        if (m_filled == 0) return kEnd;
-    }
-    return m_buffer[m_next];
+    if (m_next == m_filled) FillBuffer();
+    return m_next < m_filled ? m_buffer[m_next] : kEnd;
+}
+
+// The bytes before an error count. After it nothing does: another try might succeed, with bytes that do not
+// follow those before.
+void TextInput::FillBuffer() {
+    m_next = 0;
+    m_filled = 0;
+    if (m_file && !IsWanted()) m_file.reset();
+    if (!m_file) return;
+    const bool failedBefore = std::ferror(m_file.get()) != 0;
+    if (!failedBefore) m_filled = std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get());
+    m_failed = m_filled == 0 && std::ferror(m_file.get()) != 0;
 }
 
 }  // namespace plotvane

@@ -1,24 +1,14 @@
 #pragma once
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
-#include <string>
+#include <utility>
 
+#include "files/FileHandle.h"
 #include "files/ReadWatch.h"
 
 namespace plotvane {
-
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
-
-// Opens a file as std::fopen does, on every system with the path's own characters. A file that another
-// program keeps to itself for a moment is waited for. Null if it cannot be opened or is a folder.
-FileHandle OpenFile(const std::filesystem::path& path, const char* mode);
 
 // A text file of the host's or of this program's, read character by character; of any length, with
 // constant memory. Line ends arrive as '\n' alone (CR LF is folded; a CR by itself stays). The text ends
@@ -33,13 +23,18 @@ public:
     // The watch, if any, must outlive this object.
     explicit TextInput(const std::filesystem::path& path, ReadWatch* watch = nullptr)
         : m_file(OpenFile(path, "rb")), m_watch(watch) {}
+    explicit TextInput(FileHandle file) : m_file(std::move(file)) {}
 
     bool IsOpen() const { return m_file != nullptr; }
 
-    // The next character as 0..254, or kEnd; Get moves behind it, Peek does not. At the end, or when not
-    // open, both stay at kEnd.
+    // The next character as 0..254, or kEnd; Get moves behind it, Peek does not. At the end, after an error,
+    // or when not open, both stay at kEnd.
     int Get();
     int Peek();
+
+    // Whether the disk refused to give up the next bytes. The text then stops short of its end, and nobody
+    // knows what follows: a reader counts such a file as not read.
+    bool HasFailed() const { return m_failed; }
 
 private:
     static constexpr std::size_t kBufferSize = 4096;
@@ -49,6 +44,7 @@ private:
     int NextByte();
     int PeekByte();
     bool IsWanted();
+    void FillBuffer();
 
     FileHandle m_file;
     ReadWatch* m_watch = nullptr;
@@ -58,6 +54,7 @@ private:
     std::size_t m_filled = 0;
     std::optional<int> m_ahead;  // the character that Peek has seen
     bool m_ended = false;
+    bool m_failed = false;
 };
 
 }  // namespace plotvane

@@ -1,6 +1,8 @@
 // A process that ends while it replaces a settings file.
 #include <functional>
 
+#include "files/WholeCopy.h"
+#include "tests/linux/support/FileFaults.h"
 #include "tests/linux/support/Killed.h"
 #include "tests/linux/support/SettingsFile.h"
 
@@ -52,6 +54,83 @@ TEST_P(KilledWrite, AtABitOfTheNewFileLeavesTheOldOne) {
     EXPECT_FALSE(KilledAtByte(m_new.size(), Replacing()));
     EXPECT_TRUE(IsNew());
 }
+
+// Another program has the file open, so it is written in place. Both editions are longer than the other one
+// in turn.
+class KilledWriteInPlace : public SettingsFileTest {
+protected:
+    static constexpr int kShort = 1;
+    static constexpr int kLong = 0x7FFFFFF;
+
+    void KillAtEachStep(int from, int to) {
+        const std::string before = Edition(from);
+        const std::string after = Edition(to);
+        ASSERT_NE(before.size(), after.size());
+        bool sawTorn = false;
+        std::set<std::string> seen;
+        const auto replace = [&] {
+            const HeldFiles held;
+            const NoWaiting noWaiting;
+            static_cast<void>(Save(to));
+        };
+        ASSERT_EQ(Save(from), 0);
+        int step = 1;
+        for (; KilledAtStep(step, replace); ++step) {
+            const std::string bytes = BytesOf(File());
+            sawTorn = sawTorn || (bytes != before && bytes != after);
+            const std::string text = ReadText();
+            ASSERT_TRUE(text == TextOf(before) || text == TextOf(after)) << "step " << step << ": " << text;
+            // What the reader has found is on the disk by now, and stays there without the copy.
+            ASSERT_EQ(TextOf(BytesOf(File())), text) << "step " << step;
+            seen.insert(text);
+            ASSERT_EQ(Save(from), 0) << "step " << step;
+            ASSERT_TRUE(IsAlone()) << "step " << step;
+        }
+        EXPECT_EQ(seen.size(), 2u);
+        EXPECT_TRUE(sawTorn) << "no step came in the midst of the writing";
+        EXPECT_EQ(BytesOf(File()), after);
+        EXPECT_TRUE(IsAlone());
+    }
+};
+
+TEST_P(KilledWriteInPlace, OfALongerTextLeavesOneWholeText) {
+    KillAtEachStep(kShort, kLong);
+}
+
+TEST_P(KilledWriteInPlace, OfAShorterTextLeavesOneWholeText) {
+    KillAtEachStep(kLong, kShort);
+}
+
+// The reader is killed while it finishes what the writer was killed in; the one after it finds the text.
+TEST_P(KilledWriteInPlace, IsFinishedAlsoWhereTheReaderIsKilledTheSameWay) {
+    ASSERT_EQ(Save(kShort), 0);
+    const std::string before = BytesOf(File());
+    const std::string after = Edition(kLong);
+    const auto replace = [&] {
+        const HeldFiles held;
+        const NoWaiting noWaiting;
+        static_cast<void>(Save(kLong));
+    };
+    for (int step = 1; BytesOf(File()) == before; ++step) ASSERT_TRUE(KilledAtStep(step, replace));
+    const std::string torn = BytesOf(File());
+    ASSERT_NE(torn, after);
+    const auto copy = WholeCopyOf(File());
+    const std::string copyBytes = BytesOf(copy);
+    ASSERT_EQ(copyBytes, after + MarkOf(after));
+    const auto read = [&] { static_cast<void>(ReadText()); };
+    for (int step = 1;; ++step) {
+        WriteBytes(File(), torn);
+        WriteBytes(copy, copyBytes);
+        if (!KilledAtStep(step, read)) break;
+        ASSERT_EQ(ReadText(), TextOf(after)) << step;
+        ASSERT_EQ(BytesOf(File()), after) << step;
+        ASSERT_FALSE(std::filesystem::exists(copy)) << step;
+    }
+}
+
+// The shortest and one of the longest.
+INSTANTIATE_TEST_SUITE_P(Each, KilledWriteInPlace,
+                         testing::Values(SettingsFiles().front(), SettingsFiles().back()), TestNameOf);
 
 INSTANTIATE_TEST_SUITE_P(Each, KilledWrite, testing::ValuesIn(SettingsFiles()), TestNameOf);
 

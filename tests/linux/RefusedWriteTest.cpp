@@ -72,22 +72,6 @@ TEST_P(RefusedWrite, OverAFolderOfThatName) {
     EXPECT_TRUE(IsAlone());
 }
 
-TEST_P(RefusedWrite, WithAFolderInTheNewFilesPlace) {
-    const std::filesystem::path beside = File().replace_extension(".new");
-    std::filesystem::create_directories(beside / "full");
-    EXPECT_EQ(Save(2), -1);
-    EXPECT_TRUE(IsOld());
-    std::filesystem::remove_all(beside);
-    ExpectTheNextSaveToSucceed();
-}
-
-// A device that is full for real: it opens, and takes nothing.
-TEST_P(RefusedWrite, WithAFullDeviceInTheNewFilesPlace) {
-    std::filesystem::create_symlink("/dev/full", File().replace_extension(".new"));
-    ExpectRefusal();
-    ExpectTheNextSaveToSucceed();
-}
-
 INSTANTIATE_TEST_SUITE_P(Each, RefusedWrite, testing::ValuesIn(SettingsFiles()), TestNameOf);
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "files/AtomicFile.h"
 #include "scaling/ModuleScaling.h"
 #include "scaling/PrefsFile.h"
 
@@ -86,6 +87,18 @@ std::string SettingsFileTest::Edition(int edition) const {
     const TempFolder elsewhere;
     EXPECT_EQ(GetParam().save(elsewhere.Path(), edition), 0);
     return BytesOf(elsewhere / GetParam().name);
+}
+
+std::string SettingsFileTest::ReadText() const {
+    TextInput input = OpenWholeFile(File());
+    std::string text = input.IsOpen() ? "" : "(not open)";
+    for (int c = input.Get(); c != TextInput::kEnd; c = input.Get()) text += static_cast<char>(c);
+    return text;
+}
+
+std::string SettingsFileTest::TextOf(std::string bytes) {
+    std::erase(bytes, '\r');
+    return bytes;
 }
 
 }  // namespace plotvane::test

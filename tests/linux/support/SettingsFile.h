@@ -36,6 +36,11 @@ protected:
 
     bool IsOld() const { return BytesOf(File()) == m_old; }
     bool IsNew() const { return BytesOf(File()) == m_new; }
+    // The text that a reader finds, with '\n' for line ends.
+    std::string ReadText() const;
+    bool ReadsOld() const { return ReadText() == TextOf(m_old); }
+    bool ReadsNew() const { return ReadText() == TextOf(m_new); }
+    static std::string TextOf(std::string bytes);
     bool IsAlone() const { return NamesIn(m_scaling.Path()) == std::set<std::string>{GetParam().name}; }
 
     TempFolder m_scaling;

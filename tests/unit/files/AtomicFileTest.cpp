@@ -7,7 +7,7 @@
 #include <chrono>
 #include <thread>
 
-#include "files/TextInput.h"
+#include "files/OwnFile.h"
 #include "tests/support/TempFolder.h"
 
 namespace plotvane {
@@ -78,6 +78,55 @@ TEST(ReplaceTextFile, WaitsOutAReaderThatHoldsTheFileForAMoment) {
     EXPECT_EQ(FilesIn(folder.Path()), 1);
 }
 
+TEST(ReplaceTextFile, RemovesWhatAKilledRunHasLeftAndNothingElse) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "plotvane-0123456789abcdef.tmp", "half a te");
+    test::WriteBytes(folder / "plotvane-0123456789abcde.tmp", "somebody else's");
+    test::WriteBytes(folder / "plotvane-0123456789abcdef.tm", "somebody else's");
+    test::WriteBytes(folder / "a.new", "somebody else's");
+    EXPECT_TRUE(ReplaceTextFile(folder / "a.cfg", "new"));
+    EXPECT_EQ(FilesIn(folder.Path()), 4);
+    EXPECT_FALSE(std::filesystem::exists(folder / "plotvane-0123456789abcdef.tmp"));
+}
+
+TEST(ReplaceTextFile, LeavesAloneWhatAnotherProgramIsWriting) {
+    const test::TempFolder folder;
+    const auto others = folder / "plotvane-0123456789abcdef.tmp";
+    FileHandle writing = CreateOwnFile(others);
+    ASSERT_TRUE(writing);
+    EXPECT_TRUE(ReplaceTextFile(folder / "a.cfg", "new"));
+    EXPECT_TRUE(std::filesystem::exists(others));
+    EXPECT_TRUE(RenameOwnFile(writing, others, folder / "b.cfg", IfTaken::Fail));
+}
+
+TEST(CreateTextFile, WritesOnlyWhatIsMissing) {
+    const test::TempFolder folder;
+    EXPECT_TRUE(CreateTextFile(folder / "a.cfg", "x=1\n"));
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "x=1\r\n");
+    EXPECT_FALSE(CreateTextFile(folder / "a.cfg", "x=2\n"));
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "x=1\r\n");
+    EXPECT_FALSE(CreateTextFile(folder / "none" / "a.cfg", "x=1\n"));
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
+TEST(ReplaceTextFile, OfTwoThatWriteAtOnceLeavesOneWholeText) {
+    const test::TempFolder folder;
+    const std::string texts[] = {std::string(300, 'a'), std::string(9000, 'b')};
+    std::atomic<int> successes{0};
+    const auto write = [&](const std::string& text) {
+        for (int i = 0; i < 50; ++i) {
+            if (ReplaceTextFile(folder / "a.cfg", text)) ++successes;
+        }
+    };
+    std::thread other([&] { write(texts[1]); });
+    write(texts[0]);
+    other.join();
+    EXPECT_GT(successes, 0);
+    const std::string text = test::BytesOf(folder / "a.cfg");
+    EXPECT_TRUE(text == texts[0] || text == texts[1]) << text.size();
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
 // Two copies of the program may share a folder, from two machines or one after the other.
 TEST(ReplaceTextFile, AReaderMeanwhileSeesTheOldTextOrTheNewOne) {
     const test::TempFolder folder;
@@ -94,7 +143,7 @@ TEST(ReplaceTextFile, AReaderMeanwhileSeesTheOldTextOrTheNewOne) {
     bool sawAnotherText = false;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while ((seen[0] < 10 || seen[1] < 10) && std::chrono::steady_clock::now() < deadline) {
-        TextInput file(folder / "a.cfg");
+        TextInput file = OpenWholeFile(folder / "a.cfg");
         if (!file.IsOpen()) continue;  // held for longer than a reader waits: no text, and not another one
         std::string text;
         for (int c = file.Get(); c != TextInput::kEnd; c = file.Get()) text += static_cast<char>(c);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/TempFolder.h"
 
 namespace plotvane {
@@ -48,22 +50,6 @@ TEST(FileOperations, MakeNoFolderWithoutAName) {
     EXPECT_FALSE(IsFolder(""));
 }
 
-TEST(FileOperations, RenameOverAFile) {
-    const test::TempFolder folder;
-    test::WriteBytes(folder / "new", "new");
-    test::WriteBytes(folder / "old", "old");
-    EXPECT_TRUE(RenameFile(folder / "new", folder / "old"));
-    EXPECT_EQ(test::BytesOf(folder / "old"), "new");
-    EXPECT_EQ(KindOf(folder / "new"), FileKind::Missing);
-}
-
-TEST(FileOperations, RenameNothingThatIsMissing) {
-    const test::TempFolder folder;
-    test::WriteBytes(folder / "old", "old");
-    EXPECT_FALSE(RenameFile(folder / "new", folder / "old"));
-    EXPECT_EQ(test::BytesOf(folder / "old"), "old");
-}
-
 TEST(FileOperations, RemoveAFileAndOnlyThat) {
     const test::TempFolder folder;
     const auto name = folder.Path() / u"\u8ECA.cfg";
@@ -72,6 +58,29 @@ TEST(FileOperations, RemoveAFileAndOnlyThat) {
     EXPECT_EQ(KindOf(name), FileKind::Missing);
     RemoveFile(name);
     EXPECT_EQ(KindOf(name), FileKind::Missing);
+}
+
+TEST(FileOperations, FindWhereAFileReallyIsAlsoOneThatIsStillMissing) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "a.cfg", "x");
+    test::WriteBytes(FinalPathOf(folder / "a.cfg"), "y");
+    EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "y");
+    test::WriteBytes(FinalPathOf(folder / "b.cfg"), "z");
+    EXPECT_EQ(test::BytesOf(folder / "b.cfg"), "z");
+    EXPECT_EQ(FinalPathOf(folder / "a.cfg").filename(), "a.cfg");
+}
+
+TEST(FileOperations, LeaveAPathInAMissingFolderAsItIs) {
+    const test::TempFolder folder;
+    EXPECT_EQ(FinalPathOf(folder / "none" / "a.cfg"), folder / "none" / "a.cfg");
+}
+
+TEST(FileOperations, ListAFolder) {
+    const test::TempFolder folder;
+    EXPECT_FALSE(std::ranges::count(EntriesOf(folder.Path()), folder / "a.cfg"));
+    test::WriteBytes(folder / "a.cfg", "x");
+    EXPECT_EQ(std::ranges::count(EntriesOf(folder.Path()), folder / "a.cfg"), 1);
+    EXPECT_TRUE(EntriesOf(folder / "none").empty());
 }
 
 }  // namespace

@@ -115,6 +115,16 @@ TEST_F(TextInputTest, ATextThatIsNotWantedAnyMoreEndsThereForGood) {
     EXPECT_EQ(watch.asked, 2);
 }
 
+TEST_F(TextInputTest, HasNotFailedWhereTheFileEndsOrIsMissing) {
+    test::WriteBytes(m_folder / "text", "ab");
+    TextInput input(m_folder / "text");
+    AllOf(input);
+    EXPECT_FALSE(input.HasFailed());
+    TextInput missing(m_folder / "none");
+    AllOf(missing);
+    EXPECT_FALSE(missing.HasFailed());
+}
+
 #ifdef _WIN32
 // Only Windows lets a program keep a file to itself.
 TEST_F(TextInputTest, OutwaitsAProgramThatKeepsTheFileForAMoment) {
