@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "files/AtomicFile.h"
 #include "files/FileOperations.h"
-#include "files/TextInput.h"
 #include "model/Numbers.h"
 #include "scaling/ScalingTokens.h"
 
@@ -67,6 +65,12 @@ void DefaultScaling::LoadDefaultScaling() {
 }
 
 int DefaultScaling::SaveDefaultScaling() const {
+    // The user's own list is still in the file.
+    if (m_isStandIn) return -1;
+    return ReplaceTextFile(m_folder / kFileName, Text()) ? 0 : -1;
+}
+
+std::string DefaultScaling::Text() const {
     std::string text;
     for (int row = 0; row <= m_lastIndex; ++row) {
         const FieldScaling& scaling = Row(row);
@@ -77,7 +81,7 @@ int DefaultScaling::SaveDefaultScaling() const {
         AppendDecimal(text, scaling.max);
         text += ",\n";
     }
-    return ReplaceTextFile(m_folder / kFileName, text) ? 0 : -1;
+    return text;
 }
 
 const FieldScaling& DefaultScaling::Row(int row) const {
@@ -95,15 +99,23 @@ void DefaultScaling::SetUnit(int row, std::string_view unit) {
     std::string kept(unit);
     std::erase_if(kept, BreaksTheFile);
     kept.resize(std::min(kept.size(), kMaxUnitLength));
-    scaling->unit = std::move(kept);
+    Change(scaling->unit, std::move(kept));
 }
 
 void DefaultScaling::SetMin(int row, int min) {
-    if (FieldScaling* const scaling = MutableRow(row)) scaling->min = min;
+    if (FieldScaling* const scaling = MutableRow(row)) Change(scaling->min, min);
 }
 
 void DefaultScaling::SetMax(int row, int max) {
-    if (FieldScaling* const scaling = MutableRow(row)) scaling->max = max;
+    if (FieldScaling* const scaling = MutableRow(row)) Change(scaling->max, max);
+}
+
+// Dialogs hand in every edit that is left, also one that reads as before.
+template <typename Value>
+void DefaultScaling::Change(Value& value, Value wanted) {
+    if (value == wanted) return;
+    value = std::move(wanted);
+    m_isStandIn = false;
 }
 
 bool DefaultScaling::AppendRow() {
@@ -111,6 +123,7 @@ bool DefaultScaling::AppendRow() {
     if (!scaling) return false;
     *scaling = {};
     ++m_lastIndex;
+    m_isStandIn = false;
     return true;
 }
 
@@ -121,14 +134,16 @@ const FieldScaling* DefaultScaling::FindByUnit(std::string_view unit) const {
     return nullptr;
 }
 
-// Fills the rows from the file and answers the number of complete records; nothing if it cannot be opened.
-// Where the file ends, the row behind them takes what is there: the unit, and a minimum without a maximum.
+// Fills the rows from the file and answers the number of complete records; nothing, with the rows as they
+// were, if it cannot be read. Where the file ends, the row behind them takes what is there: the unit, and a
+// minimum without a maximum.
 std::optional<int> DefaultScaling::ReadRecords() {
-    TextInput file(m_folder / kFileName);
+    TextInput file = OpenWholeFile(m_folder / kFileName);
     if (!file.IsOpen()) return std::nullopt;
+    auto rows = m_rows;
     int records = 0;
     for (; records < kRowCount; ++records) {
-        FieldScaling& row = m_rows[static_cast<std::size_t>(records)];
+        FieldScaling& row = rows[static_cast<std::size_t>(records)];
         row.unit = ReadTextToken(file);
         if (row.unit == kEndText) break;
         const int min = ReadIntToken(file);
@@ -138,6 +153,9 @@ std::optional<int> DefaultScaling::ReadRecords() {
         if (isCutShort) break;
         row.max = max;
     }
+    if (file.HasFailed()) return std::nullopt;
+    m_rows = std::move(rows);
+    m_isStandIn = false;
     return records;
 }
 
@@ -147,8 +165,11 @@ void DefaultScaling::UseBuiltInTable(std::string_view unitOfInjectedQuantity) {
         m_rows[row] = {std::string(row == kInjectedQuantityRow ? unitOfInjectedQuantity : unit), min, max};
     }
     m_lastIndex = static_cast<int>(kBuiltInRows.size()) - 1;
+    // A file that is there holds the user's list, and can be read again once whoever keeps it lets it go.
+    m_isStandIn = KindOf(m_folder / kFileName) != FileKind::Missing;
+    if (m_isStandIn) return;
     MakeFolders(m_folder);
-    SaveDefaultScaling();
+    static_cast<void>(CreateTextFile(m_folder / kFileName, Text()));
 }
 
 }  // namespace plotvane

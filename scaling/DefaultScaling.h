@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "scaling/FieldScaling.h"
@@ -20,15 +21,18 @@ public:
     // Nothing is read yet. The folder need not exist.
     explicit DefaultScaling(std::filesystem::path scalingFolder);
 
-    // Reads the file when plotting starts, or takes the built-in table (with the unit "mg/str") and writes it
-    // if there is no file. Failures are silent: the table then just is not on the disk.
+    // Reads the file when plotting starts, or takes the built-in table (with the unit "mg/str"), and writes
+    // that where the file is missing. Failures are silent: the table then just is not on the disk. A file
+    // that is there and cannot be read stays as it is: it holds what the user has set.
     void LoadForPlotting();
 
     // The same for the Preferences dialog; its built-in table has "mg/R" instead, a difference kept on
     // purpose.
     void LoadDefaultScaling();
 
-    // Writes rows 0..LastIndex(). 0, or -1 if the file cannot be written.
+    // Writes rows 0..LastIndex(). 0, or -1 if the file cannot be written. Also -1, with the file left alone,
+    // while the table is the built-in one in place of a file that could not be read, and nobody has changed
+    // it: the user then wants to save something else.
     int SaveDefaultScaling() const;
 
     // The last row that counts. After LoadForPlotting of a file it is the row behind the last record, which
@@ -54,12 +58,16 @@ public:
 
 private:
     FieldScaling* MutableRow(int row);
+    template <typename Value>
+    void Change(Value& value, Value wanted);
     std::optional<int> ReadRecords();
     void UseBuiltInTable(std::string_view unitOfInjectedQuantity);
+    std::string Text() const;
 
     std::filesystem::path m_folder;
     std::array<FieldScaling, kRowCount> m_rows;
     int m_lastIndex = -1;
+    bool m_isStandIn = false;  // the file is there, but this is not what it holds
 };
 
 }  // namespace plotvane

@@ -5,8 +5,6 @@
 
 #include "files/AtomicFile.h"
 #include "files/FileName.h"
-#include "files/FileOperations.h"
-#include "files/TextInput.h"
 #include "model/Numbers.h"
 #include "scaling/ScalingTokens.h"
 
@@ -109,38 +107,45 @@ void ModuleScaling::WriteModuleScaling(const Table& table, std::string& text) co
     }
 }
 
-// Only for a file that is missing: one that just cannot be opened now holds ranges that the user chose.
+// Only for a file that is missing: one that just cannot be read now holds ranges that the user chose.
 bool ModuleScaling::Create(const std::filesystem::path& path) const {
-    if (KindOf(path) != FileKind::Missing) return false;
     std::string text;
     WriteModuleScaling(WithFileFieldsUnset(), text);
-    return ReplaceTextFile(path, text);
+    return CreateTextFile(path, text);
 }
 
-// Groups that a short file does not have are unset, rather than those of the module before. A last group
-// beyond 255 ends the reading as 255 does; it and groups below 1 are read over.
+// Rows that a short file does not name start from 0..100, as those of a new file do: what was in memory
+// before belongs to another module. A last group beyond 255 ends the reading as 255 does; it and groups below
+// 1 are read over. A file that cannot be read to its end changes nothing.
 bool ModuleScaling::Read(const std::filesystem::path& path) {
-    TextInput file(path);
+    TextInput file = OpenWholeFile(path);
     if (!file.IsOpen()) return false;
-    const int pixelShift = ReadIntToken(file);
-    if (!HasEnded(pixelShift, file)) {
-        m_state.pixelShift = std::clamp(pixelShift, kPixelShiftMin, kPixelShiftMax);
-    }
-    m_table = WithFileFieldsUnset();
+    int pixelShift = ReadIntToken(file);
+    pixelShift = HasEnded(pixelShift, file) ? m_state.pixelShift
+                                            : std::clamp(pixelShift, kPixelShiftMin, kPixelShiftMax);
+    Table table = WithFileFieldsUnset();
+    ReadGroups(file, table);
+    if (file.HasFailed()) return false;
+    m_state.pixelShift = pixelShift;
+    m_table = table;
+    return true;
+}
+
+void ModuleScaling::ReadGroups(TextInput& file, Table& table) const {
     for (int i = 0; i < kMaxGroupsRead; ++i) {
         const int group = ReadIntToken(file);
-        if (group == kEndMarker) break;
+        if (group == kEndMarker) return;
         for (int field = 0; field < FieldsInFile(); ++field) {
+            ScaleRange* const range = Find(table, group, field);
             const int min = ReadIntToken(file);
-            if (HasEnded(min, file)) return true;
-            SetMin(group, field, min);
+            if (HasEnded(min, file)) return;
+            if (range) range->min = min;
             const int max = ReadIntToken(file);
-            if (HasEnded(max, file)) return true;
-            SetMax(group, field, max);
+            if (HasEnded(max, file)) return;
+            if (range) range->max = max;
         }
-        if (group >= kLastGroup) break;
+        if (group >= kLastGroup) return;
     }
-    return true;
 }
 
 }  // namespace plotvane

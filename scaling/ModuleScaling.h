@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "files/TextInput.h"
 #include "model/RunState.h"
 #include "scaling/DefaultScaling.h"
 
@@ -73,6 +74,7 @@ private:
     void WriteModuleScaling(const Table& table, std::string& text) const;
     bool Create(const std::filesystem::path& path) const;
     bool Read(const std::filesystem::path& path);
+    void ReadGroups(TextInput& file, Table& table) const;
 
     std::filesystem::path m_folder;
     DefaultScaling& m_defaults;

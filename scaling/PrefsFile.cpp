@@ -6,7 +6,6 @@
 
 #include "files/AtomicFile.h"
 #include "files/FileOperations.h"
-#include "files/TextInput.h"
 #include "model/Numbers.h"
 #include "scaling/ScalingTokens.h"
 
@@ -17,16 +16,25 @@ constexpr std::size_t kMaxTextLength = 1024;  // keys behind it are missing
 constexpr std::size_t kMaxDigits = 11;
 constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
 
-// The beginning of the file; empty if there is none.
-// Nothing if the file cannot be opened.
+// The beginning of the file. Nothing if it cannot be read.
 std::optional<std::string> TextOf(const std::filesystem::path& path) {
-    TextInput file(path);
+    TextInput file = OpenWholeFile(path);
     if (!file.IsOpen()) return std::nullopt;
     std::string text;
     while (text.size() < kMaxTextLength && file.Peek() != TextInput::kEnd) {
         text += static_cast<char>(file.Get());
     }
+    if (file.HasFailed()) return std::nullopt;
     return text;
+}
+
+// A missing file is known to hold nothing; one that is there and cannot be read holds what the user has set,
+// and nobody but the user may write over it.
+bool UseDefaults(const std::filesystem::path& file, Prefs& prefs) {
+    const bool saveWindowSize = prefs.saveWindowSize;
+    prefs = Prefs{};
+    prefs.saveWindowSize = saveWindowSize;
+    return KindOf(file) == FileKind::Missing;
 }
 
 std::string LineColorKey(std::size_t trace) {
@@ -69,9 +77,10 @@ private:
 // The older form, token by token. Take answers false, and leaves the value, where the text has ended.
 class OldTokens {
 public:
-    explicit OldTokens(const std::filesystem::path& path) : m_input(path) {}
+    explicit OldTokens(const std::filesystem::path& path) : m_input(OpenWholeFile(path)) {}
 
     bool IsOpen() const { return m_input.IsOpen(); }
+    bool HaveFailed() const { return m_input.HasFailed(); }
     bool Take(bool& value) { return Store(ReadIntToken(m_input), value); }
     bool Take(Colour& value) { return Store(ReadHexToken(m_input), value); }
     bool Take(std::span<Colour> values) {
@@ -97,11 +106,10 @@ private:
 bool LoadPrefs(const std::filesystem::path& file, Prefs& prefs) {
     const Prefs defaults;
     const std::optional<std::string> text = TextOf(file);
-    if (!text || text->empty()) {
-        const bool saveWindowSize = prefs.saveWindowSize;
-        prefs = defaults;
-        prefs.saveWindowSize = saveWindowSize;
-        return text || KindOf(file) == FileKind::Missing;
+    if (!text) return UseDefaults(file, prefs);
+    if (text->empty()) {
+        UseDefaults(file, prefs);
+        return true;
     }
 
     KeyedText keyed(*text);
@@ -120,7 +128,7 @@ bool LoadPrefs(const std::filesystem::path& file, Prefs& prefs) {
     prefs.maxMileage = keyed.Decimal("MaxMileage", defaults.maxMileage);
     prefs.maxConsumption = keyed.Decimal("MaxConsumption", defaults.maxConsumption);
     prefs.fuelHistoryDepth = keyed.Decimal("FuelHistoryDepth", defaults.fuelHistoryDepth);
-    if (!keyed.HasKeys()) LoadLegacyPrefs(file, prefs);
+    if (!keyed.HasKeys() && LoadLegacyPrefs(file, prefs) == -1) return UseDefaults(file, prefs);
     return true;
 }
 
@@ -171,7 +179,11 @@ std::uint32_t FindPrefsValue(std::string_view text, std::string_view key, bool d
 
 int LoadLegacyPrefs(const std::filesystem::path& file, Prefs& prefs) {
     OldTokens tokens(file);
-    if (!tokens.IsOpen()) {
+    Prefs read = prefs;
+    const bool isWhole = tokens.Take(read.autorun) && tokens.Take(read.backColor) &&
+                         tokens.Take(read.gridColor) && tokens.Take(read.lineColor) &&
+                         tokens.Take(read.showUnits) && tokens.Take(read.showZeros);
+    if (!tokens.IsOpen() || tokens.HaveFailed()) {
         MakeFolders(file.parent_path());
         const Prefs defaults;
         prefs.autorun = defaults.autorun;
@@ -180,9 +192,7 @@ int LoadLegacyPrefs(const std::filesystem::path& file, Prefs& prefs) {
         prefs.lineColor = defaults.lineColor;
         return -1;
     }
-    const bool isWhole = tokens.Take(prefs.autorun) && tokens.Take(prefs.backColor) &&
-                         tokens.Take(prefs.gridColor) && tokens.Take(prefs.lineColor) &&
-                         tokens.Take(prefs.showUnits) && tokens.Take(prefs.showZeros);
+    prefs = read;
     return isWhole ? 1 : 0;
 }
 

@@ -20,8 +20,8 @@ constexpr std::uint32_t kNoPrefsValue = 0xFFFFFFFF;
 // it is; a missing key gives its default, but leaves a trace colour as it is. A file without keys is taken
 // for the older form. Numbers are stored as they stand in the file; their users bound them.
 //
-// False if the file is there but cannot be opened: the record then holds defaults, and what the user has set
-// is unknown.
+// False if the file is there but cannot be read, or not to its end: the record then holds defaults, and what
+// the user has set is unknown. Nobody may write such a record to the file unless the user asks for it.
 bool LoadPrefs(const std::filesystem::path& file, Prefs& prefs);
 
 // Writes the record, with the window's present outer size instead of the record's. 0, or -1 if the file
@@ -35,7 +35,7 @@ std::uint32_t FindPrefsValue(std::string_view text, std::string_view key, bool d
 
 // Reads the older form: autorun, background, grid, twelve trace colours, units and zeros as comma-terminated
 // tokens; all other fields stay as they are. 1; 0 if the file ends early, with what was read until then
-// kept; -1 if it cannot be opened, with the Scaling folder created, autorun on and the default colours.
+// kept; -1 if it cannot be read, with the Scaling folder created, autorun on and the default colours.
 int LoadLegacyPrefs(const std::filesystem::path& file, Prefs& prefs);
 
 }  // namespace plotvane

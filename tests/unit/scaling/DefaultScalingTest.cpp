@@ -87,6 +87,46 @@ TEST_F(DefaultScalingTest, TheBuiltInTableStandsWhenItCannotBeWritten) {
     EXPECT_EQ(m_table.SaveDefaultScaling(), -1);
 }
 
+// The folder stands for a file that is there and cannot be read: later it can.
+TEST_F(DefaultScalingTest, TheBuiltInTableInPlaceOfAnUnreadFileIsNotSaved) {
+    for (const auto load : {&DefaultScaling::LoadForPlotting, &DefaultScaling::LoadDefaultScaling}) {
+        std::filesystem::create_directory(File());
+        (m_table.*load)();
+        std::filesystem::remove(File());
+        Store("A,1,2,\r\n");
+        m_table.SetUnit(0, "/min");  // as it was
+        m_table.SetMin(0, 0);
+        m_table.SetMax(0, 6000);
+        EXPECT_EQ(m_table.SaveDefaultScaling(), -1);
+        EXPECT_EQ(test::BytesOf(File()), "A,1,2,\r\n");
+        std::filesystem::remove(File());
+    }
+}
+
+TEST_F(DefaultScalingTest, TheBuiltInTableInPlaceOfAnUnreadFileIsSavedOnceItIsChanged) {
+    const auto edits = {+[](DefaultScaling& table) { table.SetUnit(0, "rpm"); },
+                        +[](DefaultScaling& table) { table.SetMin(0, 1); },
+                        +[](DefaultScaling& table) { table.SetMax(0, 7000); },
+                        +[](DefaultScaling& table) { EXPECT_TRUE(table.AppendRow()); }};
+    for (const auto edit : edits) {
+        std::filesystem::create_directory(File());
+        m_table.LoadDefaultScaling();
+        std::filesystem::remove(File());
+        edit(m_table);
+        EXPECT_EQ(m_table.SaveDefaultScaling(), 0);
+        std::filesystem::remove(File());
+    }
+}
+
+TEST_F(DefaultScalingTest, ATableThatIsReadAfterAllIsSaved) {
+    std::filesystem::create_directory(File());
+    m_table.LoadDefaultScaling();
+    std::filesystem::remove(File());
+    Store("A,1,2,\r\n");
+    m_table.LoadDefaultScaling();
+    EXPECT_EQ(Saved(), "A,1,2,\r\n");
+}
+
 TEST_F(DefaultScalingTest, SavingFailsWithoutTheFolder) {
     m_table.LoadForPlotting();
     std::filesystem::remove_all(m_scaling);
