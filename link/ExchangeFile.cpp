@@ -16,6 +16,7 @@ std::optional<int> ReadExchangeFile(const std::filesystem::path& path) {
          c = input.Get()) {
         line += static_cast<char>(c);
     }
+    if (input.HasFailed()) return std::nullopt;
     return TryParseDecimal(line).value_or(kNoDescriptor);
 }
 

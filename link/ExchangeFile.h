@@ -12,7 +12,7 @@ constexpr const char* kExchangeFileName = "MB-PIPE.TXT";
 constexpr int kNoDescriptor = -1;
 
 // The descriptor from the first line, of which at most 9 characters count; kNoDescriptor if they hold no
-// number. Nothing if the file cannot be opened.
+// number. Nothing if the file cannot be read.
 std::optional<int> ReadExchangeFile(const std::filesystem::path& path);
 
 }  // namespace plotvane

@@ -65,8 +65,14 @@ bool ListsSuffix(std::string_view list, std::string_view moduleSuffix) {
     }
 }
 
-void ReadLabels(TextInput& input, std::string& line, LabelTable& table) {
+// False, with an empty table, if the file cannot be read. If its rest is no longer wanted, the table holds
+// what was read until then.
+bool ReadLabels(const std::filesystem::path& path, std::string& line, LabelTable& table, ReadWatch* watch) {
+    TextInput input(path, watch);
+    const bool exists = input.IsOpen();
     while (ReadLabelLine(input, line)) ParseLabelLine(line, table);
+    if (input.HasFailed()) table.Reset();
+    return exists && !input.HasFailed();
 }
 
 // The file of the module's part number, or where that sends the module. A device has no labels, and opening
@@ -83,7 +89,9 @@ std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path&
         if (!IsSafeFileName(*target)) return std::nullopt;
         return labelsFolder / PathFromText(*target);
     }
-    if (!input.IsOpen()) return std::nullopt;  // missing, or not wanted any more
+    // What could not be read may send the module elsewhere; and a file that is missing, or whose rest is no
+    // longer wanted, is not open.
+    if (input.HasFailed() || !input.IsOpen()) return std::nullopt;
     return path;
 }
 
@@ -96,14 +104,10 @@ void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyS
     const auto ownPath = BuildLabelPath(labelsFolder, keyStem, LabelForm::Full);
     // A module without suffix has no file of its own: the part number's serves it, redirects and all.
     if (ownPath != BuildLabelPath(labelsFolder, keyStem, LabelForm::Short)) {
-        TextInput own(ownPath, watch);
-        const bool exists = own.IsOpen();
-        ReadLabels(own, line, table);
-        if (exists) return;
+        if (ReadLabels(ownPath, line, table, watch)) return;
     }
     if (const auto sharedPath = FindSharedFile(labelsFolder, keyStem, line, watch)) {
-        TextInput shared(*sharedPath, watch);
-        ReadLabels(shared, line, table);
+        ReadLabels(*sharedPath, line, table, watch);
     }
 }
 

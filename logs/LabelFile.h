@@ -19,8 +19,9 @@ namespace plotvane {
 
 // Fills the table with the labels of the module whose key, without ".SCL", is given; `labelsFolder` holds the
 // files. The file of the module itself goes before the one of its part number, and only the latter may
-// redirect. Without a file the table is empty. The watch, if any, is asked in the midst of long files; where
-// it answers that the labels are no longer wanted, the table holds those read until then.
+// redirect. Without a file the table is empty; a file that cannot be read to its end counts as missing. The
+// watch, if any, is asked in the middle of long files; where it answers that the labels are no longer wanted,
+// the table holds those read until then.
 void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyStem, LabelTable& table,
                 ReadWatch* watch = nullptr);
 

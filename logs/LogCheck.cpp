@@ -44,7 +44,8 @@ LogCheck CheckLog(const std::filesystem::path& path) {
     if (MayWait(path)) return LogCheck::Unreadable;
     TextInput input(path);
     if (!input.IsOpen()) return LogCheck::Unreadable;
-    return FindTime(input) && TakeTimeOfDay(input) ? LogCheck::HostLog : LogCheck::SomethingElse;
+    if (FindTime(input) && TakeTimeOfDay(input)) return LogCheck::HostLog;
+    return input.HasFailed() ? LogCheck::Unreadable : LogCheck::SomethingElse;
 }
 
 }  // namespace plotvane

@@ -6,7 +6,7 @@ namespace plotvane {
 
 enum class LogCheck {
     HostLog,       // a log of the host's
-    Unreadable,    // the file cannot be opened, or is a device
+    Unreadable,    // the file cannot be opened, its first line not be read, or it is a device
     SomethingElse  // its first line is not that of a log
 };
 

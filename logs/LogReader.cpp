@@ -60,6 +60,8 @@ LogRow LogReader::ReadLogRow(RecordBuffer& record) {
             break;
     }
     if (!m_text.SkipLines(1)) m_state.endOfLog = true;
+    // Of this row nobody knows what its last value would have been.
+    if (m_text.HasFailed()) return LogRow::Ended;
     if (m_items == expected) return LogRow::Complete;
     m_state.endOfLog = true;
     return LogRow::Short;

@@ -22,6 +22,9 @@ public:
     bool Open(const std::filesystem::path& path, ReadWatch* watch = nullptr);
     void Close() { m_input = TextInput(); }
 
+    // Whether the disk refused to give up more; the text seems to end there.
+    bool HasFailed() const { return m_input.HasFailed(); }
+
     // Reads the text up to the comma, which is taken too, or up to the line end, which is not.
     CellEnd ReadCell();
 

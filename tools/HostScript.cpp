@@ -144,6 +144,7 @@ HostScript LoadHostScript(const std::filesystem::path& path) {
         isClosed = isClosed || step->kind == ScriptStep::Kind::Close;
         script.steps.push_back(*step);
     }
+    if (input.HasFailed()) return Failed("cannot be read to its end");
     if (script.steps.empty()) return Failed("holds no command");
     return script;
 }

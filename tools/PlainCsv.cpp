@@ -64,6 +64,7 @@ public:
             SplitCells(m_line, m_cells);
             if (!TakeRow()) ++m_result.droppedRows;
         }
+        if (m_input.HasFailed()) return Failed("cannot be read to its end");
         const auto isEmpty = [](const CsvDrive::Samples& row) { return row.times.empty(); };
         if (std::ranges::all_of(m_rows, isEmpty)) return Failed("holds no numbers");
         m_result.drive = std::make_unique<CsvDrive>(std::move(m_columns.channels), std::move(m_rows));
