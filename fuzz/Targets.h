@@ -16,6 +16,7 @@ int FuzzNumbers(Bytes input);        // model/Numbers
 int FuzzRecord(Bytes input);         // link/RecordParser
 int FuzzPipe(Bytes input);           // link/BlockReader, with the records it finds
 int FuzzExchange(Bytes input);       // link/ExchangeFile, files/TextInput
+int FuzzWholeCopy(Bytes input);      // files/WholeCopy
 int FuzzModuleKey(Bytes input);      // logs/ModuleKey, files/FileName
 int FuzzLabels(Bytes input);         // logs/LabelFile, redirects included
 int FuzzDefaults(Bytes input);       // scaling/DefaultScaling
@@ -32,11 +33,12 @@ struct Target {
 };
 
 // CMakeLists.txt lists the same names.
-constexpr std::array<Target, 13> kTargets = {{
+constexpr std::array<Target, 14> kTargets = {{
     {"numbers", FuzzNumbers},
     {"record", FuzzRecord},
     {"pipe", FuzzPipe},
     {"exchange", FuzzExchange},
+    {"whole_copy", FuzzWholeCopy},
     {"module_key", FuzzModuleKey},
     {"labels", FuzzLabels},
     {"defaults", FuzzDefaults},

@@ -1,0 +1,48 @@
+#include <string>
+
+#include "files/AtomicFile.h"
+#include "files/WholeCopy.h"
+#include "fuzz/Inputs.h"
+#include "fuzz/Promise.h"
+#include "fuzz/ScratchFolder.h"
+#include "fuzz/Targets.h"
+
+namespace plotvane::fuzz {
+namespace {
+
+std::string Read(const ScratchFile& file) {
+    TextInput input = OpenWholeFile(file.Path());
+    Require(input.IsOpen(), "a file that nobody holds is read");
+    std::string text;
+    for (int c = input.Get(); c != TextInput::kEnd; c = input.Get()) text += static_cast<char>(c);
+    return text;
+}
+
+bool IsMarked(std::string_view copy) {
+    const std::size_t mark = copy.rfind('\x1A');
+    return mark != std::string_view::npos && copy.substr(mark) == MarkOf(copy.substr(0, mark));
+}
+
+}  // namespace
+
+// Two parts: a settings file, and what stands in the place of its whole copy.
+int FuzzWholeCopy(Bytes input) {
+    std::string_view rest = AsText(input);
+    const std::string_view bytes = TakePart(rest);
+    const std::string_view copyBytes = TakePart(rest);
+    const ScratchFile file("Prefs.cfg", bytes);
+    const ScratchFile copy("Prefs.cf~", copyBytes);
+
+    if (!IsMarked(copyBytes)) {
+        Require(Read(file) == TextOfFile(bytes), "a file beside another one's is read for itself");
+        Require(file.Bytes() == bytes && copy.Bytes() == copyBytes, "what is somebody else's stays");
+    }
+    copy.Write(std::string(copyBytes) + MarkOf(copyBytes));
+    Require(Read(file) == TextOfFile(copyBytes), "a copy that is whole is what is read");
+    Require(file.Bytes() == copyBytes, "the file is finished by its copy");
+    Require(!std::filesystem::exists(copy.Path()), "a copy goes when its file is finished");
+    Require(Read(file) == TextOfFile(copyBytes), "a file that was finished reads the same again");
+    return 0;
+}
+
+}  // namespace plotvane::fuzz
