@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <thread>
+
 #include "files/AtomicFile.h"
+#include "scaling/DefaultScaling.h"
 #include "tests/support/TempFolder.h"
 
 namespace plotvane::test {
@@ -43,18 +46,48 @@ TEST_P(HeldFile, IsReplacedWhereItMayBeWrittenAndStaysOtherwise) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 1);
 }
 
+std::string NameOf(const testing::TestParamInfo<std::tuple<Access, Sharing>>& info) {
+    const auto [access, sharing] = info.param;
+    std::string name;
+    if ((access & GENERIC_READ) != 0) name += "Reads";
+    if ((access & GENERIC_WRITE) != 0) name += "Writes";
+    name += "Lets";
+    if ((sharing & FILE_SHARE_READ) != 0) name += "Read";
+    if ((sharing & FILE_SHARE_WRITE) != 0) name += "Write";
+    if ((sharing & FILE_SHARE_DELETE) != 0) name += "Delete";
+    return name;
+}
 INSTANTIATE_TEST_SUITE_P(InEachWay, HeldFile,
                          testing::Combine(testing::Values(GENERIC_READ, GENERIC_WRITE,
                                                           GENERIC_READ | GENERIC_WRITE),
                                           testing::Range<Sharing>(0, 8)),
-                         [](const auto& info) {
-                             const auto [access, sharing] = info.param;
-                             return std::string((access & GENERIC_READ) != 0 ? "Reads" : "") +
-                                    ((access & GENERIC_WRITE) != 0 ? "Writes" : "") + "Lets" +
-                                    ((sharing & FILE_SHARE_READ) != 0 ? "Read" : "") +
-                                    ((sharing & FILE_SHARE_WRITE) != 0 ? "Write" : "") +
-                                    ((sharing & FILE_SHARE_DELETE) != 0 ? "Delete" : "");
-                         });
+                         NameOf);
+
+// The program has given up reading by then, but would not yet have given up writing.
+class DefaultsHeldForAMoment : public testing::TestWithParam<int> {};
+
+TEST_P(DefaultsHeldForAMoment, StayAsTheUserHasThem) {
+    const TempFolder folder;
+    const std::string mine = "km/h,0,300,\r\nV,0,15,\r\n";
+    WriteBytes(folder / "Defaults.cfg", mine);
+    for (const auto load : {&DefaultScaling::LoadForPlotting, &DefaultScaling::LoadDefaultScaling}) {
+        const HANDLE holder = ::CreateFileW((folder / "Defaults.cfg").c_str(), GENERIC_READ, 0, nullptr,
+                                            OPEN_EXISTING, 0, nullptr);
+        ASSERT_NE(holder, INVALID_HANDLE_VALUE);
+        std::thread scanner([holder] {
+            ::Sleep(static_cast<DWORD>(GetParam()));
+            ::CloseHandle(holder);
+        });
+        DefaultScaling table(folder.Path());
+        (table.*load)();
+        scanner.join();
+        EXPECT_EQ(BytesOf(folder / "Defaults.cfg"), mine);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Milliseconds, DefaultsHeldForAMoment,
+                         testing::Values(40, 110, 125, 140, 155, 170, 200),
+                         testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace plotvane::test
