@@ -64,16 +64,6 @@ void CloseOwnedWindows(HWND owner) {
     ::EnumThreadWindows(::GetCurrentThreadId(), closeOne, reinterpret_cast<LPARAM>(owner));
 }
 
-// Ends the loops in which the system itself dispatches this thread's messages, while a menu is open or the
-// mouse is held down on a button of a title bar: in these, too, the program would go on for ever.
-void EndSystemLoops() {
-    ::EndMenu();
-    const HWND holder = ::GetCapture();
-    if (!holder) return;
-    ::ReleaseCapture();
-    ::PostMessageW(holder, WM_LBUTTONUP, 0, 0);  // not every system takes the loss of the mouse for an end
-}
-
 AcquisitionTexts LoadAcquisitionTexts() {
     return {LoadText(IDS_LIVE_TITLE),
             {LoadText(IDS_MPG), LoadText(IDS_LITRES_PER_100KM), LoadText(IDS_GALLONS_PER_HOUR)}};
@@ -333,7 +323,7 @@ void CPlotvaneDlg::ShowPreferences() {
 void CPlotvaneDlg::OnClose() {
     if (m_closing) return;
     m_closing = true;
-    EndSystemLoops();
+    ::EndMenu();                // an open one has a loop on the stack too
     CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
     ::SetFocus(nullptr);        // a limit that was typed and not left yet counts: its edit is left now
     Stop();

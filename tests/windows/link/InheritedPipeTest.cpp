@@ -78,17 +78,16 @@ TEST_F(InheritedPipeTest, ADeviceCountsAsClosed) {
     EXPECT_EQ(Read(), HostPipe::kEndOfStream);
 }
 
-// Reading it would wait for somebody to type. A test program may have a console already, and gets no second
-// one.
+// Reading it would wait for somebody to type.
 TEST_F(InheritedPipeTest, AConsoleCountsAsClosed) {
-    const bool isOurs = ::AllocConsole() != FALSE;
+    const bool isOwn = ::AllocConsole() != FALSE;  // not where this program has one already
     {
         Descriptor console(Open(L"CONIN$"));
-        EXPECT_GE(console.Number(), 0);
+        EXPECT_GE(console.Number(), 0) << ::GetLastError();
         m_pipe.Attach(console.Number());
         EXPECT_EQ(Read(), HostPipe::kEndOfStream);
     }
-    if (isOurs) ::FreeConsole();
+    if (isOwn) ::FreeConsole();
 }
 
 // Such as the end that is only for writing.
