@@ -126,7 +126,8 @@ TEST_F(HostFaults, AHostThatClosesInTheMidstOfAFloodEndsTheProgram) {
 // A number that is not the pipe's but, say, 0 behind which a console stands: reading it would wait for
 // somebody to type. It counts as a pipe that is closed, and so as a host that has stopped.
 TEST(HostThatNamesAConsole, CountsAsStoppedAndHoldsNothingUp) {
-    const bool isOwn = ::AllocConsole() != FALSE;  // not where this program has one already
+    ::FreeConsole();  // one that cannot be typed into, if any
+    ASSERT_TRUE(::AllocConsole()) << ::GetLastError();
     SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
     Handle console(::CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                  &inheritable, OPEN_EXISTING, 0, nullptr));
@@ -143,7 +144,7 @@ TEST(HostThatNamesAConsole, CountsAsStoppedAndHoldsNothingUp) {
     EXPECT_EQ(ButtonsOf(main).pauseImage, stopped) << "started over, it has stopped again";
     EXPECT_TRUE(ClosesPromptly(session));
     console.Close();
-    if (isOwn) ::FreeConsole();
+    ::FreeConsole();
 }
 
 }  // namespace

@@ -80,14 +80,15 @@ TEST_F(InheritedPipeTest, ADeviceCountsAsClosed) {
 
 // Reading it would wait for somebody to type.
 TEST_F(InheritedPipeTest, AConsoleCountsAsClosed) {
-    const bool isOwn = ::AllocConsole() != FALSE;  // not where this program has one already
+    ::FreeConsole();  // one that cannot be typed into, if any
+    ASSERT_TRUE(::AllocConsole()) << ::GetLastError();
     {
         Descriptor console(Open(L"CONIN$"));
         EXPECT_GE(console.Number(), 0) << ::GetLastError();
         m_pipe.Attach(console.Number());
         EXPECT_EQ(Read(), HostPipe::kEndOfStream);
     }
-    if (isOwn) ::FreeConsole();
+    ::FreeConsole();
 }
 
 // Such as the end that is only for writing.
