@@ -54,10 +54,10 @@ std::filesystem::path FinalPathOf(const std::filesystem::path& path) {
 
 std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> entries;
-    DIR* const search = opendir(folder.c_str());
-    if (search == nullptr) return entries;
-    while (const dirent* const entry = readdir(search)) entries.push_back(folder / entry->d_name);
-    closedir(search);
+    const auto close = [](DIR* search) { closedir(search); };
+    const std::unique_ptr<DIR, decltype(close)> search(opendir(folder.c_str()));
+    if (!search) return entries;
+    while (const dirent* const entry = readdir(search.get())) entries.push_back(folder / entry->d_name);
     return entries;
 }
 

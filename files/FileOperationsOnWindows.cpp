@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <memory>
 #include <string>
 
 #include "files/FileOperations.h"
@@ -84,11 +85,12 @@ std::filesystem::path FinalPathOf(const std::filesystem::path& path) {
 std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> entries;
     WIN32_FIND_DATAW entry{};
-    const HANDLE search = ::FindFirstFileW((folder / L"*").c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return entries;
+    const HANDLE first = ::FindFirstFileW((folder / L"*").c_str(), &entry);
+    if (first == INVALID_HANDLE_VALUE) return entries;
+    const auto close = [](HANDLE search) { ::FindClose(search); };
+    const std::unique_ptr<void, decltype(close)> search(first);
     do entries.push_back(folder / entry.cFileName);
-    while (::FindNextFileW(search, &entry));
-    ::FindClose(search);
+    while (::FindNextFileW(search.get(), &entry));
     return entries;
 }
 

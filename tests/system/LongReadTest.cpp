@@ -1,5 +1,8 @@
 // Logs that take seconds to be read over: a line of gigabytes, or what a crash leaves where a file was to
 // grow, nothing but NULs. The window goes on answering, and what the user asks for ends the reading at once.
+#include <winioctl.h>
+
+#include "tests/system/support/Handle.h"
 #include "tests/system/support/Prompt.h"
 #include "tests/system/support/Records.h"
 #include "tests/system/support/Replay.h"
@@ -12,13 +15,24 @@ using namespace std::chrono_literals;
 // The disk does not have to hold them: nothing was ever written there.
 constexpr std::uintmax_t kNothing = std::uintmax_t{64} << 30;  // bytes; minutes of reading
 
+// Makes a file that long. std::filesystem::resize_file would ask for as much free space.
+void Lengthen(const std::filesystem::path& path, std::uintmax_t size) {
+    const Handle file(::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    DWORD returned = 0;
+    ::DeviceIoControl(file.Get(), FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &returned, nullptr);
+    LARGE_INTEGER end{};
+    end.QuadPart = static_cast<LONGLONG>(size);
+    ASSERT_TRUE(::SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN) && ::SetEndOfFile(file.Get()))
+        << ::GetLastError();
+}
+
 class LongRead : public Replay {
 protected:
     // A file with that beginning, and nothing behind it.
     std::filesystem::path WriteWithNothingBehind(const std::filesystem::path& name,
                                                  std::string_view beginning) {
         const auto path = WriteLog(name, beginning);
-        std::filesystem::resize_file(path, kNothing);
+        Lengthen(path, kNothing);
         return path;
     }
     // Plays three rows of a log, and then comes the long one.
@@ -70,7 +84,7 @@ TEST(LongReadOfLabels, KeepsTheWindowAliveAndACloseEndsIt) {
     const auto labels = session.Folder() / "labels" / "038-906-019-FT.LBL";
     std::filesystem::create_directory(labels.parent_path());
     WriteBytes(labels, "001,1,Engine speed\r\n");
-    std::filesystem::resize_file(labels, kNothing);
+    Lengthen(labels, kNothing);
     session.StartWithHost();
     const RemoteWindow main = session.Main();
     ASSERT_TRUE(Becomes([&] { return main.IsEnabled(IDC_PAUSE); }, true));
