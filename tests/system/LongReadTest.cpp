@@ -1,5 +1,7 @@
 // Logs that take seconds to be read over: a line of gigabytes, or what a crash leaves where a file was to
 // grow, nothing but NULs. The window goes on answering, and what the user asks for ends the reading at once.
+#include <windows.h>
+// After it, whose types it needs.
 #include <winioctl.h>
 
 #include "tests/system/support/Handle.h"
