@@ -1,5 +1,9 @@
 #include "link/AcquisitionLoop.h"
 
+#include <gmock/gmock.h>
+
+#include <string>
+
 #include "res/resource.h"
 #include "tests/unit/support/AcquisitionFixture.h"
 
@@ -12,7 +16,9 @@ using Range = test::FakeChart::Range;
 
 std::string ObdRecord() {
     std::string record = "038 906 019 FT,GZER,F0,12,,GZER,F1,128,,";
-    for (char digit = '2'; digit <= '9'; ++digit) record += std::string("GZER,F") + digit + ",0,,";
+    for (char digit = '2'; digit <= '9'; ++digit) {
+        record.append("GZER,F").append(1, digit).append(",1").append(1, digit).append(",,");
+    }
     for (int i = 0; i < 8; ++i) record += "G000,,,,";
     return record;
 }
@@ -46,6 +52,42 @@ TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
     EXPECT_DOUBLE_EQ(meters.consumption.value, 8.4);
 }
 
+TEST_F(LiveLoopTest, EveryMeterTakesItsValue) {
+    std::string record = "038 906 019 FT,";
+    const char* const kRows[] = {"001", "002", "003"};
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        record.append("G").append(kRows[RowOf(slot)]).append(",F").append(std::to_string(ColumnOf(slot)));
+        record.append(",").append(std::to_string(50 + slot)).append(",x,");
+    }
+    pipe.Write(BlockOf(record));
+    pipe.Write("\xFE");
+    Run();
+    EXPECT_EQ(panel.selected, 0);
+    for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
+        EXPECT_EQ(meters.slots[slot].value, 50.0 + static_cast<double>(slot)) << slot;
+    }
+    // The meters of the ten fields take the first ten values of the sample, whatever its form.
+    for (std::size_t field = 0; field < kObdFieldCount; ++field) {
+        EXPECT_EQ(meters.obd[field], 50.0 + static_cast<double>(field)) << field;
+    }
+}
+
+TEST_F(LiveLoopTest, EachRunSelectsTheFirstSlotAtItsFirstRecordAndLeavesTheUsersChoiceAlone) {
+    pipe.Write(BlockOf(EngineRecord()));
+    pipe.Write("\xFE");
+    Run();
+    acquisition.selection.SelectSlot(0, 2);
+
+    // The same groups again, so that nothing else selects.
+    for (int i = 0; i < 2; ++i) pipe.Write(BlockOf(EngineRecord()));
+    pipe.Write("\xFE");
+    const int selections = panel.selections;
+    dialog.Pause();
+    EXPECT_EQ(chart.samples.size(), 3u);
+    EXPECT_EQ(panel.selected, 0);
+    EXPECT_EQ(panel.selections, selections + 1);
+}
+
 TEST_F(LiveLoopTest, TheTablesAreMadeAndTheRangesSaved) {
     pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
@@ -71,7 +113,12 @@ TEST_F(LiveLoopTest, TheFirstSampleIsErasedByTheRedrawAndTheSecondIsNot) {
 
 TEST_F(LiveLoopTest, TheStopByteStopsAndOffersToStartOver) {
     pipe.Write("\xFF\xFE");
+    dialog.stopEnabled = true;  // however they were left
+    dialog.loadEnabled = false;
+    dialog.loadActive = true;
     Run();
+    EXPECT_TRUE(dialog.loadEnabled);
+    EXPECT_FALSE(dialog.loadActive);
     EXPECT_TRUE(state.stopped);
     EXPECT_TRUE(state.restartAfterStop);
     EXPECT_EQ(dialog.pause, PauseImage::StartOver);
@@ -155,6 +202,27 @@ TEST_F(LiveLoopTest, PauseAfterAStopReadsOnFromTheSamePipe) {
     EXPECT_TRUE(state.playing);
 }
 
+TEST_F(LiveLoopTest, ARestartedRunCanBeHeldAndResumed) {
+    pipe.Write("\xFE");
+    Run();
+    pipe.Write(BlockOf(EngineRecord()));
+    pipe.Write(BlockOf(EngineRecord()));
+    pipe.Write("\xFE");
+    After(60.0, [&] {
+        EXPECT_EQ(dialog.pause, PauseImage::Pause);
+        EXPECT_FALSE(state.restartAfterStop);
+        dialog.Pause();
+    });
+    After(500.0, [&] {
+        EXPECT_FALSE(state.playing);
+        EXPECT_EQ(dialog.pause, PauseImage::Resume);
+        dialog.Pause();
+    });
+    dialog.Pause();
+    EXPECT_EQ(chart.samples.size(), 2u);
+    EXPECT_EQ(chart.gaps.size(), 1u);
+}
+
 TEST_F(LiveLoopTest, StopAndPauseInOnePumpLeaveOneLoopRunning) {
     int depth = 0;
     After(120.0, [&] {
@@ -234,8 +302,8 @@ TEST_F(LiveLoopTest, TheObdFormShowsTenChannelsAndLoadsNoScaling) {
     EXPECT_TRUE(panel.tenChannels);
     EXPECT_EQ(chart.ranges[0], (Range{-1, 256}));
     ASSERT_EQ(chart.samples.size(), 2u);
-    EXPECT_EQ(chart.samples[0], (TraceValues{12, 128, 0, 0, 0, 0, 0, 0, 0, 0, -1, -1}));
-    EXPECT_EQ(meters.obd[1], 128.0);
+    EXPECT_EQ(chart.samples[0], (TraceValues{12, 128, 12, 13, 14, 15, 16, 17, 18, 19, -1, -1}));
+    EXPECT_THAT(meters.obd, testing::ElementsAre(12, 128, 12, 13, 14, 15, 16, 17, 18, 19));
     EXPECT_EQ(chart.redraws, 1);  // the form changed once
     EXPECT_FALSE(std::filesystem::exists(folder / "Scaling"));
     EXPECT_EQ(dialog.title, u"Plotvane  -  Live Data  -  038 906 019 FT");

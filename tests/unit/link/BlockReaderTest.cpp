@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/unit/support/FakePump.h"
 #include "tests/unit/support/ScriptedPipe.h"
 
@@ -103,12 +105,40 @@ TEST_F(BlockReaderTest, ClicksDoNotShortenTheRound) {
     EXPECT_EQ(pump.NowMs() - first, 50.0);
 }
 
+// A host that writes "nothing new" faster than it can be read.
+struct FloodedPipe : HostPipe {
+    void Attach(int) override {}
+    int TryRead(std::span<char> buffer) override {
+        std::ranges::fill(buffer, '\xFF');
+        return static_cast<int>(buffer.size());
+    }
+};
+
 TEST_F(BlockReaderTest, AFloodOfNothingNewBytesDoesNotHoldTheWindowUp) {
-    for (int i = 0; i < 2000; ++i) pipe.Write(std::string(4096, '\xFF'));
+    FloodedPipe flood;
+    BlockReader flooded{flood, pump};
+    flooded.Attach(5);
     const double began = pump.NowMs();
     StopAfter(120.0);
-    EXPECT_EQ(Read(), Block::Ended);
-    EXPECT_LE(pump.NowMs() - began, 125.0);
+    EXPECT_EQ(flooded.Read(record, LoopRun(state)), Block::Ended);
+    EXPECT_EQ(pump.NowMs() - began, 120.0);
+}
+
+TEST_F(BlockReaderTest, ARoundThatCameLateIsMadeUpForByTheNext) {
+    for (const char* record : {"one,", "two,", "three,", "four,"}) pipe.Write(test::BlockOf(record));
+    const auto waited = [this] {
+        const double before = pump.NowMs();
+        EXPECT_EQ(Read(), Block::Record);
+        return pump.NowMs() - before;
+    };
+    waited();
+    pump.Pass(70.0);
+    EXPECT_EQ(waited(), 0.0);
+    EXPECT_EQ(waited(), 30.0);
+    pump.Pass(101.0);  // more than a whole round late: the count begins again
+    EXPECT_EQ(waited(), 0.0);
+    pipe.Write(test::BlockOf("five,"));
+    EXPECT_EQ(waited(), 50.0);
 }
 
 TEST_F(BlockReaderTest, TellsTheControlBytesApart) {
@@ -139,7 +169,7 @@ TEST_F(BlockReaderTest, AHalfBlockKeepsTheWindowAlive) {
     pipe.Write("0123");
     StopAfter(3000.0);
     EXPECT_EQ(Read(), Block::Ended);
-    EXPECT_GT(pump.dispatches, 500);
+    EXPECT_EQ(pump.dispatches, 1 + 600);  // in the round, and every 5 ms of the wait for the rest
 }
 
 TEST_F(BlockReaderTest, TheNextRunFinishesABlockThatAStopCutInTwo) {

@@ -105,6 +105,25 @@ TEST_F(RecordParserTest, FindsTheFirstTagAmongFortyOneCharacters) {
     EXPECT_FALSE(ParseFirst(std::string(41, '-') + "G001,F0,5,V,"));
 }
 
+TEST_F(RecordParserTest, TheNextTagIsSoughtBehindTheFieldBeforeIt) {
+    const std::string next = "G002,F1,7,V," + Empty(10);
+    // Behind the last comma of a field; behind the third comma of an empty one.
+    EXPECT_TRUE(Parse("G001,F0,5,V," + std::string(40, '-') + next));
+    EXPECT_FALSE(Parse("G001,F0,5,V," + std::string(41, '-') + next));
+    EXPECT_TRUE(Parse("G000,,,," + std::string(39, '-') + next));
+    EXPECT_EQ(slots[1].value, 7.0);
+    EXPECT_FALSE(Parse("G000,,,," + std::string(40, '-') + next));
+}
+
+TEST_F(RecordParserTest, AnEmptySlotForgetsWhatItHeld) {
+    EXPECT_TRUE(ParseFirst("G001,F2,5,V,"));
+    EXPECT_TRUE(Parse(Empty(12)));
+    EXPECT_EQ(slots[0].group, 0);
+    EXPECT_EQ(slots[0].field, 0);
+    EXPECT_EQ(slots[0].value, 0.0);
+    EXPECT_EQ(slots[0].unit, "");
+}
+
 TEST_F(RecordParserTest, DropsOneBlankInFrontOfTheUnit) {
     EXPECT_TRUE(ParseFirst("G001,F0,5,  V,"));
     EXPECT_EQ(slots[0].unit, " V");
@@ -112,6 +131,14 @@ TEST_F(RecordParserTest, DropsOneBlankInFrontOfTheUnit) {
     EXPECT_EQ(slots[0].unit, "");
     EXPECT_TRUE(ParseFirst("G001,F0,5,,"));
     EXPECT_EQ(slots[0].unit, "");
+}
+
+TEST_F(RecordParserTest, OnlyThreeDigitsAndACommaAreFoundBehindOtherText) {
+    EXPECT_TRUE(ParseFirst("--G001,F0,5,V,"));
+    EXPECT_EQ(slots[0].group, 1);
+    for (const char* tag : {"Gx01,", "G0x1,", "G01x,", "G0011", "G01,F"}) {
+        EXPECT_FALSE(ParseFirst(std::string("--") + tag + "F0,5,V,")) << tag;
+    }
 }
 
 TEST_F(RecordParserTest, RejectsMalformedFields) {

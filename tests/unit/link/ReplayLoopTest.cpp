@@ -64,6 +64,24 @@ TEST_F(ReplayLoopTest, AfterTheEndTheSameLogCanBeReplayed) {
     EXPECT_EQ(dialog.asked, 1);
 }
 
+TEST_F(ReplayLoopTest, AtTheEndTheButtonsAreSetHoweverTheyWereLeft) {
+    After(100.0, [&] {
+        dialog.pauseEnabled = false;
+        dialog.loadEnabled = false;
+    });
+    Load();
+    EXPECT_TRUE(dialog.pauseEnabled);
+    EXPECT_TRUE(dialog.loadEnabled);
+}
+
+TEST_F(ReplayLoopTest, ALogLoadedAgainIsDrawnOnAFreshChart) {
+    Load();
+    const int redraws = chart.redraws;
+    state.redrawRequest = false;
+    Load();
+    EXPECT_EQ(chart.redraws, redraws + 1);  // though no slot has changed its group
+}
+
 TEST_F(ReplayLoopTest, WhileItPlaysTheButtonsOfferStopAndPause) {
     After(100.0, [&] {
         EXPECT_FALSE(state.stopped);
@@ -72,6 +90,7 @@ TEST_F(ReplayLoopTest, WhileItPlaysTheButtonsOfferStopAndPause) {
         EXPECT_TRUE(dialog.stopEnabled);
         EXPECT_TRUE(dialog.stopActive);
         EXPECT_TRUE(dialog.pauseEnabled);
+        EXPECT_TRUE(dialog.loadActive);
         EXPECT_EQ(dialog.pause, PauseImage::Pause);
         Load();
         EXPECT_EQ(dialog.asked, 1);
@@ -183,6 +202,33 @@ TEST_F(ReplayLoopTest, ACancelledDialogDisablesPause) {
     EXPECT_FALSE(state.reopenLog);
     EXPECT_TRUE(state.stopped);
     EXPECT_TRUE(dialog.messages.empty());
+}
+
+TEST_F(ReplayLoopTest, LoadTakesTheOfferToReplayBackBeforeItAsksForALog) {
+    Load();
+    ASSERT_TRUE(state.reopenLog);
+    dialog.pauseEnabled = false;  // however the run before was left
+    dialog.stopActive = true;
+    dialog.whileAsked = [&] {
+        EXPECT_TRUE(state.halted);
+        EXPECT_FALSE(state.reopenLog);
+        EXPECT_EQ(dialog.pause, PauseImage::Idle);
+        EXPECT_TRUE(dialog.pauseEnabled);
+        EXPECT_FALSE(dialog.stopActive);
+    };
+    Load();
+    EXPECT_EQ(dialog.asked, 2);
+}
+
+TEST_F(ReplayLoopTest, AfterACancelledDialogTheNextLogCanBePaused) {
+    const auto log = dialog.choice;
+    dialog.choice.reset();
+    Load();
+    ASSERT_FALSE(dialog.pauseEnabled);
+    dialog.choice = log;
+    After(100.0, [&] { EXPECT_TRUE(dialog.pauseEnabled); });
+    Load();
+    EXPECT_EQ(chart.samples.size(), 3u);
 }
 
 TEST_F(ReplayLoopTest, SomethingElseThanALogIsRefused) {

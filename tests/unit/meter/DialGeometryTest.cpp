@@ -224,6 +224,14 @@ TEST(DialGeometry, PlacesTheTextsByTheHeightOfTheFont) {
     EXPECT_EQ(larger.minLabel, (DialPoint{78, 149}));
 }
 
+TEST(DialGeometry, CountsFromTheCornerOfTheClientWhereItsRulesSaySo) {
+    const DialGeometry shifted{{10, 20, 194, 181}};
+    EXPECT_EQ(shifted.Centre(), (DialPoint{102, 80}));  // half the sum across, half the height down
+    EXPECT_EQ(shifted.Radius(), 53);
+    EXPECT_EQ(shifted.FontHeight(), 15);  // (53 - 80 + 181) / 10
+    EXPECT_EQ(shifted.TextPlaces(13).value, (DialPoint{102, 21}));
+}
+
 TEST(DialGeometry, KeepsAWideDialInTheMiddle) {
     const DialGeometry wide{{0, 0, 600, 161}};
     EXPECT_EQ(wide.Face()[0], (DialPoint{314, 131}));

@@ -63,7 +63,8 @@ TEST(ParseHex, ReadsBothLetterCasesAndAPrefix) {
         {"0x", 0},          {"0xg", 0},
         {"-1", 0xFFFFFFFF}, {"-ff", 0xFFFFFF01},
         {"+b", 11},         {"80000000", 0x80000000},
-        {"00000000001", 1},
+        {"00000000001", 1}, {"0xf", 15},
+        {"1x2", 1},         {"0f2", 0xF2},
     };
     for (const auto& [text, value] : kTexts) EXPECT_EQ(ParseHex(text), value) << text;
 }
@@ -86,9 +87,9 @@ TEST(ParseDouble, ReadsTheNumberThatTheTextBeginsWith) {
         std::string_view text;
         double value;
     } kTexts[] = {
-        {"780", 780.0},  {"90.0", 90.0}, {"-3", -3.0},   {"+2.5", 2.5},  {".5", 0.5},
-        {"-.5", -0.5},   {"5.", 5.0},    {"1.2.3", 1.2}, {"1-2", 1.0},   {" 4.2", 4.2},
-        {"1e3", 1000.0}, {"1e", 1.0},    {"12,5", 12.0}, {"7 l/h", 7.0}, {"\n\t8", 8.0},
+        {"780", 780.0}, {"90.0", 90.0}, {"-3", -3.0},   {"+2.5", 2.5},  {".5", 0.5},     {"-.5", -0.5},
+        {"5.", 5.0},    {"1.2.3", 1.2}, {"1-2", 1.0},   {" 4.2", 4.2},  {"1e3", 1000.0}, {"1e", 1.0},
+        {"12,5", 12.0}, {"7 l/h", 7.0}, {"\n\t8", 8.0}, {"0.25", 0.25},
     };
     for (const auto& [text, value] : kTexts) EXPECT_EQ(ParseDouble(text), value) << text;
 }

@@ -23,6 +23,14 @@ TEST(RecordBuffer, AFullBlockWithoutNulIsAllText) {
     EXPECT_EQ(record.Text(), std::string(513, 'x'));
 }
 
+TEST(RecordBuffer, TextEndsBehindWhatWasAdded) {
+    RecordBuffer record;
+    std::ranges::fill(record.Block(), 'x');
+    record.Block()[2] = '\0';
+    EXPECT_TRUE(record.Append("yz"));
+    EXPECT_EQ(record.Text(), "xxyz");
+}
+
 TEST(RecordBuffer, RefusesTextThatDoesNotFit) {
     RecordBuffer record;
     EXPECT_TRUE(record.Append(std::string(511, 'x')));

@@ -79,6 +79,19 @@ TEST(ChartPixels, DotsAreClippedToThePicture) {
     EXPECT_EQ(sheet.memory, (Pixels{0xFFFFFF, 1, 2, 3, 4, 0xFFFFFF}));
 }
 
+TEST(ChartPixels, NothingIsDrawnAboveOrBelowThePicture) {
+    Sheet sheet(3, 4);
+    const Pixels before = sheet.memory;
+    const ChartPixels inside{sheet.memory.data() + 3, 3, 2};  // the two rows in the middle
+    for (const int row : {-1, 2}) inside.DotRow({0, 0, 3, 2}, row, 0xFFFFFF);
+    inside.DotColumn({0, -1, 3, 0}, 1, 0xFFFFFF);
+    inside.DotColumn({0, 2, 3, 3}, 1, 0xFFFFFF);
+    EXPECT_EQ(sheet.memory, before);
+
+    inside.ScrollLeft({0, -1, 3, 3}, 1);
+    EXPECT_EQ(sheet.memory, (Pixels{0, 1, 2, 4, 5, 5, 7, 8, 8, 9, 10, 11}));
+}
+
 TEST(ChartPixels, PictureWithoutPixelsIsLeftAlone) {
     const ChartPixels none;
     none.ScrollLeft({0, 0, 5, 5}, 1);

@@ -36,6 +36,7 @@ TEST_F(FuelFiguresTest, DrivingGivesLitresPer100KmAndMilesPerGallon) {
     EXPECT_TRUE(panel.fuelButtons);
     EXPECT_EQ(meters.consumption.units, "L/100km");
     EXPECT_EQ(meters.consumption.maximum, 20.0);
+    EXPECT_EQ(meters.consumption.decimals, 1);
     EXPECT_EQ(meters.mileage.units, "MPG");
     EXPECT_EQ(meters.mileage.maximum, 60.0);
     EXPECT_EQ(meters.mileage.decimals, 1);
@@ -47,6 +48,7 @@ TEST_F(FuelFiguresTest, IdlingGivesTheFlowItselfAndGallonsPerHour) {
     EXPECT_NEAR(fuel.Mileage(), 0.52834410527459186, 1e-15);
     EXPECT_EQ(meters.consumption.units, "l/h");
     EXPECT_EQ(meters.consumption.maximum, 10.0);
+    EXPECT_EQ(meters.consumption.decimals, 1);
     EXPECT_EQ(meters.mileage.units, "Gal. per Hour");
     EXPECT_EQ(meters.mileage.maximum, 4.0);
     EXPECT_EQ(meters.mileage.decimals, 2);
@@ -76,6 +78,22 @@ TEST_F(FuelFiguresTest, AnEntryOf1200CountsInTheDivisorOnly) {
     Tick(8.0, 100.0);
     Tick(12.0, 1.0);
     EXPECT_DOUBLE_EQ(fuel.Consumption(), 4.0);
+}
+
+TEST_F(FuelFiguresTest, EntriesAreLeftOutFromAThousandOn) {
+    prefs.fuelHistoryDepth = 2;
+    Tick(8.0, 100.0);
+    Tick(10.0, 1.0);  // 1000
+    EXPECT_DOUBLE_EQ(fuel.Consumption(), 4.0);
+    Tick(9.995, 1.0);  // 999.5
+    EXPECT_DOUBLE_EQ(fuel.Consumption(), 499.75);
+}
+
+TEST_F(FuelFiguresTest, WithADepthOfOneAnEntryLeftOutIsNoConsumption) {
+    prefs.fuelHistoryDepth = 1;
+    Tick(12.0, 1.0);
+    EXPECT_EQ(fuel.Consumption(), 0.0);
+    EXPECT_EQ(fuel.Mileage(), 999.9);
 }
 
 TEST_F(FuelFiguresTest, TheHistoryHoldsTwentyEntries) {

@@ -196,6 +196,20 @@ TEST_F(PlotTraceTest, EndAboveTheFirstRowIsTakenFromTheValueInTheNewRange) {
     EXPECT_EQ(Take(trace, 400.0).line.from.y, 100);  // inside: the row counts, though the range has changed
 }
 
+TEST_F(PlotTraceTest, TheFirstRowCountsAndTheRowAboveItDoesNot) {
+    PlotTrace trace = Between(0.0, 290.0);
+    Take(trace, 299.0);
+    ASSERT_EQ(trace.previousY, 1);
+    trace.SetRange(0.0, 580.0, 290);
+    EXPECT_EQ(Take(trace, 299.0).line.from.y, 1);
+
+    trace.SetRange(0.0, 290.0, 290);
+    Take(trace, 300.0);
+    ASSERT_EQ(trace.previousY, 0);
+    trace.SetRange(0.0, 580.0, 290);
+    EXPECT_EQ(Take(trace, 300.0).line.from.y, 150);  // 300 of 580
+}
+
 TEST_F(PlotTraceTest, GapMovesTheEndWithoutALine) {
     PlotTrace trace = Between(0.0, 290.0);
     Take(trace, 100.0);

@@ -59,11 +59,31 @@ TEST_F(ReplayPacingTest, TakesTheFirstStampThatIsNotZeroAndItsOwnPredecessor) {
     EXPECT_EQ(Step(1.0, 1.12, 1.2), 995.0);  // column A after its own 0
 }
 
+TEST_F(ReplayPacingTest, AStepOfFiveSecondsIsWaitedForAndALongerOneIsAGap) {
+    Step(0.0);
+    EXPECT_EQ(Step(5.0), 4995.0);
+    EXPECT_TRUE(chart.gaps.empty());
+    EXPECT_EQ(Step(10.125), 995.0);
+    EXPECT_EQ(chart.gaps.size(), 1u);
+}
+
 TEST_F(ReplayPacingTest, AJumpBackIsNotWaitedFor) {
     Step(0.0);
     Step(100.0);
     EXPECT_EQ(Step(1.0), 0.0);
     EXPECT_EQ(Step(-5.0), 0.0);
+    EXPECT_EQ(Step(-4.0), 995.0);
+}
+
+TEST_F(ReplayPacingTest, ReplayCatchesUpWithFiftyMillisecondsAndNoMore) {
+    Step(0.0);
+    Step(1.0);
+    pump.Pass(995.0 + 50.0);
+    EXPECT_EQ(Step(2.0), 0.0);
+    EXPECT_EQ(Step(3.0), 945.0);
+    pump.Pass(995.0 + 51.0);
+    EXPECT_EQ(Step(4.0), 0.0);
+    EXPECT_EQ(Step(5.0), 995.0);
 }
 
 TEST_F(ReplayPacingTest, ALateStepDoesNotDelayTheOnesBehindIt) {

@@ -77,6 +77,11 @@ TEST_F(SlotSelectionTest, TextWithoutANumberOrTheSameNumberChangesNothing) {
         EXPECT_EQ(ranges.RangeOf(1, 0).max, 100) << text;
         EXPECT_FALSE(slots[0].rangeChanged) << text;
     }
+    for (const char* text : {"", "abc", "0"}) {
+        selection.SetMinimum(text);
+        EXPECT_EQ(ranges.RangeOf(1, 0).min, 0) << text;
+        EXPECT_FALSE(slots[0].rangeChanged) << text;
+    }
 }
 
 TEST_F(SlotSelectionTest, AMaximumBelowTheMinimumIsTaken) {

@@ -83,6 +83,26 @@ TEST_F(TenChannelsTest, TheWayBackGivesTheFirstFourTracesTheLimitsOfTheLastRow) 
     EXPECT_FALSE(panel.shown[4]);
 }
 
+TEST_F(TenChannelsTest, TheWayBackSelectsTheFirstSlot) {
+    TickObd();
+    for (int slot = 0; slot < kSlotCount; ++slot) Fill(slot, 1, 0, 0.0, "");
+    selection.SelectSlot(1, 1);
+    state.obdNow = false;
+    channels.PrepareSlots();
+    EXPECT_EQ(panel.selected, 0);
+}
+
+TEST_F(TenChannelsTest, TheFuelFiguresComeFromTheTwoRowsThatAreLeft) {
+    state.obdNow = true;
+    Fill(4, 7, 0, 8.0, "l/h");
+    Fill(5, 7, 1, 100.0, "km/h");
+    channels.PrepareSlots();
+    channels.UpdateChannels();
+    EXPECT_TRUE(panel.fuelButtons);
+    EXPECT_DOUBLE_EQ(fuel.Consumption(), 8.0);
+    EXPECT_EQ(panel.values[4], "8 l/h");
+}
+
 TEST_F(TenChannelsTest, NothingHappensWhileTheFormStays) {
     channels.PrepareSlots();
     EXPECT_EQ(panel.layouts, 0);

@@ -93,10 +93,29 @@ TEST_F(TraceScalingTest, ASlotThatEmptiesIsUntickedAndOneThatFillsIsTicked) {
 TEST_F(TraceScalingTest, AChosenRangeWinsOverTheDefaultOfTheUnit) {
     LoadModule("038-906-019-FT.SCL");
     ranges.SetMax(1, 0, 5000);
+    ranges.SetMin(1, 1, -40);
     FillEngineGroup();
     scaling.UpdateSlots();
+    EXPECT_EQ(ranges.RangeOf(1, 1), (ScaleRange{-40, 120}));
     EXPECT_EQ(ranges.RangeOf(1, 0), (ScaleRange{0, 5000}));
     EXPECT_EQ(chart.ranges[0], (Range{0, 5000}));
+}
+
+// The slots keep their groups, so that nothing but the unit brings the new limit.
+TEST_F(TraceScalingTest, EitherLimitOfTheUnitAloneReachesTraceAndMeterAtOnce) {
+    test::WriteBytes(folder / "Defaults.cfg", "low,-20,100,\nhigh,0,70,\nnone,1,2,\n");
+    Fill(0, 1, 0, 5.0, "");
+    Fill(1, 1, 1, 5.0, "");
+    Tick();
+    ASSERT_EQ(chart.ranges[0], (Range{0, 100}));
+
+    slots[0].unit = "low";
+    slots[1].unit = "high";
+    Tick();
+    EXPECT_EQ(chart.ranges[0], (Range{-20, 100}));
+    EXPECT_EQ(meters.slots[0].minimum, -20.0);
+    EXPECT_EQ(chart.ranges[1], (Range{0, 70}));
+    EXPECT_EQ(meters.slots[1].maximum, 70.0);
 }
 
 TEST_F(TraceScalingTest, UnitsAreMatchedWholeAndCaseSensitive) {
@@ -213,6 +232,28 @@ TEST_F(TraceScalingTest, GenericObdIdentifiersAreNamedBelowTheirValues) {
     for (std::size_t slot : {2u, 3u, 6u, 7u, 8u, 9u, 10u, 11u}) EXPECT_EQ(panel.values[slot], "") << slot;
     EXPECT_EQ(ranges.RangeOf(12, 0).max, 6000);
     EXPECT_EQ(ranges.RangeOf(13, 0).max, 250);
+}
+
+TEST_F(TraceScalingTest, GenericObdValuesLeaveNoTextOfOtherSlotsBehind) {
+    for (int slot = 0; slot < kSlotCount; ++slot) Fill(slot, 1, 0, 1.0, "V");
+    Tick();
+    state.obdFile = true;
+    Fill(0, 12, 0, 780.0, "/min");
+    for (int slot = 1; slot < kSlotCount; ++slot) Empty(slot);
+    scaling.UpdateSlots();
+    EXPECT_EQ(panel.values[0], "780 /min");
+    EXPECT_EQ(panel.values[4], "PID 12");
+    for (std::size_t slot : {1u, 2u, 3u, 5u, 6u, 7u, 8u, 9u, 10u, 11u})
+        EXPECT_EQ(panel.values[slot], "") << slot;
+}
+
+TEST_F(TraceScalingTest, AReassignedSlotSelectsTheFirst) {
+    for (int slot = 0; slot < kSlotCount; ++slot) Fill(slot, 1 + RowOf(slot), ColumnOf(slot), 1.0, "V");
+    Tick();
+    selection.SelectSlot(2, 2);
+    slots[5].group = 9;
+    Tick();
+    EXPECT_EQ(panel.selected, 0);
 }
 
 TEST_F(TraceScalingTest, ALambdaOffersTheAirFuelRatio) {
