@@ -129,10 +129,10 @@ TEST_F(LogReaderTest, ReadsAnObdLogWithTextBehindItsLastUnit) {
 TEST_F(LogReaderTest, StepsOverAnObdSlotWithoutIdentifier) {
     Open(FIRST_LINE
          "OBD\n"
-         "m,t,PID- 000,t,PID- 013,t,PID- abc,t,PID- 999\n"
-         "m,t,none,t,Speed (km/h),t,none,t,Last (V)\n",
+         "m,t,PID- 000,t,PID- 001,t,PID- abc,t,PID- 999\n"
+         "m,t,none,t,Status (bits),t,none,t,Last (V)\n",
          "0,1.5,1,1.6,50,1.7,3,1.8,12.5\n");
-    EXPECT_EQ(NextRecord(), "OBD.LBL,G000,,,,G013,F0,50,km/h,G000,,,,G999,F0,12.5,V," + Empty(8));
+    EXPECT_EQ(NextRecord(), "OBD.LBL,G000,,,,G001,F0,50,bits,G000,,,,G999,F0,12.5,V," + Empty(8));
     ExpectStamps(1.5, 0.0, 0.0);
 }
 
@@ -243,6 +243,12 @@ TEST_F(LogReaderTest, ReadsTimesThatAreNoNumbersAsZero) {
         EXPECT_EQ(Next(), LogRow::Complete);
         ExpectStamps(seconds, 0.0, 0.0);
     }
+}
+
+TEST_F(LogReaderTest, ReadsATimeThatTheLineLacksAsZero) {
+    OpenGroups("'001", "'002", "none", "0,1.5,a,b,c,d\n");
+    EXPECT_EQ(Next(), LogRow::Short);
+    ExpectStamps(1.5, 0.0, 0.0);
 }
 
 TEST_F(LogReaderTest, StartsAnewWithTheStampsAtZero) {
