@@ -68,6 +68,13 @@ TEST_F(RecordParserTest, ReadsTenFieldsOfTheObdForm) {
     EXPECT_EQ(slots[5].group, 0);
 }
 
+TEST_F(RecordParserTest, FindsAnObdItemBehindOtherText) {
+    std::string items = "GZER,F0,12,,--GZER,F1,128,,";
+    for (char digit = '2'; digit <= '9'; ++digit) items += std::string("GZER,F") + digit + ",0,,";
+    EXPECT_TRUE(Parse(items + Empty(8)));
+    EXPECT_EQ(slots.obdValues[1], 128.0);
+}
+
 TEST_F(RecordParserTest, RemembersTheFormOfTheRecordBefore) {
     std::string obd;
     for (int i = 0; i < 10; ++i) obd += "GZER,F0,1,,";

@@ -240,6 +240,18 @@ TEST_F(ReplayLoopTest, SomethingElseThanALogIsRefused) {
     EXPECT_TRUE(chart.samples.empty());
 }
 
+TEST_F(ReplayLoopTest, OpeningTellsALogFromACancelledDialogAndFromSomethingElse) {
+    ReplayPacing pacing(acquisition.plot, pump, data.prefs);
+    LogSource source(state, pacing, dialog, dialog);
+    EXPECT_EQ(source.OpenLogFile(), 1);
+    Choose("x.csv", "not,a,log\n");
+    EXPECT_EQ(source.OpenLogFile(), -1);
+    std::filesystem::remove(folder / "x.csv");
+    EXPECT_EQ(source.OpenLogFile(), -1);
+    dialog.choice.reset();
+    EXPECT_EQ(source.OpenLogFile(), 0);
+}
+
 TEST_F(ReplayLoopTest, AMissingFileIsSaidOnce) {
     std::filesystem::remove(folder / "x.csv");
     Load();

@@ -182,6 +182,11 @@ TEST_F(LogReaderTest, WritesGroupsWithThreeDigits) {
         "G099,F3,h,b3,G100,F0,i,c0,G100,F1,j,c1,G100,F2,k,c2,G100,F3,l,c3,");
 }
 
+TEST_F(LogReaderTest, WritesAGroupOfTwoDigitsWithOneZero) {
+    OpenGroups("'010", "none", "none", "0,0,a,b,c,d\n");
+    EXPECT_EQ(NextRecord(), "ABC,G010,F0,a,a0,G010,F1,b,a1,G010,F2,c,a2,G010,F3,d,a3," + Empty(8));
+}
+
 TEST_F(LogReaderTest, KeepsValueTextsAsTheyStand) {
     OpenGroups("'001", "none", "none", "0,0, 780,-,1e3,\"x\"\n");
     EXPECT_EQ(NextRecord(), "ABC,G001,F0, 780,a0,G001,F1,-,a1,G001,F2,1e3,a2,G001,F3,\"x\",a3," + Empty(8));

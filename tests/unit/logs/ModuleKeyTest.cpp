@@ -104,6 +104,20 @@ TEST(ModuleSuffix, IsInUpperCaseAndEndsAtTheFirstOtherCharacter) {
     EXPECT_EQ(ModuleSuffixOf(""), "");
 }
 
+TEST(Letters, AreThoseOfAsciiInBothCases) {
+    const std::string_view small = "abcdefghijklmnopqrstuvwxyz";
+    const std::string_view capital = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (int byte = 0; byte < 256; ++byte) {
+        const char c = static_cast<char>(byte);
+        const bool isMember = std::string_view("0123456789").find(c) != std::string_view::npos ||
+                              small.find(c) != std::string_view::npos ||
+                              capital.find(c) != std::string_view::npos;
+        EXPECT_EQ(IsLetterOrDigit(c), isMember) << byte;
+        const auto letter = small.find(c);
+        EXPECT_EQ(UpperCaseOf(c), letter == std::string_view::npos ? c : capital[letter]) << byte;
+    }
+}
+
 // The letters of the extension are no part of the suffix.
 TEST(ModuleSuffix, OfAKeyOfElevenCharactersIsEmpty) {
     EXPECT_EQ(ModuleSuffixOf(KeyStemOf(ScalingFileNameOf("038 906 019"))), "");

@@ -224,6 +224,20 @@ TEST(DialGeometry, PlacesTheTextsByTheHeightOfTheFont) {
     EXPECT_EQ(larger.minLabel, (DialPoint{78, 149}));
 }
 
+// On a large dial a degree is several pixels.
+TEST(DialGeometry, HoldsItsAnglesOnALargeDial) {
+    const DialGeometry large{{0, 0, 1200, 1200}};
+    ASSERT_EQ(large.Radius(), 400);
+    ASSERT_EQ(large.InnerRadius(), 40);
+    const double top = DegreesToRadians(90);
+    const DialNeedle needle = large.Needle(top);
+    EXPECT_EQ(needle.lit, (DialTriangle{{{600, 700}, {586, 679}, {600, 200}}}));  // sides 10 degrees off
+    EXPECT_EQ(needle.shaded, (DialTriangle{{{600, 700}, {614, 679}, {600, 200}}}));
+    EXPECT_EQ(large.MinMarker(top), (DialTriangle{{{600, 220}, {600, 200}, {633, 221}}}));  // 5 degrees
+    EXPECT_EQ(large.MaxMarker(top), (DialTriangle{{{600, 220}, {600, 200}, {567, 221}}}));
+    EXPECT_EQ(large.Ticks()[3], (DialLine{{883, 317}, {857, 343}}));  // 45 degrees, from 400 to 364
+}
+
 TEST(DialGeometry, CountsFromTheCornerOfTheClientWhereItsRulesSaySo) {
     const DialGeometry shifted{{10, 20, 194, 181}};
     EXPECT_EQ(shifted.Centre(), (DialPoint{102, 80}));  // half the sum across, half the height down
