@@ -100,7 +100,7 @@ function onNumber() {
 }
 
 function onWord() {
-    # Behind a block a word begins the next statement.
+    # After a block a word begins the next statement.
     if (blockClosed) start = 0
     blockClosed = 0
     if (found == "true") here("logic", "false")
@@ -123,8 +123,8 @@ function onOperator(    n, i, alternatives) {
     followStatement()
 }
 
-# A statement is dropped whole: what stands between two semicolons or braces, behind labels and the heads of `if`
-# and the like. The brackets that are open, and for each open brace the statement around it, tell where it ends.
+# A whole statement is dropped: what stands between two semicolons or braces, after labels and after the head of an
+# `if` or the like. To know where it ends, we count the open brackets, and keep the statement around each open brace.
 
 function beginStatement() {
     if (start) return

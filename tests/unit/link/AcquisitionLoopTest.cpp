@@ -41,6 +41,7 @@ TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
     ASSERT_EQ(chart.samples.size(), 1u);
     EXPECT_EQ(chart.samples[0][0], 780.0);
     EXPECT_EQ(chart.samples[0][3], 4.2);
+    EXPECT_FALSE(chart.rangeSetWhileOn);  // each of its ranges would cost a redraw of the whole chart
     EXPECT_FALSE(chart.appendedWhileOff);
     EXPECT_EQ(panel.values[1],
               "90 \xB0"

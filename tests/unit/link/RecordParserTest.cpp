@@ -68,7 +68,7 @@ TEST_F(RecordParserTest, ReadsTenFieldsOfTheObdForm) {
     EXPECT_EQ(slots[5].group, 0);
 }
 
-TEST_F(RecordParserTest, FindsAnObdItemBehindOtherText) {
+TEST_F(RecordParserTest, FindsAnObdItemAfterOtherText) {
     std::string items = "GZER,F0,12,,--GZER,F1,128,,";
     for (char digit = '2'; digit <= '9'; ++digit) items += std::string("GZER,F") + digit + ",0,,";
     EXPECT_TRUE(Parse(items + Empty(8)));
@@ -112,9 +112,9 @@ TEST_F(RecordParserTest, FindsTheFirstTagAmongFortyOneCharacters) {
     EXPECT_FALSE(ParseFirst(std::string(41, '-') + "G001,F0,5,V,"));
 }
 
-TEST_F(RecordParserTest, TheNextTagIsSoughtBehindTheFieldBeforeIt) {
+TEST_F(RecordParserTest, TheSearchForATagBeginsWhereTheLastFieldEnded) {
     const std::string next = "G002,F1,7,V," + Empty(10);
-    // Behind the last comma of a field; behind the third comma of an empty one.
+    // A field ends after its last comma, an empty one after its third.
     EXPECT_TRUE(Parse("G001,F0,5,V," + std::string(40, '-') + next));
     EXPECT_FALSE(Parse("G001,F0,5,V," + std::string(41, '-') + next));
     EXPECT_TRUE(Parse("G000,,,," + std::string(39, '-') + next));
@@ -140,7 +140,7 @@ TEST_F(RecordParserTest, DropsOneBlankInFrontOfTheUnit) {
     EXPECT_EQ(slots[0].unit, "");
 }
 
-TEST_F(RecordParserTest, OnlyThreeDigitsAndACommaAreFoundBehindOtherText) {
+TEST_F(RecordParserTest, AfterOtherTextOnlyThreeDigitsAndACommaCount) {
     EXPECT_TRUE(ParseFirst("--G001,F0,5,V,"));
     EXPECT_EQ(slots[0].group, 1);
     for (const char* tag : {"Gx01,", "G0x1,", "G01x,", "G0011", "G01,F"}) {

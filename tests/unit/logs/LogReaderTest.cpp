@@ -250,7 +250,7 @@ TEST_F(LogReaderTest, ReadsTimesThatAreNoNumbersAsZero) {
     }
 }
 
-TEST_F(LogReaderTest, ReadsATimeThatTheLineLacksAsZero) {
+TEST_F(LogReaderTest, ReadsAMissingTimeAsZero) {
     OpenGroups("'001", "'002", "none", "0,1.5,a,b,c,d\n");
     EXPECT_EQ(Next(), LogRow::Short);
     ExpectStamps(1.5, 0.0, 0.0);

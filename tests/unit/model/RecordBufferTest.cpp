@@ -23,7 +23,7 @@ TEST(RecordBuffer, AFullBlockWithoutNulIsAllText) {
     EXPECT_EQ(record.Text(), std::string(513, 'x'));
 }
 
-TEST(RecordBuffer, TextEndsBehindWhatWasAdded) {
+TEST(RecordBuffer, TextEndsAfterWhatWasAdded) {
     RecordBuffer record;
     std::ranges::fill(record.Block(), 'x');
     record.Block()[2] = '\0';

@@ -30,7 +30,7 @@ TEST(AppendUtf16, TakesEveryOtherByteForTheCharacterOfItsNumber) {
     }
 }
 
-TEST(AppendUtf16, AddsBehindTheTextThatIsThere) {
+TEST(AppendUtf16, AddsToTheTextThatIsThere) {
     std::u16string text = u"x";
     AppendUtf16(text, "\xB0");
     EXPECT_EQ(text, u"x\u00B0");

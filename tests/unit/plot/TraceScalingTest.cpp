@@ -234,7 +234,7 @@ TEST_F(TraceScalingTest, GenericObdIdentifiersAreNamedBelowTheirValues) {
     EXPECT_EQ(ranges.RangeOf(13, 0).max, 250);
 }
 
-TEST_F(TraceScalingTest, GenericObdValuesLeaveNoTextOfOtherSlotsBehind) {
+TEST_F(TraceScalingTest, GenericObdValuesClearTheTextsOfOtherSlots) {
     for (int slot = 0; slot < kSlotCount; ++slot) Fill(slot, 1, 0, 1.0, "V");
     Tick();
     state.obdFile = true;

@@ -333,6 +333,8 @@ TEST_F(DefaultScalingTest, AUnitKeepsNothingThatWouldBreakTheFile) {
     m_table.LoadDefaultScaling();
     m_table.SetUnit(0, "m,g\n/\r\x1A\xFFs\xB2");
     EXPECT_EQ(m_table.Row(0).unit, "mg/s\xB2");
+    m_table.SetUnit(0, "mg / s");
+    EXPECT_EQ(m_table.Row(0).unit, "mg / s");
     m_table.SetUnit(1, std::string(60, 'x'));
     EXPECT_EQ(m_table.Row(1).unit, std::string(39, 'x'));
     Saved();

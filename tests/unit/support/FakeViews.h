@@ -21,6 +21,7 @@ struct FakeChart : TraceChart {
     void SetRange(double lower, double upper, int trace) override {
         ranges.at(static_cast<std::size_t>(trace)) = {lower, upper};
         ++rangesSet;
+        rangeSetWhileOn |= redraw;
     }
     Colour GetTraceColor(int trace) const override {
         return MakeColour(1, 2, static_cast<std::uint8_t>(trace));
@@ -40,6 +41,7 @@ struct FakeChart : TraceChart {
     int redraws = 0;
     bool redraw = true;
     bool appendedWhileOff = false;
+    bool rangeSetWhileOn = false;
 };
 
 struct FakePanel : SlotPanel {
