@@ -242,7 +242,8 @@ TEST_F(ReplayLoopTest, SomethingElseThanALogIsRefused) {
 
 TEST_F(ReplayLoopTest, OpeningTellsALogFromACancelledDialogAndFromSomethingElse) {
     ReplayPacing pacing(acquisition.plot, pump, data.prefs);
-    LogSource source(state, pacing, dialog, dialog);
+    RunWatch watch(pump, state);
+    LogSource source(state, pacing, dialog, dialog, watch);
     EXPECT_EQ(source.OpenLogFile(), 1);
     Choose("x.csv", "not,a,log\n");
     EXPECT_EQ(source.OpenLogFile(), -1);
