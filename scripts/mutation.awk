@@ -101,7 +101,7 @@ function onNumber() {
 
 function onWord() {
     # After a block a word begins the next statement.
-    if (blockClosed) start = 0
+    if (blockClosed) start = holdsStatements = 0
     blockClosed = 0
     if (found == "true") here("logic", "false")
     if (found == "false") here("logic", "true")

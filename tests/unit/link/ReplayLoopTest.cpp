@@ -105,6 +105,27 @@ TEST_F(ReplayLoopTest, KeepsThePaceOfTheLog) {
     EXPECT_NEAR(pump.NowMs() - began, 115.0 + 495.0 + 2995.0, 1.0);
 }
 
+TEST_F(ReplayLoopTest, KeepsThePaceWhenItIsPlayedAgain) {
+    Load();
+    const double began = pump.NowMs();
+    dialog.Pause();
+    EXPECT_NEAR(pump.NowMs() - began, 115.0 + 495.0 + 2995.0, 1.0);
+}
+
+TEST_F(ReplayLoopTest, AReplayThatIsPlayedAgainCanBeHeld) {
+    Load();
+    After(50.0, [&] { dialog.Pause(); });
+    After(400.0, [&] {
+        EXPECT_FALSE(state.playing);
+        EXPECT_FALSE(state.reopenLog);
+        EXPECT_EQ(dialog.pause, PauseImage::Resume);
+        dialog.Pause();
+    });
+    dialog.Pause();
+    EXPECT_EQ(chart.samples.size(), 6u);
+    EXPECT_EQ(chart.gaps.size(), 1u);
+}
+
 TEST_F(ReplayLoopTest, PauseAndResumeLeaveAGap) {
     After(50.0, [&] { dialog.Pause(); });
     After(400.0, [&] {
@@ -192,6 +213,14 @@ TEST_F(ReplayLoopTest, WithoutAutorunItHaltsAfterTheFirstRow) {
     Load();
     EXPECT_EQ(chart.samples.size(), 3u);
     EXPECT_EQ(chart.gaps.size(), 1u);
+}
+
+TEST_F(ReplayLoopTest, StopInTheHaltWithoutAutorunPlaysNoOtherRow) {
+    data.prefs.autorun = false;
+    After(5000.0, [&] { dialog.Stop(); });
+    Load();
+    EXPECT_EQ(chart.samples.size(), 1u);
+    EXPECT_TRUE(state.reopenLog);
 }
 
 TEST_F(ReplayLoopTest, ACancelledDialogDisablesPause) {
@@ -335,6 +364,12 @@ TEST_F(ReplayLoopTest, AForeignLogThatCallsItselfObdIsAnEmptyReplay) {
     EXPECT_TRUE(dialog.messages.empty());
     EXPECT_TRUE(state.stopped);
     EXPECT_TRUE(dialog.loadEnabled);
+}
+
+TEST_F(ReplayLoopTest, UntilTheFirstRowTheModuleIsCalledAsInTheHeader) {
+    After(0.0, [&] { EXPECT_EQ(acquisition.module.Key(), "038 906 019 FT"); });
+    Load();
+    EXPECT_EQ(acquisition.module.Key(), "038-906-019-FT.SCL");
 }
 
 TEST_F(ReplayLoopTest, StopBeforeTheFirstRowWritesNothing) {

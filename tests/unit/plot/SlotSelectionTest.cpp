@@ -29,8 +29,10 @@ TEST_F(SlotSelectionTest, NextWalksRowByRowAndStopsAtTheLast) {
         selection.SelectNext();
         EXPECT_EQ(panel.selected, slot);
     }
+    const int selections = panel.selections;
     selection.SelectNext();
     EXPECT_EQ(panel.selected, SlotOf(2, 3));
+    EXPECT_EQ(panel.selections, selections + 1);  // its limits are shown again
 }
 
 TEST_F(SlotSelectionTest, PreviousWalksBackAndStopsAtTheFirst) {
@@ -40,8 +42,10 @@ TEST_F(SlotSelectionTest, PreviousWalksBackAndStopsAtTheFirst) {
         selection.SelectPrevious();
         EXPECT_EQ(panel.selected, slot);
     }
+    const int selections = panel.selections;
     selection.SelectPrevious();
     EXPECT_EQ(panel.selected, 0);
+    EXPECT_EQ(panel.selections, selections + 1);
 }
 
 TEST_F(SlotSelectionTest, AnInactiveSlotGivesTheFirstOne) {

@@ -102,6 +102,16 @@ TEST_F(DefaultRowBrowserTest, TheLastRowNeedsAUnitAndAMaximumFirst) {
     }
 }
 
+TEST_F(DefaultRowBrowserTest, AnOnlyRowMustBeCompleteToo) {
+    Load("");
+    EXPECT_EQ(m_browser.AppendRow(), NewRow::Added);
+    EXPECT_EQ(m_browser.AppendRow(), NewRow::LastIncomplete);
+    m_browser.EnterUnit("V");
+    m_browser.EnterMax("20");
+    EXPECT_EQ(m_browser.AppendRow(), NewRow::Added);
+    EXPECT_EQ(Position(), "Field#: 2/2");
+}
+
 TEST_F(DefaultRowBrowserTest, TheLastRowNeedsAMaximumAboveItsMinimum) {
     for (const char* last : {"ms,30,30,\n", "ms,31,30,\n", "ms,-5,-6,\n"}) {
         Load(std::string("V,0,20,\n") + last);

@@ -244,6 +244,14 @@ TEST_F(ModuleScalingTest, AFileThatEndsEarlyIsReadAsFarAsItGoes) {
     ExpectRange(3, 0, 0, 100);  // and not what the module before had
 }
 
+TEST_F(ModuleScalingTest, AMinimumWithoutItsMaximumIsTakenAndEndsTheReading) {
+    Store(kEngine, "5,\n1,1,2,3,");
+    EXPECT_EQ(m_module.LoadModuleScaling(kEngine), ModuleLoad::Loaded);
+    ExpectRange(1, 0, 1, 2);
+    ExpectRange(1, 1, 3, 100);
+    ExpectRange(1, 2, 0, 100);
+}
+
 TEST_F(ModuleScalingTest, AnEmptyFileChoosesNoRangeAndKeepsThePixelShift) {
     Store(kEngine, "");
     m_state.pixelShift = 6;
