@@ -1,6 +1,6 @@
 #include "app/MeterWindows.h"
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 
 namespace plotvane {
 namespace {

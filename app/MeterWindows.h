@@ -6,8 +6,8 @@
 #include "link/DriveData.h"
 #include "logs/LabelTable.h"
 #include "meter/MeterWnd.h"
-#include "plot/MeterBoard.h"
-#include "plot/TraceChart.h"
+#include "plot/binding/MeterBoard.h"
+#include "plot/chart/TraceChart.h"
 
 namespace plotvane {
 

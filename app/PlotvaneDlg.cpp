@@ -4,16 +4,16 @@
 
 #include "app/AboutDlg.h"
 #include "app/DialogLayout.h"
-#include "app/PrefsDlg.h"
 #include "app/TitleHint.h"
 #include "app/Version.h"
-#include "files/FileOperations.h"
+#include "base/FileOperations.h"
+#include "base/Numbers.h"
 #include "framework/Dc.h"
 #include "framework/Text.h"
 #include "link/ExchangeFile.h"
 #include "link/HostDetection.h"
-#include "model/Numbers.h"
 #include "res/resource.h"
+#include "scaling/PrefsDlg.h"
 #include "scaling/PrefsFile.h"
 
 namespace plotvane {

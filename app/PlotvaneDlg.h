@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "app/LogFileDialog.h"
 #include "app/MeterWindows.h"
 #include "app/RunButtonControls.h"
 #include "app/SlotControls.h"
@@ -12,7 +11,8 @@
 #include "link/DriveData.h"
 #include "link/InheritedPipe.h"
 #include "link/WindowPump.h"
-#include "plot/MultiPlotCtrl.h"
+#include "logs/LogFileDialog.h"
+#include "plot/chart/MultiPlotCtrl.h"
 
 namespace plotvane {
 

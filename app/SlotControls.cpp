@@ -1,8 +1,8 @@
 #include "app/SlotControls.h"
 
 #include "app/DialogLayout.h"
-#include "model/Numbers.h"
-#include "plot/AirFuelRule.h"
+#include "base/Numbers.h"
+#include "plot/binding/AirFuelRule.h"
 #include "res/resource.h"
 
 namespace plotvane {

@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
-#include "app/ValueBox.h"
-#include "plot/ColorBox.h"
-#include "plot/SlotPanel.h"
+#include "controls/ColorBox.h"
+#include "controls/ValueBox.h"
+#include "plot/binding/SlotPanel.h"
 
 namespace plotvane {
 

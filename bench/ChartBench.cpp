@@ -11,8 +11,8 @@
 #include <memory>
 #include <vector>
 
-#include "plot/MultiPlotCtrl.h"
-#include "tests/windows/plot/BareChart.h"
+#include "plot/chart/MultiPlotCtrl.h"
+#include "tests/windows/plot/chart/BareChart.h"
 
 namespace plotvane {
 namespace {

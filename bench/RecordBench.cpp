@@ -16,11 +16,11 @@
 
 #include "link/BlockReader.h"
 #include "link/RecordParser.h"
-#include "plot/TraceScaling.h"
+#include "plot/binding/TraceScaling.h"
 #include "tests/unit/support/WholeWay.h"
-#include "tools/DriveRecord.h"
-#include "tools/SampleLogs.h"
-#include "tools/ScriptedDrive.h"
+#include "tools/drives/DriveRecord.h"
+#include "tools/drives/ScriptedDrive.h"
+#include "tools/samples/SampleLogs.h"
 
 namespace plotvane {
 namespace {

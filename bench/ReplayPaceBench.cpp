@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "link/WindowPump.h"
-#include "plot/ReplayPacing.h"
+#include "plot/binding/ReplayPacing.h"
 #include "tests/unit/support/FakeViews.h"
 
 namespace plotvane {

@@ -10,10 +10,10 @@
 #include "link/RecordParser.h"
 #include "logs/LogCheck.h"
 #include "logs/LogReader.h"
-#include "tools/DriveRecord.h"
-#include "tools/PlainCsv.h"
-#include "tools/RecordText.h"
-#include "tools/SampleLogs.h"
+#include "tools/drives/DriveRecord.h"
+#include "tools/drives/PlainCsv.h"
+#include "tools/drives/RecordText.h"
+#include "tools/samples/SampleLogs.h"
 
 namespace plotvane::fuzz {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 #include "tests/unit/support/ScriptedPipe.h"
 
 namespace plotvane::fuzz {

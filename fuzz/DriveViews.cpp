@@ -7,7 +7,7 @@
 
 #include "fuzz/Promise.h"
 #include "meter/DialGeometry.h"
-#include "plot/ChartLabels.h"
+#include "plot/chart/ChartLabels.h"
 #include "scaling/PresetColours.h"
 
 namespace plotvane::fuzz {

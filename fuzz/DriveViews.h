@@ -7,10 +7,10 @@
 
 #include "meter/Gauge.h"
 #include "model/RunState.h"
-#include "plot/ChartGeometry.h"
-#include "plot/MeterBoard.h"
-#include "plot/PlotTrace.h"
-#include "plot/TraceChart.h"
+#include "plot/binding/MeterBoard.h"
+#include "plot/chart/ChartGeometry.h"
+#include "plot/chart/PlotTrace.h"
+#include "plot/chart/TraceChart.h"
 #include "scaling/Prefs.h"
 
 namespace plotvane::fuzz {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <string>
 
-#include "files/TextInput.h"
+#include "base/TextInput.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
 #include "fuzz/ScratchFolder.h"

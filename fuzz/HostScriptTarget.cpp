@@ -2,7 +2,7 @@
 #include "fuzz/Promise.h"
 #include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
-#include "tools/HostScript.h"
+#include "tools/sim/HostScript.h"
 
 namespace plotvane::fuzz {
 namespace {

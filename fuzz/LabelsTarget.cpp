@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "files/FileName.h"
+#include "base/FileName.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
 #include "fuzz/ScratchFolder.h"

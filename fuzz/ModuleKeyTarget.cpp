@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <string>
 
-#include "files/FileName.h"
+#include "base/FileName.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
 #include "fuzz/Targets.h"

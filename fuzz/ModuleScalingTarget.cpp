@@ -1,6 +1,6 @@
 #include <string>
 
-#include "files/FileName.h"
+#include "base/FileName.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
 #include "fuzz/ScratchFolder.h"

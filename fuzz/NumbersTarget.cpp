@@ -9,10 +9,10 @@
 #include <string>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
 #include "fuzz/Targets.h"
-#include "model/Numbers.h"
 
 namespace plotvane::fuzz {
 namespace {

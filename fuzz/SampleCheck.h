@@ -3,8 +3,8 @@
 #include <array>
 
 #include "link/DriveData.h"
-#include "plot/FuelFigures.h"
-#include "plot/TraceChart.h"
+#include "plot/binding/FuelFigures.h"
+#include "plot/chart/TraceChart.h"
 #include "tests/unit/support/FakeViews.h"
 
 namespace plotvane::fuzz {

@@ -1,7 +1,7 @@
 #include <string>
 
-#include "files/AtomicFile.h"
-#include "files/WholeCopy.h"
+#include "base/AtomicFile.h"
+#include "base/WholeCopy.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/Promise.h"
 #include "fuzz/ScratchFolder.h"

@@ -5,8 +5,8 @@
 #include "link/LoopOwner.h"
 #include "logs/CurrentModule.h"
 #include "model/RecordBuffer.h"
-#include "plot/TenChannels.h"
-#include "plot/TraceScaling.h"
+#include "plot/binding/TenChannels.h"
+#include "plot/binding/TraceScaling.h"
 
 namespace plotvane {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "files/TextInput.h"
-#include "model/Numbers.h"
+#include "base/Numbers.h"
+#include "base/TextInput.h"
 
 namespace plotvane {
 

@@ -7,7 +7,7 @@
 #include "link/LoopOwner.h"
 #include "link/RecordSource.h"
 #include "logs/LogReader.h"
-#include "plot/ReplayPacing.h"
+#include "plot/binding/ReplayPacing.h"
 
 namespace plotvane {
 

@@ -2,7 +2,7 @@
 
 #include "link/AcquisitionLoop.h"
 #include "link/LogSource.h"
-#include "plot/ReplayPacing.h"
+#include "plot/binding/ReplayPacing.h"
 
 namespace plotvane {
 

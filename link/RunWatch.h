@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/ReadWatch.h"
+#include "base/ReadWatch.h"
 #include "model/MessagePump.h"
 #include "model/RunState.h"
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "base/Windows1252.h"
 #include "logs/LabelFile.h"
 #include "logs/ModuleKey.h"
-#include "model/Windows1252.h"
 
 namespace plotvane {
 

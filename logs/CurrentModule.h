@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "files/ReadWatch.h"
+#include "base/ReadWatch.h"
 #include "logs/LabelTable.h"
 #include "logs/TitleBar.h"
 #include "model/RunState.h"

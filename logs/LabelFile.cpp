@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "files/FileName.h"
-#include "model/Numbers.h"
+#include "base/FileName.h"
+#include "base/Numbers.h"
 
 namespace plotvane {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "files/TextInput.h"
+#include "base/TextInput.h"
 #include "logs/LabelTable.h"
 #include "logs/ModuleKey.h"
 

@@ -1,8 +1,8 @@
 #include "logs/LogCheck.h"
 
-#include "files/FileName.h"
-#include "files/FileOperations.h"
-#include "files/TextInput.h"
+#include "base/FileName.h"
+#include "base/FileOperations.h"
+#include "base/TextInput.h"
 
 namespace plotvane {
 namespace {

@@ -1,6 +1,6 @@
 #include "logs/LogHeader.h"
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 
 namespace plotvane {
 namespace {

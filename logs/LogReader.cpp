@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 
 namespace plotvane {
 namespace {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "files/TextInput.h"
+#include "base/TextInput.h"
 
 namespace plotvane {
 

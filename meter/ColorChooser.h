@@ -6,7 +6,7 @@
 
 #include <optional>
 
-#include "model/Colour.h"
+#include "base/Colour.h"
 
 namespace plotvane {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 
 namespace plotvane {
 namespace {

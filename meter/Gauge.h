@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/Colour.h"
+#include "base/Colour.h"
 
 namespace plotvane {
 

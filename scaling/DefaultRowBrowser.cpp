@@ -1,6 +1,6 @@
 #include "scaling/DefaultRowBrowser.h"
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 #include "scaling/ScalingTokens.h"
 
 namespace plotvane {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "files/AtomicFile.h"
-#include "files/FileName.h"
-#include "model/Numbers.h"
+#include "base/AtomicFile.h"
+#include "base/FileName.h"
+#include "base/Numbers.h"
 #include "scaling/ScalingTokens.h"
 
 namespace plotvane {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "files/TextInput.h"
+#include "base/TextInput.h"
 #include "model/RunState.h"
 #include "scaling/DefaultScaling.h"
 

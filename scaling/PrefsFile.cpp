@@ -4,9 +4,9 @@
 #include <span>
 #include <string>
 
-#include "files/AtomicFile.h"
-#include "files/FileOperations.h"
-#include "model/Numbers.h"
+#include "base/AtomicFile.h"
+#include "base/FileOperations.h"
+#include "base/Numbers.h"
 #include "scaling/ScalingTokens.h"
 
 namespace plotvane {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 #include "res/resource.h"
 
 namespace plotvane {

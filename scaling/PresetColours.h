@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "model/Colour.h"
+#include "base/Colour.h"
 #include "model/FieldSlot.h"
 
 namespace plotvane {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "model/Numbers.h"
+#include "base/Numbers.h"
 #include "scaling/FieldScaling.h"
 
 namespace plotvane {

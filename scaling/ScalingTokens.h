@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "files/TextInput.h"
+#include "base/TextInput.h"
 
 namespace plotvane {
 

@@ -6,7 +6,7 @@
 #
 #   scripts/pictures.sh manual
 #
-# takes them anew. Code that draws often changes without a difference to be seen: then it only says so.
+# takes them again. Code that draws often changes without any visible difference, so that only gives a note.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 notes=docs/manual/pictures
@@ -14,7 +14,7 @@ notes=docs/manual/pictures
 # Of each kind the files in the order of their names, with their sums.
 shown() { find res samples -type f ! -name 'README.md' ! -name '*.svg' | LC_ALL=C sort | xargs -d '\n' sha256sum; }
 drawing() {
-    find app framework meter plot -type f -name '*.cpp' | LC_ALL=C sort | xargs -d '\n' sha256sum
+    find app controls framework meter plot scaling -type f -name '*.cpp' | LC_ALL=C sort | xargs -d '\n' sha256sum
 }
 
 # changed KIND: the names of the files that are not as noted, one a line.
@@ -33,6 +33,6 @@ if ((${#code[@]})); then
 fi
 mapfile -t looks < <(changed shown)
 if ((${#looks[@]})); then
-    echo "the manual's pictures show what has changed since (scripts/pictures.sh manual takes them anew): ${looks[*]}"
+    echo "the manual's pictures show what has changed since (scripts/pictures.sh manual takes them again): ${looks[*]}"
     exit 1
 fi

@@ -7,9 +7,9 @@
 
 #include "tests/allocations/CountedNew.h"
 #include "tests/unit/support/WholeWay.h"
-#include "tools/DriveRecord.h"
-#include "tools/SampleLogs.h"
-#include "tools/ScriptedDrive.h"
+#include "tools/drives/DriveRecord.h"
+#include "tools/drives/ScriptedDrive.h"
+#include "tools/samples/SampleLogs.h"
 
 // Nothing is allocated for a record once every text has grown as long as it gets: counted over a thousand
 // records of the whole portable way, behind as many that warm it up.

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "model/Colour.h"
+#include "base/Colour.h"
 
 namespace plotvane::test {
 

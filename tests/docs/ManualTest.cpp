@@ -13,8 +13,8 @@
 
 #include "logs/LabelFile.h"
 #include "logs/ModuleKey.h"
-#include "plot/AirFuelRule.h"
-#include "plot/FuelFigures.h"
+#include "plot/binding/AirFuelRule.h"
+#include "plot/binding/FuelFigures.h"
 #include "scaling/DefaultScaling.h"
 #include "tests/docs/Page.h"
 #include "tests/support/TempFolder.h"
@@ -82,7 +82,7 @@ TEST(ManualMessagesTest, AreShownByOneFunctionOfEachDialog) {
         if (IsProgramSource(name) && SourceText(name).find("MessageBox") != std::string::npos)
             callers.insert(name);
     }
-    EXPECT_EQ(callers, (std::set<std::string>{"app/PlotvaneDlg.cpp", "app/PrefsDlg.cpp"}));
+    EXPECT_EQ(callers, (std::set<std::string>{"app/PlotvaneDlg.cpp", "scaling/PrefsDlg.cpp"}));
     for (const std::string& name : callers)
         EXPECT_EQ(Matches(SourceText(name), "(MessageBox)").size(), 1U) << name;
 }

@@ -13,7 +13,7 @@
 #include "tests/support/TempFolder.h"
 #include "tests/unit/support/FakePump.h"
 #include "tests/unit/support/ScriptedPipe.h"
-#include "tools/HostScript.h"
+#include "tools/sim/HostScript.h"
 
 namespace plotvane::test {
 namespace {

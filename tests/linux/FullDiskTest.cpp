@@ -1,5 +1,5 @@
 // A disk that is full, at each byte of each settings file.
-#include "files/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "scaling/ModuleScaling.h"
 #include "tests/linux/support/FileSizeLimit.h"
 #include "tests/linux/support/SettingsFile.h"

@@ -2,8 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "files/AtomicFile.h"
-#include "files/WholeCopy.h"
+#include "base/AtomicFile.h"
+#include "base/WholeCopy.h"
 #include "tests/linux/support/FileFaults.h"
 #include "tests/linux/support/FileSizeLimit.h"
 #include "tests/linux/support/SettingsFile.h"

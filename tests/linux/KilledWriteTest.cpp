@@ -1,7 +1,7 @@
 // A process that ends while it replaces a settings file.
 #include <functional>
 
-#include "files/WholeCopy.h"
+#include "base/WholeCopy.h"
 #include "tests/linux/support/FileFaults.h"
 #include "tests/linux/support/Killed.h"
 #include "tests/linux/support/SettingsFile.h"

@@ -1,5 +1,5 @@
 // Settings files that are links, and links that somebody has put where the program writes.
-#include "files/FileOperations.h"
+#include "base/FileOperations.h"
 #include "scaling/DefaultScaling.h"
 #include "tests/linux/support/FileFaults.h"
 #include "tests/linux/support/SettingsFile.h"

@@ -1,5 +1,5 @@
 // A disk that fails while a file is read: what could not be read whole counts as not read.
-#include "files/TextInput.h"
+#include "base/TextInput.h"
 #include "link/ExchangeFile.h"
 #include "logs/LabelFile.h"
 #include "logs/LogCheck.h"

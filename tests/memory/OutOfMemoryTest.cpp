@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "plot/GridOverlay.h"
+#include "plot/chart/GridOverlay.h"
 #include "tests/memory/FailingNew.h"
 #include "tests/support/OpenFile.h"
 #include "tests/unit/support/AcquisitionFixture.h"

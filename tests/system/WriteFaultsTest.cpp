@@ -1,5 +1,5 @@
 // Settings files that cannot be written: what the program says, and what is on the disk afterwards.
-#include "files/WholeCopy.h"
+#include "base/WholeCopy.h"
 #include "tests/system/support/MainDialog.h"
 #include "tests/system/support/Records.h"
 #include "tests/system/support/Session.h"

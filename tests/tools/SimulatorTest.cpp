@@ -6,9 +6,9 @@
 #include <string>
 
 #include "tests/support/TempFolder.h"
-#include "tools/DriveRecord.h"
-#include "tools/RecordText.h"
-#include "tools/ScriptedDrive.h"
+#include "tools/drives/DriveRecord.h"
+#include "tools/drives/RecordText.h"
+#include "tools/drives/ScriptedDrive.h"
 
 namespace plotvane {
 namespace {

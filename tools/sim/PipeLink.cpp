@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "tools/ProgressLine.h"
+#include "tools/sim/ProgressLine.h"
 #include "tools/sim/WideText.h"
 
 namespace plotvane {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/HostLink.h"
 #include "tools/sim/Console.h"
+#include "tools/sim/HostLink.h"
 #include "tools/sim/HostedProgram.h"
 #include "tools/sim/PipeToProgram.h"
 

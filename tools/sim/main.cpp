@@ -7,16 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "files/AtomicFile.h"
-#include "tools/DrivePlayer.h"
-#include "tools/HostScript.h"
-#include "tools/PlainCsv.h"
-#include "tools/ScriptedDrive.h"
-#include "tools/SimOptions.h"
+#include "base/AtomicFile.h"
+#include "tools/drives/PlainCsv.h"
+#include "tools/drives/ScriptedDrive.h"
 #include "tools/sim/Console.h"
+#include "tools/sim/DrivePlayer.h"
+#include "tools/sim/HostScript.h"
 #include "tools/sim/HostedProgram.h"
 #include "tools/sim/PipeLink.h"
 #include "tools/sim/PipeToProgram.h"
+#include "tools/sim/SimOptions.h"
 #include "tools/sim/WideText.h"
 
 namespace plotvane {

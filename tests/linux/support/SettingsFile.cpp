@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "files/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "scaling/ModuleScaling.h"
 #include "scaling/PrefsFile.h"
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "plot/MeterBoard.h"
-#include "plot/SlotPanel.h"
-#include "plot/TraceChart.h"
+#include "plot/binding/MeterBoard.h"
+#include "plot/binding/SlotPanel.h"
+#include "plot/chart/TraceChart.h"
 
 // Views that remember what they were told, so that tests can read it back.
 namespace plotvane::test {

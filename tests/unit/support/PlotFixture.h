@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "plot/TracePlot.h"
+#include "plot/binding/TracePlot.h"
 #include "scaling/Prefs.h"
 #include "tests/support/TempFolder.h"
 #include "tests/unit/support/FakePump.h"

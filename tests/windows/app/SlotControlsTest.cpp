@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/DialogLayout.h"
-#include "plot/AirFuelRule.h"
+#include "plot/binding/AirFuelRule.h"
 #include "tests/windows/app/SlotControlsFixture.h"
 
 namespace plotvane::test {

@@ -1,0 +1,97 @@
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "base/FileOperations.h"
+
+namespace plotvane {
+namespace {
+
+class SystemHandle {
+public:
+    explicit SystemHandle(HANDLE handle) : m_handle(handle) {}
+    ~SystemHandle() {
+        if (IsOpen()) ::CloseHandle(m_handle);
+    }
+    SystemHandle(const SystemHandle&) = delete;
+    SystemHandle& operator=(const SystemHandle&) = delete;
+
+    bool IsOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
+    HANDLE Get() const { return m_handle; }
+
+private:
+    HANDLE m_handle;
+};
+
+// To ask about a file or folder, not to read it: that works also where another program keeps it to itself.
+HANDLE OpenToAsk(const std::filesystem::path& path) {
+    return ::CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                         OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+bool SaysMissing(DWORD error) {
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+// A link that leads nowhere opens as if it were missing itself; its attributes are its own.
+bool IsLinkToNowhere(const std::filesystem::path& path) {
+    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// Empty if the system cannot tell.
+std::wstring NameBehind(HANDLE file) {
+    const DWORD room = ::GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED);
+    std::wstring name(room, L'\0');
+    const DWORD length = ::GetFinalPathNameByHandleW(file, name.data(), room, FILE_NAME_NORMALIZED);
+    name.resize(length < room ? length : 0);
+    return name;
+}
+
+}  // namespace
+
+FileKind KindOf(const std::filesystem::path& path) {
+    const SystemHandle file(OpenToAsk(path));
+    if (!file.IsOpen()) {
+        return SaysMissing(::GetLastError()) && !IsLinkToNowhere(path) ? FileKind::Missing : FileKind::Other;
+    }
+    BY_HANDLE_FILE_INFORMATION information{};
+    const bool isKnown = ::GetFileInformationByHandle(file.Get(), &information) != 0;
+    const DWORD attributes = information.dwFileAttributes;
+    if (!isKnown || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return FileKind::Other;
+    return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? FileKind::Protected : FileKind::File;
+}
+
+bool IsFolder(const std::filesystem::path& path) {
+    const SystemHandle folder(OpenToAsk(path));
+    BY_HANDLE_FILE_INFORMATION information{};
+    return folder.IsOpen() && ::GetFileInformationByHandle(folder.Get(), &information) != 0 &&
+           (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+std::filesystem::path FinalPathOf(const std::filesystem::path& path) {
+    {
+        const SystemHandle file(OpenToAsk(path));
+        if (file.IsOpen()) {
+            const std::wstring name = NameBehind(file.Get());
+            return name.empty() ? path : std::filesystem::path(name);
+        }
+    }
+    const SystemHandle folder(OpenToAsk(path.has_parent_path() ? path.parent_path() : "."));
+    const std::wstring name = folder.IsOpen() ? NameBehind(folder.Get()) : std::wstring{};
+    return name.empty() ? path : std::filesystem::path(name) / path.filename();
+}
+
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> entries;
+    WIN32_FIND_DATAW entry{};
+    const HANDLE first = ::FindFirstFileW((folder / L"*").c_str(), &entry);
+    if (first == INVALID_HANDLE_VALUE) return entries;
+    const auto close = [](HANDLE search) { ::FindClose(search); };
+    const std::unique_ptr<void, decltype(close)> search(first);
+    do entries.push_back(folder / entry.cFileName);
+    while (::FindNextFileW(search.get(), &entry));
+    return entries;
+}
+
+}  // namespace plotvane

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "base/FileHandle.h"
+#include "base/ReadWatch.h"
+
+namespace plotvane {
+
+// A text file of the host's or of this program's, read character by character; of any length, with
+// constant memory. Line ends arrive as '\n' alone (CR LF is folded; a CR by itself stays). The text ends
+// at the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. The C
+// library's own text mode is not used, because it differs between systems. Where there is a watch, it is
+// asked every 64 KB; if the text is no longer wanted, it ends there and is closed.
+class TextInput {
+public:
+    static constexpr int kEnd = -1;
+
+    TextInput() = default;  // not open
+    // The watch, if any, must outlive this object.
+    explicit TextInput(const std::filesystem::path& path, ReadWatch* watch = nullptr)
+        : m_file(OpenFile(path, "rb")), m_watch(watch) {}
+    explicit TextInput(FileHandle file) : m_file(std::move(file)) {}
+
+    bool IsOpen() const { return m_file != nullptr; }
+
+    // The next character as 0..254, or kEnd; Get moves behind it, Peek does not. At the end, after an error,
+    // or when not open, both stay at kEnd.
+    int Get();
+    int Peek();
+
+    // Whether the disk refused to give up the next bytes. The text then stops short of its end, and nobody
+    // knows what follows: a reader counts such a file as not read.
+    bool HasFailed() const { return m_failed; }
+
+private:
+    static constexpr std::size_t kBufferSize = 4096;
+    static constexpr int kBuffersPerLook = 16;  // of the watch
+
+    int ReadCharacter();
+    int NextByte();
+    int PeekByte();
+    bool IsWanted();
+    void FillBuffer();
+
+    FileHandle m_file;
+    ReadWatch* m_watch = nullptr;
+    int m_buffersRead = 0;  // since the watch was asked
+    std::array<unsigned char, kBufferSize> m_buffer{};
+    std::size_t m_next = 0;
+    std::size_t m_filled = 0;
+    std::optional<int> m_ahead;  // the character that Peek has seen
+    bool m_ended = false;
+    bool m_failed = false;
+};
+
+}  // namespace plotvane

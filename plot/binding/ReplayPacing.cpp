@@ -1,0 +1,82 @@
+#include "plot/binding/ReplayPacing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/Numbers.h"
+#include "model/Meanwhile.h"
+
+namespace plotvane {
+namespace {
+
+constexpr double kJumpSeconds = 5.0;      // a longer step in log time is a gap, not a wait
+constexpr double kLongestJumpWait = 1.0;  // seconds that are waited in its place
+constexpr double kFirstStep = 0.25;       // seconds assumed where a row has no stamp
+constexpr double kStepCostMs = 5.0;       // of the work that a row takes besides the wait
+constexpr double kLatestMs = 50.0;        // further behind its time the replay does not try to catch up
+constexpr int kLongestSleepMs = 1000;     // a click ends any sleep
+
+}  // namespace
+
+void ReplayPacing::Restart() {
+    m_previous.fill(0.0);
+    m_stepMs = kNever;
+    m_rowsReplayed = 0;
+}
+
+bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
+    const auto stamp = std::ranges::find_if(stamps, [](double seconds) { return seconds != 0.0; });
+    const bool stamped = stamp != stamps.end();
+    const double now = stamped ? *stamp : 0.0;
+    const double before =
+        stamped ? m_previous[static_cast<std::size_t>(stamp - stamps.begin())] : -kFirstStep;
+
+    double step = now - before;
+    if (step > kJumpSeconds) {
+        m_plot.chart.AppendGap(m_plot.values);
+        step = std::min(step, kLongestJumpWait);
+    }
+    if (!WaitForStep(step, run)) return false;
+
+    m_text.clear();
+    AppendFixed(m_text, now, 2);
+    m_plot.panel.ShowElapsed(m_text);
+    m_previous = stamps;
+    return m_rowsReplayed++ == 1 && !m_prefs.autorun;
+}
+
+// The next step counts from when this one was due: the replay keeps its pace however late a single wake-up
+// comes. The speed may be changed during the wait. Messages are dispatched at least once in every step. False
+// if the run ended meanwhile.
+bool ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
+    do {
+        const double leftMs = std::ceil(DueMs(seconds) - m_pump.NowMs());
+        m_pump.SleepAndDispatch(static_cast<int>(std::clamp<double>(leftMs, 0.0, kLongestSleepMs)));
+        // A newer replay may have begun, and what is remembered here is that one's.
+        if (run.Ended()) return false;
+    } while (m_pump.NowMs() < DueMs(seconds));
+    const double dueMs = DueMs(seconds);
+    m_stepMs = m_pump.NowMs() - dueMs > kLatestMs ? m_pump.NowMs() : dueMs;
+    return true;
+}
+
+double ReplayPacing::DueMs(double seconds) const {
+    return m_stepMs + std::max(0.0, m_plot.state.replayPeriodMs * seconds - kStepCostMs);
+}
+
+void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
+    RunState& state = m_plot.state;
+    if (!run.Ended()) state.gapPending = true;
+    state.halted = true;
+    m_heldRun.emplace(run);
+    if (m_isWaiting) return;
+    {
+        const Meanwhile waiting(m_isWaiting);
+        while (!state.playing && !m_heldRun->Ended()) m_pump.SleepAndDispatch(kLongestSleepMs);
+    }
+    state.halted = false;
+    if (!m_heldRun->Ended() && state.gapPending) m_plot.chart.AppendGap(m_plot.values);
+    state.gapPending = false;
+}
+
+}  // namespace plotvane

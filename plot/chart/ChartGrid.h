@@ -1,0 +1,24 @@
+#pragma once
+
+#include <span>
+
+#include "base/Colour.h"
+#include "framework/Gdi.h"
+#include "plot/chart/ChartGeometry.h"
+#include "plot/chart/ChartLabels.h"
+
+namespace plotvane {
+
+// How many dotted lines the plot has.
+struct GridCounts {
+    int vertical = 6;
+    int horizontal = 4;
+};
+
+// The part of the chart that does not scroll: frame, dotted grid and labels on a picture whose background is
+// filled already. Dear (some thousand dots, up to 24 texts), so it is drawn only when something in it
+// changes.
+void DrawChartGrid(const Picture& picture, const ChartGeometry& geometry, const GridCounts& counts,
+                   Colour gridColour, std::span<const ChartLabel> labels);
+
+}  // namespace plotvane

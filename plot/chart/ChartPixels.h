@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+
+#include "base/Colour.h"
+#include "plot/chart/ChartGeometry.h"
+
+namespace plotvane {
+
+// The memory of a 32-bit picture, rows from top to bottom without gaps. A pixel is 0x00RRGGBB; the drawing
+// primitives of the platform may leave anything in the high byte, and nobody looks at it.
+struct ChartPixels {
+    std::uint32_t* pixels = nullptr;
+    int width = 0;
+    int height = 0;
+
+    // Moves what lies inside `area` to the left by `shift` pixels. What leaves the area is gone, so that no
+    // trace gets among the labels; the strip laid bare at its right edge is left to the caller. Areas are
+    // clipped to the picture.
+    void ScrollLeft(const PixelRect& area, int shift) const;
+
+    // Dots in every fourth pixel of a row or column, from the area's first to before its end.
+    void DotRow(const PixelRect& area, int y, Colour colour) const;
+    void DotColumn(const PixelRect& area, int x, Colour colour) const;
+
+private:
+    PixelRect Clipped(const PixelRect& area) const;
+    std::uint32_t* Row(int y) const;
+    void Dot(int x, int y, std::uint32_t pixel) const;
+};
+
+}  // namespace plotvane

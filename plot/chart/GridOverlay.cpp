@@ -1,0 +1,65 @@
+#include "plot/chart/GridOverlay.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace plotvane {
+namespace {
+
+constexpr std::uint32_t kColourBits = 0x00FFFFFF;
+
+}  // namespace
+
+bool GridOverlay::Fits(const ChartPixels& picture) const {
+    return m_isTaken && picture.pixels && picture.width == m_width && picture.height == m_height;
+}
+
+void GridOverlay::TakeFrom(const ChartPixels& picture) {
+    // Memory may run out below, between one buffer and the next: then there is no grid.
+    m_isTaken = false;
+    m_width = picture.width;
+    m_height = picture.height;
+    m_runs.clear();
+    m_grid.clear();
+    const std::uint32_t* const first = picture.pixels;
+    const std::uint32_t* const end =
+        first + static_cast<std::ptrdiff_t>(picture.width) * static_cast<std::ptrdiff_t>(picture.height);
+    const auto isDrawn = [](std::uint32_t pixel) { return (pixel & kColourBits) != 0; };
+    for (const std::uint32_t* run = std::find_if(first, end, isDrawn); run != end;) {
+        const std::uint32_t* const behind = std::find_if_not(run, end, isDrawn);
+        m_runs.push_back({static_cast<std::uint32_t>(run - first), static_cast<std::uint32_t>(behind - run)});
+        m_grid.insert(m_grid.end(), run, behind);
+        run = std::find_if(behind, end, isDrawn);
+    }
+    m_covered.assign(m_grid.size(), 0);
+    m_isTaken = true;
+}
+
+void GridOverlay::LayOn(const ChartPixels& traces) {
+    if (!Fits(traces)) return;
+    const std::uint32_t* grid = m_grid.data();
+    std::uint32_t* covered = m_covered.data();
+    // Each run by value, here and below: a reference might lie in what is written, as far as the compiler
+    // knows, and it would take one pixel at a time.
+    for (const Run run : m_runs) {
+        std::uint32_t* const pixels = traces.pixels + run.first;
+        for (std::size_t i = 0; i < run.length; ++i) {
+            covered[i] = pixels[i];
+            pixels[i] |= grid[i];
+        }
+        grid += run.length;
+        covered += run.length;
+    }
+}
+
+void GridOverlay::LiftOff(const ChartPixels& picture) const {
+    if (!Fits(picture)) return;
+    const std::uint32_t* covered = m_covered.data();
+    for (const Run run : m_runs) {
+        std::uint32_t* const pixels = picture.pixels + run.first;
+        for (std::size_t i = 0; i < run.length; ++i) pixels[i] = covered[i];
+        covered += run.length;
+    }
+}
+
+}  // namespace plotvane

@@ -1,0 +1,247 @@
+#include "plot/chart/MultiPlotCtrl.h"
+
+#include <algorithm>
+
+#include "controls/PlotWindowClass.h"
+#include "plot/chart/ChartLabels.h"
+#include "scaling/PresetColours.h"
+
+namespace plotvane {
+namespace {
+
+constexpr int kGapPx = 30;
+constexpr int kWidestPenPx = 10;
+
+RECT ToRect(const PixelRect& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+std::size_t IndexOf(int trace) {
+    return static_cast<std::size_t>(trace);
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CMultiPlotCtrl, CWnd)
+    ON_WM_DESTROY()
+    ON_WM_PAINT()
+    ON_WM_SIZE()
+END_MESSAGE_MAP()
+
+CMultiPlotCtrl::CMultiPlotCtrl(const Prefs& prefs, const RunState& state, const SlotTable& slots)
+    : m_prefs(prefs), m_state(state), m_slots(slots), m_backgroundBrush(::CreateSolidBrush(kBlack)) {
+    const auto colours = DefaultTraceColours();
+    for (std::size_t i = 0; i < m_traces.size(); ++i) {
+        m_traces[i].colour = colours[i];
+        m_pens[i].pen = CPen{::CreatePen(PS_SOLID, 0, colours[i])};
+    }
+}
+
+bool CMultiPlotCtrl::Create(DWORD style, const RECT& rect, HWND parent, UINT id) {
+    constexpr DWORD kEdges = WS_EX_STATICEDGE | WS_EX_CLIENTEDGE;
+    if (!RegisterPlotWindowClass()) return false;
+    if (!CreateEx(kEdges, kPlotWindowClass, "", style, rect, parent, id)) return false;
+    InvalidateCtrl();
+    return true;
+}
+
+void CMultiPlotCtrl::ReleasePictures() {
+    m_picture.Release();
+}
+
+void CMultiPlotCtrl::SetRange(double lower, double upper, int trace) {
+    m_traces.at(IndexOf(trace)).SetRange(lower, upper, m_geometry.Plot().Height());
+    InvalidateCtrl();
+}
+
+void CMultiPlotCtrl::SetXUnits(std::string_view label, std::string_view text1, std::string_view text2) {
+    m_xTexts = {std::string(label), std::string(text1), std::string(text2)};
+    InvalidateCtrl();
+}
+
+void CMultiPlotCtrl::SetYUnits(std::string_view label, std::string_view minimumText,
+                               std::string_view maximumText) {
+    m_yTexts = {std::string(label), std::string(minimumText), std::string(maximumText)};
+    InvalidateCtrl();
+}
+
+void CMultiPlotCtrl::SetBackgroundColor(Colour colour) {
+    m_backgroundBrush = CBrush{::CreateSolidBrush(DrawableColour(colour))};
+    InvalidateCtrl();
+}
+
+void CMultiPlotCtrl::SetGridColor(Colour colour) {
+    m_gridColour = colour;
+    InvalidateCtrl();
+}
+
+void CMultiPlotCtrl::SetTraceColor(Colour colour, int trace) {
+    const std::size_t i = IndexOf(trace);
+    m_traces.at(i).colour = colour;
+    // The preferences file may hold any number.
+    const int width = std::clamp(m_prefs.thickness, 0, kWidestPenPx);
+    m_pens[i] = {CPen{::CreatePen(PS_SOLID, width, DrawableColour(colour))}, width};
+}
+
+Colour CMultiPlotCtrl::GetTraceColor(int trace) const {
+    return m_traces.at(IndexOf(trace)).colour;
+}
+
+void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
+    RedrawIfDue();
+    TakeValues(values);
+    const int shift = ShiftFor(m_state.pixelShift);
+    if (m_picture) {
+        m_picture.LiftGrid();
+        ScrollTraces(shift);
+        CDC dc(m_picture.Get().Dc());
+        for (std::size_t i = 0; i < m_traces.size(); ++i) {
+            DrawSegment(dc, m_traces[i].TakeSegment(m_geometry, shift), m_pens[i]);
+        }
+        m_picture.LayGrid();
+    }
+    ShowSample();
+}
+
+void CMultiPlotCtrl::AppendGap(const TraceValues& values) {
+    RedrawIfDue();
+    TakeValues(values);
+    const int shift = ShiftFor(kGapPx);
+    if (m_picture) {
+        m_picture.LiftGrid();
+        ScrollTraces(shift);
+        for (PlotTrace& trace : m_traces) trace.TakeGap(m_geometry);
+        m_picture.LayGrid();
+    }
+    ShowSample();
+}
+
+void CMultiPlotCtrl::InvalidateCtrl() {
+    m_isRedrawDue = true;
+    Changed();
+    if (m_isRedrawOn) RedrawIfDue();
+}
+
+void CMultiPlotCtrl::SetRedraw(bool on) noexcept {
+    m_isRedrawOn = on;
+    if (on && m_hasChangedUnseen) Changed();
+}
+
+void CMultiPlotCtrl::RedrawIfDue() {
+    if (!m_isRedrawDue) return;
+    if (m_hWnd) RedrawPicture();
+    m_isRedrawDue = false;
+}
+
+void CMultiPlotCtrl::RedrawPicture() {
+    const PixelRect client = m_geometry.Client();
+    if (m_picture.Create(client.Width(), client.Height())) {
+        // Only the first trace's limits count for the room that all labels get.
+        m_geometry.SetLabelMargin({.lower = m_traces[0].lower,
+                                   .upper = m_traces[0].upper,
+                                   .withUnits = m_prefs.showUnits,
+                                   .extraCharacters = m_labelMargin});
+        const LabelRules rules{.showUnits = m_prefs.showUnits,
+                               .showZeros = m_prefs.showZeros,
+                               .tenChannels = m_state.obdNow,
+                               .customMinimum = m_yTexts.first,
+                               .customMaximum = m_yTexts.second,
+                               .scaleColour = m_gridColour};
+        const auto labels = ChartLabels(m_slots, m_traces, rules, m_geometry.Plot());
+        FillWithBackground(client);
+        DrawChartGrid(m_picture.Get(), m_geometry, m_gridCounts, m_gridColour, labels);
+        m_picture.TakeGrid();
+        FillWithBackground(client);  // traces without a line
+        m_picture.LayGrid();
+    }
+}
+
+void CMultiPlotCtrl::Changed() noexcept {
+    m_hasChangedUnseen = !m_isRedrawOn;
+    if (!m_isRedrawOn || !m_hWnd) return;
+    m_isPaintDue = true;
+    Invalidate();
+}
+
+// At once: to invalidate the window, to be asked to paint it and to get a device context for that costs more
+// than to compose and copy the picture. Where it is going to be painted anyway, what is shown until then is
+// from before whatever asked for that, and no sample is added to it.
+void CMultiPlotCtrl::ShowSample() {
+    if (!m_isRedrawOn || !m_hWnd || m_isPaintDue) return Changed();
+    if (!m_windowDc) m_windowDc.emplace(m_hWnd);
+    Draw(*m_windowDc);
+}
+
+int CMultiPlotCtrl::ShiftFor(int shift) {
+    return std::max(m_spread.Take(shift, m_geometry.Plot().Width()), 0);
+}
+
+void CMultiPlotCtrl::TakeValues(const TraceValues& values) {
+    for (std::size_t i = 0; i < m_traces.size(); ++i) m_traces[i].current = values[i];
+}
+
+void CMultiPlotCtrl::ScrollTraces(int shift) {
+    if (shift <= 0) return;
+    m_picture.ScrollLeft(m_geometry.ScrolledArea(), shift);
+    FillWithBackground(m_geometry.BaredStrip(shift));
+}
+
+void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen) {
+    // Wide lines are filled polygons, which cost time for every row that they cross, seen or not: one that
+    // runs a million rows away takes 30 ms under Wine.
+    std::optional<PixelLine> line = segment.line;
+    if (pen.width > 1) {
+        line = ShortenFarLine(segment.line, -kWidestPenPx, m_picture.Get().Height() + kWidestPenPx);
+    }
+    if (line) {
+        const Selected penInDc(dc, pen.pen);
+        dc.MoveTo(line->from.x, line->from.y);
+        dc.LineTo(line->to.x, line->to.y);
+    }
+    // Clipping by erasing costs less than a clip region and is part of how the chart looks.
+    if (segment.wipedAbove) FillWithBackground(*segment.wipedAbove);
+    if (segment.wipedBelow) FillWithBackground(*segment.wipedBelow);
+}
+
+void CMultiPlotCtrl::FillWithBackground(const PixelRect& area) {
+    CDC(m_picture.Get().Dc()).FillRect(ToRect(area), m_backgroundBrush.Get());
+}
+
+void CMultiPlotCtrl::Draw(CDC& dc) {
+    RedrawIfDue();
+    const PixelRect client = m_geometry.Client();
+    if (!m_picture) {
+        dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
+        return;
+    }
+    const Picture& picture = m_picture.Get();
+    if (picture.Width() != client.Width() || picture.Height() != client.Height()) {
+        dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
+    }
+    dc.BitBlt(0, 0, picture.Width(), picture.Height(), picture.Dc(), 0, 0, SRCCOPY);
+}
+
+void CMultiPlotCtrl::OnDestroy() {
+    m_windowDc.reset();
+    m_isPaintDue = false;
+    CWnd::OnDestroy();
+}
+
+void CMultiPlotCtrl::OnPaint() {
+    m_isPaintDue = false;
+    CPaintDC dc(m_hWnd);
+    if (m_isRedrawOn) {
+        Draw(dc);
+    } else {
+        m_hasChangedUnseen = true;
+    }
+}
+
+void CMultiPlotCtrl::OnSize(UINT type, int width, int height) {
+    CWnd::OnSize(type, width, height);
+    const CRect client = GetClientRect();
+    m_geometry = ChartGeometry(client.Width(), client.Height());
+    for (PlotTrace& trace : m_traces) trace.FitTo(m_geometry.Plot().Height());
+}
+
+}  // namespace plotvane

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "framework/Dc.h"
+#include "framework/Gdi.h"
+#include "framework/Wnd.h"
+#include "model/FieldSlot.h"
+#include "model/RunState.h"
+#include "plot/chart/ChartGeometry.h"
+#include "plot/chart/ChartGrid.h"
+#include "plot/chart/ChartPicture.h"
+#include "plot/chart/PlotTrace.h"
+#include "plot/chart/SampleSpread.h"
+#include "plot/chart/TraceChart.h"
+#include "scaling/Prefs.h"
+
+namespace plotvane {
+
+// The strip chart: each sample scrolls the plot to the left and draws one short line a trace at its right
+// edge. Grid and labels lie over the traces and stay where they are; they are drawn anew only by a full
+// redraw, which also erases the traces.
+//
+// The object outlives its window: the owner destroys the window and creates it anew over another rectangle.
+// Colours, ranges and the traces' last values stay; the picture goes with ReleasePictures, without which it
+// would keep the old size.
+class CMultiPlotCtrl : public CWnd, public TraceChart {
+public:
+    // All three are read when they are needed, and must outlive the chart: thickness, units and zeros of the
+    // preferences; pixel shift and layout of the state; groups and units of the slots.
+    CMultiPlotCtrl(const Prefs& prefs, const RunState& state, const SlotTable& slots);
+
+    // A child window over the rectangle, in the parent's client pixels. False if Windows refuses.
+    bool Create(DWORD style, const RECT& rect, HWND parent, UINT id);
+
+    // Frees the off-screen picture; the next full redraw makes it again at the client's size.
+    void ReleasePictures();
+
+    // TraceChart.
+    void SetRange(double lower, double upper, int trace) override;
+    Colour GetTraceColor(int trace) const override;
+    void AppendPoints(const TraceValues& values) override;
+    void AppendGap(const TraceValues& values) override;
+    void InvalidateCtrl() override;
+
+    // While off, the window keeps showing what it shows, and full redraws wait: any number of them costs one.
+    // It is done before the next sample or when the window is painted. One that fails for want of memory
+    // stays due too.
+    void SetRedraw(bool on) noexcept override;
+
+    // With a full redraw. Of the axis texts only the limits' are shown, in place of the numbers.
+    void SetXUnits(std::string_view label, std::string_view text1, std::string_view text2);
+    void SetYUnits(std::string_view label, std::string_view minimumText, std::string_view maximumText);
+    void SetBackgroundColor(Colour colour);
+    void SetGridColor(Colour colour);
+
+    // Without one. A trace's pen gets the thickness of the preferences at the time of the call.
+    void SetTraceColor(Colour colour, int trace);
+    void SetGridCounts(const GridCounts& counts) { m_gridCounts = counts; }
+    void SetLabelMargin(int characters) { m_labelMargin = characters; }
+    void SetSamplesPerScreen(int samples) { m_spread.SetSamplesPerScreen(samples); }
+
+    // What the window shows, for its own paint handler or for any other device context.
+    void Draw(CDC& dc);
+
+private:
+    struct TracePen {
+        CPen pen;
+        int width = 0;
+    };
+    struct AxisTexts {
+        std::string label;
+        std::string first;
+        std::string second;
+    };
+
+    void OnDestroy();
+    void OnPaint();
+    void OnSize(UINT type, int width, int height);
+
+    void RedrawPicture();
+    void RedrawIfDue();
+    void Changed() noexcept;
+    void ShowSample();
+    int ShiftFor(int shift);
+    void TakeValues(const TraceValues& values);
+    void ScrollTraces(int shift);
+    void DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen);
+    void FillWithBackground(const PixelRect& area);
+
+    DECLARE_MESSAGE_MAP()
+
+    const Prefs& m_prefs;
+    const RunState& m_state;
+    const SlotTable& m_slots;
+
+    AxisTexts m_xTexts{"Samples", "", ""};
+    AxisTexts m_yTexts{"Y units", "", ""};
+    GridCounts m_gridCounts;
+    int m_labelMargin = 3;  // characters
+    Colour m_gridColour = kWhite;
+    SampleSpread m_spread;
+    std::array<PlotTrace, kTraceCount> m_traces;
+    std::array<TracePen, kTraceCount> m_pens;
+    CBrush m_backgroundBrush;
+    ChartGeometry m_geometry;
+    ChartPicture m_picture;
+    std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
+    bool m_isRedrawOn = true;
+    bool m_isRedrawDue = false;       // the picture is to be drawn anew before it is used
+    bool m_hasChangedUnseen = false;  // there is something to paint since it is off
+    bool m_isPaintDue = false;        // the window is invalid
+};
+
+}  // namespace plotvane
