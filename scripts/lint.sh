@@ -1,16 +1,24 @@
 #!/usr/bin/env bash
-# Checks the form of the tree: clang-format, clang-tidy and cppcheck on every source, no marks of unfinished
-# work, and no warning of either compiler. Prints what it finds; silent apart from its steps when all is well.
+# lint.sh [quick]: checks the form of the tree: clang-format, the house's own rules, no marks of unfinished work; then,
+# unless it is to be quick, clang-tidy and cppcheck on every source and no warning of either compiler. Prints what it
+# finds; silent apart from its steps when all is well.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" clang lld clang-format clang-tidy cppcheck
+case ${1:-} in
+    "") need_packages "${build_packages[@]}" "${test_packages[@]}" clang lld clang-format clang-tidy cppcheck ;;
+    quick) need_packages clang-format ;;
+    *) die "lint.sh [quick]" ;;
+esac
 export PLOTVANE_WERROR=ON
 failures=0
 
 say "clang-format"
 git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror || failures=1
+
+say "layers, and lengths of files and functions"
+scripts/check-house.sh || failures=1
 
 say "marks of unfinished work"
 # Put together from halves, so that this line is not one of them.
@@ -19,11 +27,16 @@ git grep -nIE "\b($marks)\b|DISAB""LED_" -- . && failures=1
 # A machine may lack what a test needs. Such a test says so: the summary shows the reason and counts it as skipped.
 git grep -nI "GTEST_SK""IP" -- . | grep -v 'GTEST_SK''IP() << "[a-z]' && failures=1
 
+if [[ ${1:-} == quick ]]; then
+    ((failures == 0)) || die "see above"
+    exit
+fi
+
 say "cppcheck"
 # .cppcheck names what it takes for a mistake and is none. Tests are left to clang-tidy: it does not know their macros.
 cppcheck --quiet --std=c++20 --language=c++ --enable=warning,performance,portability --inline-suppr \
     --library=windows --suppressions-list=.cppcheck --error-exitcode=1 -I . -j "$(nproc)" \
-    app bench files framework fuzz link logs meter model plot scaling tools || failures=1
+    app base bench controls framework fuzz link logs meter model plot scaling tools || failures=1
 
 # From a build come its warnings, which are errors, the compile commands and, for each source, the files of this
 # tree that it reads. A source stays out while none of them has changed since it was clean.
