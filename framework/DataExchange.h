@@ -4,8 +4,8 @@
 
 #include "framework/Wnd.h"
 
-// One exchange between the members of a dialog and its controls. Saving goes from the controls to the
-// members, otherwise from the members to the controls.
+// One exchange between the members of a dialog and its controls: to the members when saving, else to the
+// controls.
 class CDataExchange {
 public:
     CDataExchange(CWnd& dialog, bool saveAndValidate)
@@ -15,7 +15,7 @@ public:
     const bool m_bSaveAndValidate;
 };
 
-// The text of a control; Windows-1252 bytes. A control that shows the text already is left alone, so that
+// The text of a control, in Windows-1252 bytes. A control that shows the text already is left alone, so that
 // neither its caret nor its pixels change.
 void DDX_Text(CDataExchange* exchange, int id, std::string& text);
 

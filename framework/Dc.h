@@ -8,7 +8,7 @@
 #include "framework/Rect.h"
 #include "framework/Text.h"
 
-// Draws on a device context that somebody else owns. Texts are Windows-1252 bytes.
+// Draws on a device context that it does not own. Texts are Windows-1252 bytes.
 class CDC {
 public:
     explicit CDC(HDC dc) : m_hDC(dc) {}
@@ -18,12 +18,12 @@ public:
     HDC GetSafeHdc() const { return m_hDC; }
     operator HDC() const { return m_hDC; }
 
-    // Lines, with the selected pen. A line leaves out its last pixel.
+    // Lines, with the selected pen. A line does not include its last pixel.
     void MoveTo(int x, int y) { ::MoveToEx(m_hDC, x, y, nullptr); }
     void LineTo(int x, int y) { ::LineTo(m_hDC, x, y); }
-    void SetPixel(int x, int y, COLORREF colour) { ::SetPixelV(m_hDC, x, y, colour); }
 
-    // Areas. Rectangle and Polygon have an outline of the selected pen and the selected brush inside.
+    // Areas. Rectangle and Polygon draw their outline with the selected pen and fill it with the selected
+    // brush.
     void FillRect(const RECT& rect, HBRUSH brush) { ::FillRect(m_hDC, &rect, brush); }
     void FrameRect(const RECT& rect, HBRUSH brush) { ::FrameRect(m_hDC, &rect, brush); }
     void Rectangle(const RECT& rect) { ::Rectangle(m_hDC, rect.left, rect.top, rect.right, rect.bottom); }
@@ -31,7 +31,7 @@ public:
         ::Polygon(m_hDC, points.data(), static_cast<int>(points.size()));
     }
 
-    // Without a brush; the background colour is `colour` afterwards.
+    // Needs no brush. Afterwards the background colour is `colour`.
     void FillSolidRect(const RECT& rect, COLORREF colour) {
         ::SetBkColor(m_hDC, colour);
         ::ExtTextOutW(m_hDC, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
@@ -47,7 +47,7 @@ public:
         const WideText wide{text};
         ::TextOutW(m_hDC, x, y, wide.c_str(), wide.Length());
     }
-    // What of it lies inside of the rectangle.
+    // Draws only what lies inside the rectangle.
     void TextOutClipped(int x, int y, const RECT& rect, std::string_view text) {
         const WideText wide{text};
         ::ExtTextOutW(m_hDC, x, y, ETO_CLIPPED, &rect, wide.c_str(), static_cast<UINT>(wide.Length()),
@@ -65,7 +65,7 @@ public:
         return metrics;
     }
 
-    // Clipping; no region removes it.
+    // Clipping. A null region removes it.
     void SelectClipRgn(HRGN region) { ::SelectClipRgn(m_hDC, region); }
     CRect GetClipBox() const {
         CRect box;
@@ -83,8 +83,8 @@ protected:
     HDC m_hDC;
 };
 
-// For the handler of WM_PAINT and nowhere else: whatever happens in between, the window's update region is
-// empty afterwards, or Windows would send WM_PAINT without end.
+// For the handler of WM_PAINT and nowhere else. Even if the handler throws, the window's update region is
+// empty afterwards; otherwise Windows would send WM_PAINT again and again.
 class CPaintDC : public CDC {
 public:
     explicit CPaintDC(HWND window) : CDC(nullptr), m_window(window) { m_hDC = ::BeginPaint(window, &m_ps); }
@@ -97,7 +97,7 @@ private:
     PAINTSTRUCT m_ps{};
 };
 
-// The client area outside of WM_PAINT; no window stands for the whole screen.
+// The client area, outside WM_PAINT. A null window means the whole screen.
 class CClientDC : public CDC {
 public:
     explicit CClientDC(HWND window) : CDC(::GetDC(window)), m_window(window) {}

@@ -44,9 +44,9 @@ void CDialog::OnCancel() {
     EndDialog(IDCANCEL);
 }
 
-// Windows asks this first and then does the default processing of dialogs. It takes nothing but the start:
-// from then on the messages come by the window procedure of CWnd, and all that arrives here is what a handler
-// left to the default.
+// Windows calls this before its own processing of a dialog's messages. Only WM_INITDIALOG matters here: after
+// it the messages go to the window procedure of CWnd first, and what arrives here is what a handler left to
+// the default.
 INT_PTR CALLBACK CDialog::DialogProc(HWND window, UINT message, WPARAM, LPARAM lParam) {
     if (message != WM_INITDIALOG || FromHandle(window)) return FALSE;
     return reinterpret_cast<CDialog*>(lParam)->Initialise(window);

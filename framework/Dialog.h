@@ -8,22 +8,22 @@ class CDialog : public CWnd {
 public:
     explicit CDialog(UINT templateId, HWND owner = nullptr) : m_templateId(templateId), m_owner(owner) {}
 
-    // Runs the dialog until EndDialog and returns its result; the owner is disabled meanwhile. -1 if the
-    // dialog could not be created or OnInitDialog threw. May be called from within any handler, also one that
-    // another dialog's handler dispatches.
+    // Runs the dialog until EndDialog and returns its result. The owner is disabled meanwhile. Returns -1 if
+    // the dialog could not be created or OnInitDialog threw. Any handler may call it, even one that another
+    // dialog's handler dispatches.
     INT_PTR DoModal();
 
-    // The window goes at once from the user's sight; DoModal returns when the handlers on the stack have.
-    // The first result counts: closing twice, from two handlers that dispatch one another, is harmless.
+    // Hides the window at once; DoModal returns when the handlers on the stack have returned. The first
+    // result counts, so two handlers of which one dispatches the other may both close the dialog.
     void EndDialog(INT_PTR result);
 
-    // Calls DoDataExchange: from the controls to the members, or the other way. Without controls the members
+    // Calls DoDataExchange: from the controls to the members, or the other way. Without a window the members
     // stay as they are.
     void UpdateData(bool saveAndValidate = true);
 
 protected:
-    // Fills the controls from the members. TRUE: Windows gives the focus to the first control; FALSE: the
-    // dialog has done so itself.
+    // Fills the controls from the members. TRUE: Windows sets the focus to the first control. FALSE: the
+    // dialog has set it itself.
     virtual BOOL OnInitDialog();
 
     // Names the pairs of control and member with DDX_...

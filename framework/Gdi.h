@@ -6,8 +6,8 @@
 #include <span>
 #include <utility>
 
-// What makes a handle go away again. A pen, brush, font, bitmap or region must not be selected into a device
-// context when its owner dies: keep the `Selected` in a narrower scope than the owner.
+// Deletes what a handle stands for. A pen, brush, font, bitmap or region must not be selected into a device
+// context when its owner is destroyed: keep the `Selected` in a narrower scope than the owner.
 inline void ReleaseGdi(HGDIOBJ object) {
     ::DeleteObject(object);
 }
@@ -15,8 +15,8 @@ inline void ReleaseGdi(HDC memoryDc) {
     ::DeleteDC(memoryDc);
 }
 
-// Owns one GDI object, or none. Takes over whatever a Create... call returned; a failed call leaves it empty,
-// which GDI's own functions take without harm.
+// Owns one GDI object, or none. Takes what a Create... call returned. After a failed call it is empty, and
+// GDI's functions accept its null handle without harm.
 template <typename Handle>
 class GdiOwner {
 public:
@@ -43,7 +43,7 @@ public:
     Handle Get() const { return m_handle; }
     explicit operator bool() const { return m_handle != nullptr; }
 
-    // How many objects of this type are owned now, in the whole process.
+    // How many objects of this type the whole process owns now.
     static int Living() { return s_living; }
 
 private:
@@ -58,13 +58,14 @@ using CBitmap = GdiOwner<HBITMAP>;
 using CRgn = GdiOwner<HRGN>;
 using MemoryDc = GdiOwner<HDC>;
 
-// All GDI objects owned now. The system's own counter is no help in finding leaks: under Wine it answers 0.
+// All GDI objects owned now. Tests find leaks with it, because the system's own counter always answers 0
+// under Wine.
 inline int LivingGdiObjects() {
     return CPen::Living() + CBrush::Living() + CFont::Living() + CBitmap::Living() + CRgn::Living() +
            MemoryDc::Living();
 }
 
-// In the device context for as long as this object lives; then what was there before is back.
+// Selects an object into a device context. The destructor selects what was there before.
 class Selected {
 public:
     Selected(HDC dc, HGDIOBJ object) : m_dc(dc), m_previous(::SelectObject(dc, object)) {}
@@ -81,9 +82,9 @@ private:
     HGDIOBJ m_previous;
 };
 
-// An off-screen picture that GDI draws on and that can be read and written as plain pixels too: row by row
-// from the top, each 0x00RRGGBB (not the order of COLORREF). Starts all zero. A picture that could not be
-// made (no width, no height, no memory) has no device context and no pixels; drawing on it does nothing.
+// An off-screen picture. GDI draws on it, and its pixels can be read and written: row by row from the top,
+// each 0x00RRGGBB (not the order of COLORREF). It starts all zero. A picture that could not be made (no
+// width, no height, no memory) has no device context and no pixels; drawing on it does nothing.
 class Picture {
 public:
     Picture(int width, int height);
@@ -95,7 +96,7 @@ public:
     int Width() const { return m_pixels ? m_width : 0; }
     int Height() const { return m_pixels ? m_height : 0; }
 
-    // Everything drawn so far is in there. Ask again after drawing on.
+    // The pixels as drawn so far. Call again after drawing with GDI.
     std::span<std::uint32_t> Pixels() const;
 
 private:
@@ -104,7 +105,7 @@ private:
     int m_width;
     int m_height;
     std::uint32_t* m_pixels = nullptr;
-    // In this order, so that the bitmap is out of the device context before either goes.
+    // In this order, so that the bitmap leaves the device context before either is destroyed.
     MemoryDc m_dc;
     CBitmap m_bitmap;
     Selected m_bitmapInDc;

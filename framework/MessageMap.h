@@ -25,12 +25,12 @@ struct CMessageRow {
     bool AnswersTo(const CMessage& what) const;
 };
 
-// The rows of one class and the map of its base class, which is asked next.
+// The rows of one class, and the map of its base class, which is searched next.
 struct CMessageMap {
     const CMessageMap* base;
     std::span<const CMessageRow> rows;
 
-    // The row for the message; null if neither this class nor a base class has one.
+    // The first row for the message; null if neither this class nor a base class has one.
     const CMessageRow* Find(const CMessage& message) const;
 };
 
@@ -101,15 +101,11 @@ private:
 #define ON_CONTROL_RANGE(code, firstId, lastId, handler) \
     MESSAGE_ROW_VOID(WM_COMMAND, code, firstId, lastId, self.handler(UINT{LOWORD(m.wParam)}))
 #define ON_COMMAND(id, handler) ON_CONTROL(0, id, handler)
-#define ON_COMMAND_RANGE(firstId, lastId, handler) ON_CONTROL_RANGE(0, firstId, lastId, handler)
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
 #define ON_EN_KILLFOCUS(id, handler) ON_CONTROL(EN_KILLFOCUS, id, handler)
-#define ON_EN_SETFOCUS(id, handler) ON_CONTROL(EN_SETFOCUS, id, handler)
 #define ON_CBN_SELENDOK(id, handler) ON_CONTROL(CBN_SELENDOK, id, handler)
 
-// WM_NOTIFY: LRESULT handler(const NMHDR&), for a run of ids LRESULT handler(UINT id, const NMHDR&).
-#define ON_NOTIFY(code, id, handler) \
-    MESSAGE_ROW(WM_NOTIFY, code, id, id, self.handler(*reinterpret_cast<const NMHDR*>(m.lParam)))
+// WM_NOTIFY, for a run of ids: LRESULT handler(UINT id, const NMHDR&).
 #define ON_NOTIFY_RANGE(code, firstId, lastId, handler) \
     MESSAGE_ROW(WM_NOTIFY, code, firstId, lastId,       \
                 self.handler(static_cast<UINT>(m.wParam), *reinterpret_cast<const NMHDR*>(m.lParam)))

@@ -4,14 +4,14 @@ namespace {
 
 constexpr UINT kCodePage = 1252;
 
-// In this code page a byte is one UTF-16 unit and back, so lengths never change.
+// In this code page each byte is one UTF-16 unit, so lengths never change.
 void Convert(std::string_view bytes, wchar_t* wide) {
     const int length = static_cast<int>(bytes.size());
     if (length > 0) ::MultiByteToWideChar(kCodePage, 0, bytes.data(), length, wide, length);
 }
 
 std::wstring_view LoadWide(UINT id) {
-    // Without a buffer size the call hands out the place of the text inside the resource instead of a copy.
+    // With a buffer size of 0 the call gives the address of the text inside the resource instead of a copy.
     const wchar_t* text = nullptr;
     const int length = ::LoadStringW(::GetModuleHandleW(nullptr), id, reinterpret_cast<wchar_t*>(&text), 0);
     return length > 0 ? std::wstring_view{text, static_cast<std::size_t>(length)} : std::wstring_view{};

@@ -6,17 +6,17 @@
 #include <string>
 #include <string_view>
 
-// Inside the program text is bytes in Windows-1252, as the host and the files have it; Windows gets UTF-16.
-// The code page is always 1252, never the system's own, so that a degree sign is one everywhere.
+// Inside the program, text is Windows-1252 bytes, as in the host's records and files. Windows gets UTF-16.
+// The code page is always 1252, never the system's own, so that a degree sign is one on every system.
 
-// Every byte has a character of its own, so this cannot fail.
+// Cannot fail: every byte has a character.
 std::wstring ToWide(std::string_view bytes);
 
-// A UTF-16 unit that has no byte becomes '?' (a surrogate pair becomes two).
+// A UTF-16 unit that has no byte becomes '?', so a surrogate pair becomes two.
 std::string ToBytes(std::wstring_view wide);
 
-// UTF-16 for the length of one call, for texts that are drawn or set with every sample: up to 255
-// characters need no memory from the heap.
+// UTF-16 for one call. Meant for texts that each sample draws or sets: up to 255 characters take no memory
+// from the heap.
 class WideText {
 public:
     explicit WideText(std::string_view bytes);
@@ -32,9 +32,9 @@ private:
     int m_length = 0;
 };
 
-// The text of that number in the program's string table; empty if it has none.
+// The text with that id in the program's string table; empty if there is none.
 std::string LoadText(UINT id);
 
-// A box with these two texts of the string table and an OK button; returns when the user has closed it.
-// The owner, if any, is disabled meanwhile.
+// Shows a box with these two texts of the string table and an OK button, and returns when the user has closed
+// it. The owner, if any, is disabled meanwhile.
 void MessageBoxText(HWND owner, UINT textId, UINT captionId);

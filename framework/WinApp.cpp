@@ -20,8 +20,8 @@ CWinApp* CWinApp::Current() {
     return s_application;
 }
 
-// Stands here so that it comes into a program together with the application object: the linker looks for the
-// entry point only after it has gone through the libraries.
+// It is in this file so that it comes into a program with the application object: the linker looks for the
+// entry point only after it has searched the libraries.
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     try {
         CWinApp::Current()->InitInstance();

@@ -22,15 +22,15 @@ std::string TextOf(HWND window) {
 
 // The answer to a message whose handler threw.
 LRESULT AnswerAfterException(HWND window, UINT message) {
-    // An update region that was left behind would bring WM_PAINT back at once, for ever.
+    // Windows would send WM_PAINT again and again for an update region that is left behind.
     if (message == WM_PAINT) ::ValidateRect(window, nullptr);
-    return message == WM_CREATE ? -1 : 0;  // -1: there shall be no window that is half set up
+    return message == WM_CREATE ? -1 : 0;  // -1: create no window that is half set up
 }
 
 }  // namespace
 
-// One dispatch to a window, on the stack; all of them, of whatever window, are a chain. A dying object tells
-// every dispatch that is to it.
+// One running dispatch. The dispatches on the stack form a chain, whatever their windows. The destructor of
+// CWnd clears the window pointer of every dispatch still running for it.
 struct CWnd::Visit {
     Visit(CWnd& wnd, const CMessage& what) : window(&wnd), message(what), outer(s_innermost) {
         s_innermost = this;
@@ -105,12 +105,6 @@ bool CWnd::Attach(HWND window) {
     return true;
 }
 
-HWND CWnd::Detach() {
-    const HWND window = m_hWnd;
-    if (window) Unmap();
-    return window;
-}
-
 CWnd* CWnd::FromHandle(HWND window) {
     const auto found = Windows().find(window);
     return found == Windows().end() ? nullptr : found->second;
@@ -124,7 +118,7 @@ std::string CWnd::GetWindowText() const {
     return TextOf(m_hWnd);
 }
 
-// A control may have gone meanwhile, and its handle may have come back for something else.
+// Checks the handle that was found earlier: the control may be gone and the handle in use for something else.
 HWND CWnd::GetDlgItem(int id) const {
     const auto found = m_controls.find(id);
     if (found != m_controls.end() && ::GetDlgCtrlID(found->second) == id &&
@@ -219,10 +213,7 @@ LRESULT CWnd::Dispatch(const CMessage& message) {
     if (message.message == WM_DESTROY) m_windowIsBeingDestroyed = true;
     if (message.message == WM_NCDESTROY) {
         const LRESULT result = Default();
-        if (visit.window) {
-            Unmap();
-            PostNcDestroy();
-        }
+        if (visit.window) Unmap();
         return result;
     }
     const CMessageRow* row = GetMessageMap().Find(message);

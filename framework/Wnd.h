@@ -9,7 +9,7 @@
 #include "framework/MessageMap.h"
 #include "framework/Rect.h"
 
-// A line for whoever watches with a debugger; users never see it. Cut after 250 characters.
+// Writes a line to the debugger's output, cut after 250 characters. Users never see it.
 void TraceLine(std::string_view line) noexcept;
 
 // Registers a window class for windows of CWnd once per process; asking again for the same name is harmless.
@@ -17,13 +17,12 @@ void TraceLine(std::string_view line) noexcept;
 bool RegisterWindowClass(const wchar_t* name, UINT classStyle, HCURSOR cursor = nullptr,
                          HBRUSH background = nullptr, HICON icon = nullptr);
 
-// A window and the handlers of its messages. The object and the window may outlive each other: an object
-// without a window has a null m_hWnd, and an object that dies first destroys its window. All on one thread.
+// A window and the handlers of its messages. Either may go first: when the window goes, m_hWnd becomes null;
+// when the object goes, its destructor destroys the window. All calls come on one thread.
 //
-// A handler may delete its own object (a window that frees itself does) or dispatch messages and so let
-// another handler do it. Dispatching allows for that; the handler itself only has to leave its members alone
-// afterwards. A handler that throws has its exception traced and its message counted as handled: no exception
-// crosses a window procedure.
+// A handler may delete its own object, or dispatch messages and so let another handler delete it. The class
+// allows for that; the handler only has to leave its members alone afterwards. If a handler throws, the
+// exception is traced and the message counts as handled, so no exception crosses a window procedure.
 class CWnd {
 public:
     CWnd() = default;
@@ -37,22 +36,20 @@ public:
                   const RECT& rect, HWND parent, UINT id);
     bool DestroyWindow();
 
-    // Takes over the messages of a window that exists; Detach gives them back. A window has one object at
-    // most, an object one window: false otherwise.
+    // Takes over the messages of a window that exists, until the window is destroyed. A window has one object
+    // at most, an object one window: false otherwise.
     bool Attach(HWND window);
-    HWND Detach();
 
     // The object of a window; null for none.
     static CWnd* FromHandle(HWND window);
 
-    HWND GetSafeHwnd() const { return m_hWnd; }
-    HWND m_hWnd = nullptr;
+    HWND m_hWnd = nullptr;  // null while the object has no window
 
     // The window's text, as Windows-1252 bytes.
     void SetWindowText(std::string_view text);
     std::string GetWindowText() const;
 
-    // Controls by id. What is asked of a control that does not exist is null, empty or 0.
+    // Controls by id. A control that does not exist gives null, an empty text or 0.
     HWND GetDlgItem(int id) const;
     void SetDlgItemText(int id, std::string_view text);
     std::string GetDlgItemText(int id) const;
@@ -67,9 +64,6 @@ public:
     // Messages and timers.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return ::SendMessageW(m_hWnd, message, wParam, lParam);
-    }
-    bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return ::PostMessageW(m_hWnd, message, wParam, lParam) != 0;
     }
     bool SetTimer(UINT_PTR id, UINT periodMs) { return ::SetTimer(m_hWnd, id, periodMs, nullptr) != 0; }
     void KillTimer(UINT_PTR id) { ::KillTimer(m_hWnd, id); }
@@ -88,14 +82,14 @@ public:
     void SetRedraw(bool on) { SendMessage(WM_SETREDRAW, on); }
 
 protected:
-    // The end of the message map chain; has no rows.
+    // The last map of the chain; it has no rows.
     static const CMessageMap& ThisMessageMap();
     virtual const CMessageMap& GetMessageMap() const { return ThisMessageMap(); }
 
-    // What the window's class would do with the message that is being handled; inside handlers only.
+    // Does what the window's class does with the message that is being handled. For handlers only.
     LRESULT Default();
 
-    // What a handler calls for the default processing on top of its own.
+    // A handler calls these for the default processing on top of its own.
     void OnClose() { Default(); }
     void OnContextMenu(HWND, POINT) { Default(); }
     void OnDestroy() { Default(); }
@@ -103,10 +97,6 @@ protected:
     void OnSize(UINT, int, int) { Default(); }
     void OnSysCommand(UINT, LPARAM) { Default(); }
     void OnTimer(UINT_PTR) { Default(); }
-
-    // The last call that an object gets for its window: WM_NCDESTROY is over, the object has no window any
-    // more. May delete the object.
-    virtual void PostNcDestroy() {}
 
 private:
     struct Visit;
@@ -117,10 +107,10 @@ private:
     bool Map(HWND window);
     void Unmap();
 
-    // All the controls when one was last looked for; of those that share an id the first. Windows goes
-    // through the controls of a dialog to find one of them; with a hundred that costs more than most of what
-    // is then asked of the control.
+    // The controls by id, as of the last search; of controls that share an id, the first. Windows searches
+    // the controls of a dialog one by one, which with a hundred of them costs more than most calls that
+    // follow.
     mutable std::unordered_map<int, HWND> m_controls;
-    WNDPROC m_superProc = nullptr;  // of an attached window: who had its messages before
+    WNDPROC m_superProc = nullptr;  // of an attached window: its own window procedure
     bool m_windowIsBeingDestroyed = false;
 };

@@ -227,7 +227,6 @@ TEST_F(ValueBoxTest, TakesOverTheTextThatTheEditHas) {
     ::InvalidateRect(plain, nullptr, TRUE);
     Settle();
     EXPECT_EQ(Pixels(plain), before);
-    other.Detach();
 }
 
 TEST_F(ValueBoxTest, ItsTextIsWhatItShows) {

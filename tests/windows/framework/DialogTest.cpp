@@ -26,7 +26,7 @@ public:
 protected:
     BOOL OnInitDialog() override {
         CDialog::OnInitDialog();
-        PostMessage(kRunScript);
+        ::PostMessageW(m_hWnd, kRunScript, 0, 0);
         return TRUE;
     }
     void DoDataExchange(CDataExchange* exchange) override {
@@ -67,7 +67,7 @@ TEST(Dialog, FillsItsControlsFromTheMembers) {
               "21 \xB0"
               "C");
     EXPECT_TRUE(ticked);
-    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
 TEST(Dialog, OkFillsTheMembersFromTheControls) {
@@ -112,13 +112,13 @@ TEST(Dialog, RunsWithinAHandlerOfAnother) {
     std::vector<std::string> order;
     ScriptedDialog outer{[&](ScriptedDialog& self) {
         ScriptedDialog inner{[&](ScriptedDialog& nested) {
-                                 EXPECT_FALSE(::IsWindowEnabled(self.GetSafeHwnd()));
+                                 EXPECT_FALSE(::IsWindowEnabled(self.m_hWnd));
                                  order.push_back("inner");
                                  nested.EndDialog(2);
                              },
-                             self.GetSafeHwnd()};
+                             self.m_hWnd};
         EXPECT_EQ(inner.DoModal(), 2);
-        EXPECT_TRUE(::IsWindowEnabled(self.GetSafeHwnd()));
+        EXPECT_TRUE(::IsWindowEnabled(self.m_hWnd));
         order.push_back("outer");
         self.EndDialog(1);
     }};
@@ -131,11 +131,11 @@ TEST(Dialog, RunsWithinAHandlerOfAnother) {
 TEST(Dialog, ClosedWhileItsHandlerDispatchesMessagesIsOverWhenTheHandlerIs) {
     bool handlerWentOn = false;
     ScriptedDialog dialog{[&](ScriptedDialog& self) {
-        EXPECT_TRUE(::IsWindowVisible(self.GetSafeHwnd()));
-        self.PostMessage(WM_CLOSE);
+        EXPECT_TRUE(::IsWindowVisible(self.m_hWnd));
+        ::PostMessageW(self.m_hWnd, WM_CLOSE, 0, 0);
         plotvane::test::DispatchAll();
-        EXPECT_TRUE(::IsWindow(self.GetSafeHwnd()));
-        EXPECT_FALSE(::IsWindowVisible(self.GetSafeHwnd()));
+        EXPECT_TRUE(::IsWindow(self.m_hWnd));
+        EXPECT_FALSE(::IsWindowVisible(self.m_hWnd));
         handlerWentOn = true;
     }};
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -144,7 +144,7 @@ TEST(Dialog, ClosedWhileItsHandlerDispatchesMessagesIsOverWhenTheHandlerIs) {
 
 TEST(Dialog, AnExceptionOfAHandlerStaysInside) {
     ScriptedDialog dialog{[](ScriptedDialog& self) {
-        self.PostMessage(WM_COMMAND, IDCANCEL);
+        ::PostMessageW(self.m_hWnd, WM_COMMAND, IDCANCEL, 0);
         throw std::runtime_error("a handler failed");
     }};
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -172,7 +172,7 @@ TEST(Dialog, MayEndBeforeItIsShown) {
 TEST(Dialog, ThatCannotBeSetUpDoesNotRun) {
     StartingDialog dialog{[](StartingDialog&) { throw std::runtime_error("in OnInitDialog"); }};
     EXPECT_EQ(dialog.DoModal(), -1);
-    EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
 TEST(Dialog, WithoutATemplateDoesNotRun) {

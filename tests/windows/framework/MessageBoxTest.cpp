@@ -11,6 +11,11 @@ namespace {
 
 using plotvane::test::CreateHidden;
 
+std::string TextOf(HWND window) {
+    wchar_t text[200]{};
+    return ToBytes({text, static_cast<std::size_t>(::GetWindowTextW(window, text, 200))});
+}
+
 // Looks for the box from a timer, which works while the box is shown; reads it and presses OK.
 class BoxReader : public CWnd {
 public:
@@ -24,14 +29,11 @@ private:
         const HWND box = ::FindWindowExW(nullptr, nullptr, L"#32770", L"Caption");
         if (!box) return;
         KillTimer(id);
-        CWnd reader;
-        ASSERT_TRUE(reader.Attach(box));
-        caption = reader.GetWindowText();
-        text = reader.GetDlgItemText(0xFFFF);
+        caption = TextOf(box);
+        text = TextOf(::GetDlgItem(box, 0xFFFF));
         for (const int button : {IDOK, IDCANCEL, IDYES, IDNO, IDRETRY})
-            buttons += reader.GetDlgItem(button) != nullptr;
-        ownerWasEnabled = ::IsWindowEnabled(GetSafeHwnd()) != 0;
-        reader.Detach();
+            buttons += ::GetDlgItem(box, button) != nullptr;
+        ownerWasEnabled = ::IsWindowEnabled(m_hWnd) != 0;
         ::PostMessageW(box, WM_COMMAND, IDOK, 0);
     }
     DECLARE_MESSAGE_MAP()
@@ -46,13 +48,13 @@ TEST(MessageBoxText, ShowsTwoTextsOfTheTableAndAnOkButton) {
     ASSERT_TRUE(CreateHidden(owner));
     ASSERT_TRUE(owner.SetTimer(1, 10));
 
-    MessageBoxText(owner.GetSafeHwnd(), IDS_TEST_TEXT, IDS_TEST_CAPTION);
+    MessageBoxText(owner.m_hWnd, IDS_TEST_TEXT, IDS_TEST_CAPTION);
 
     EXPECT_EQ(owner.caption, "Caption");
     EXPECT_EQ(owner.text, "Text of the \xB0 table");
     EXPECT_EQ(owner.buttons, 1);
     EXPECT_FALSE(owner.ownerWasEnabled);
-    EXPECT_TRUE(::IsWindowEnabled(owner.GetSafeHwnd()));
+    EXPECT_TRUE(::IsWindowEnabled(owner.m_hWnd));
 }
 
 }  // namespace

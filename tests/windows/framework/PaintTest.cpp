@@ -20,7 +20,7 @@ public:
 private:
     void OnPaint() {
         ++paints;
-        paint(GetSafeHwnd());
+        paint(m_hWnd);
     }
     DECLARE_MESSAGE_MAP()
 };
@@ -35,8 +35,8 @@ bool HasSomethingLeftToPaint(PaintedWnd& wnd) {
     DispatchAll();
     wnd.Invalidate();
     wnd.UpdateWindow();
-    const bool left = ::GetUpdateRect(wnd.GetSafeHwnd(), nullptr, FALSE) != 0;
-    ::ValidateRect(wnd.GetSafeHwnd(), nullptr);
+    const bool left = ::GetUpdateRect(wnd.m_hWnd, nullptr, FALSE) != 0;
+    ::ValidateRect(wnd.m_hWnd, nullptr);
     return left;
 }
 
@@ -75,7 +75,7 @@ TEST(Paint, TheClientDcDrawsOnTheWindow) {
     wnd.ShowWindow(SW_SHOWNA);
     DispatchAll();
 
-    CClientDC dc{wnd.GetSafeHwnd()};
+    CClientDC dc{wnd.m_hWnd};
     dc.FillSolidRect(wnd.GetClientRect(), RGB(10, 20, 30));
 
     EXPECT_EQ(::GetPixel(dc, 50, 25), RGB(10, 20, 30));
@@ -95,7 +95,7 @@ END_MESSAGE_MAP()
 TEST(Wnd, IsNotCreatedIfItsSetUpThrows) {
     FailingWnd wnd;
     EXPECT_FALSE(CreateHidden(wnd));
-    EXPECT_EQ(wnd.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(wnd.m_hWnd, nullptr);
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ using plotvane::test::DispatchAll;
 
 constexpr UINT kRun = WM_APP + 1;
 
-// A window whose objects live, one at a time, at a place where their remains can be examined: dead memory is
-// filled with 0xDD and nobody may write there any more.
+// A window whose objects live, one at a time, in a place that can be examined after their end: delete fills
+// it with 0xDD, and nobody may write there afterwards.
 class MortalWnd : public CWnd {
 public:
     static void* operator new(std::size_t) { return s_place; }
@@ -27,17 +27,11 @@ public:
                            [](std::byte b) { return b == std::byte{0xDD}; });
     }
 
-    // What the handlers do; each is called on a copy, because the object may go meanwhile.
+    // What the handlers do. Each handler calls a copy, because the call may delete the object.
     std::function<void(MortalWnd*)> onRun[3];
     std::function<void(MortalWnd*)> onDestroy;
-    std::function<void(MortalWnd*)> afterwards;
 
     using CWnd::Default;
-
-protected:
-    void PostNcDestroy() override {
-        if (const auto call = afterwards) call(this);
-    }
 
 private:
     LRESULT OnRun(WPARAM which, LPARAM) {
@@ -65,7 +59,7 @@ protected:
     void SetUp() override {
         m_wnd = new MortalWnd;
         ASSERT_TRUE(CreateHidden(*m_wnd));
-        m_handle = m_wnd->GetSafeHwnd();
+        m_handle = m_wnd->m_hWnd;
     }
     void ExpectObjectAndWindowGone() {
         EXPECT_TRUE(MortalWnd::IsDeadAndUntouched());
@@ -106,12 +100,6 @@ TEST_F(Reentrancy, AWindowThatDeletesItselfIsDestroyedOnce) {
     EXPECT_EQ(s_destroys, 1);
 }
 
-TEST_F(Reentrancy, AWindowMayDeleteItselfAfterItsLastMessage) {
-    m_wnd->afterwards = [](MortalWnd* self) { delete self; };
-    EXPECT_TRUE(::DestroyWindow(m_handle));
-    ExpectObjectAndWindowGone();
-}
-
 TEST_F(Reentrancy, AWindowMayDeleteItselfInAnyHandler) {
     m_wnd->onRun[0] = [](MortalWnd* self) { delete self; };
     EXPECT_EQ(::SendMessageW(m_handle, kRun, 0, 0), 42);  // the handler's own answer
@@ -120,7 +108,7 @@ TEST_F(Reentrancy, AWindowMayDeleteItselfInAnyHandler) {
 
 TEST_F(Reentrancy, AWindowMayGoWhileItsHandlerDispatchesMessages) {
     m_wnd->onRun[0] = [](MortalWnd* self) {
-        self->PostMessage(kRun, 1);
+        ::PostMessageW(self->m_hWnd, kRun, 1, 0);
         DispatchAll();
     };
     m_wnd->onRun[1] = [](MortalWnd* self) { delete self; };
@@ -128,7 +116,7 @@ TEST_F(Reentrancy, AWindowMayGoWhileItsHandlerDispatchesMessages) {
     ExpectObjectAndWindowGone();
 }
 
-TEST_F(Reentrancy, EveryHandlerOnTheStackIsTold) {
+TEST_F(Reentrancy, AWindowMayDeleteItselfBelowSeveralHandlers) {
     m_wnd->onRun[0] = [](MortalWnd* self) { self->SendMessage(kRun, 1); };
     m_wnd->onRun[1] = [](MortalWnd* self) { self->SendMessage(kRun, 2); };
     m_wnd->onRun[2] = [](MortalWnd* self) { self->DestroyWindow(); };
@@ -145,7 +133,7 @@ TEST_F(Reentrancy, AHandlerThatDestroysItsWindowStillHasItsObject) {
     };
     EXPECT_EQ(::SendMessageW(m_handle, kRun, 0, 0), 42);
     EXPECT_TRUE(defaultWasHarmless);
-    EXPECT_EQ(m_wnd->GetSafeHwnd(), nullptr);
+    EXPECT_EQ(m_wnd->m_hWnd, nullptr);
     delete m_wnd;
     ExpectObjectAndWindowGone();
 }

@@ -56,13 +56,13 @@ TEST_F(WindowPumpTest, WithoutAMessageSleepsTheWholeTime) {
 }
 
 TEST_F(WindowPumpTest, AMessageThatIsWaitingIsDispatchedAtOnce) {
-    window.PostMessage(kMessage);
+    ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     EXPECT_LT(Pump(kLongMs), kLongMs / 2);
     EXPECT_EQ(window.heard, 1);
 }
 
 TEST_F(WindowPumpTest, AMessageThatWasSeenAndLeftInTheQueueIsDispatchedAtOnce) {
-    window.PostMessage(kMessage);
+    ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     MSG seen;
     ASSERT_TRUE(::PeekMessageW(&seen, nullptr, 0, 0, PM_NOREMOVE));
     EXPECT_LT(Pump(kLongMs), kLongMs / 2);
@@ -72,7 +72,7 @@ TEST_F(WindowPumpTest, AMessageThatWasSeenAndLeftInTheQueueIsDispatchedAtOnce) {
 TEST_F(WindowPumpTest, AMessageThatComesEndsTheSleep) {
     std::thread other([this] {
         ::Sleep(20);
-        window.PostMessage(kMessage);
+        ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     });
     EXPECT_LT(Pump(kLongMs), kLongMs / 2);
     EXPECT_EQ(window.heard, 1);
@@ -91,9 +91,9 @@ TEST_F(WindowPumpTest, AMessageThatIsSentFromOutsideEndsTheSleepToo) {
 
 TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
     window.onMessage = [this] {
-        if (window.heard < 3) window.PostMessage(kMessage);
+        if (window.heard < 3) ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     };
-    window.PostMessage(kMessage);
+    ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     pump.SleepAndDispatch(0);
     EXPECT_EQ(window.heard, 3);
 }
@@ -102,9 +102,9 @@ TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
 TEST_F(WindowPumpTest, MessagesWithoutAnEndDoNotHoldTheDataUp) {
     constexpr int kMany = 10'000'000;
     window.onMessage = [this] {
-        if (window.heard < kMany) window.PostMessage(kMessage);
+        if (window.heard < kMany) ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     };
-    window.PostMessage(kMessage);
+    ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     pump.SleepAndDispatch(0);
     EXPECT_GT(window.heard, 1);
     EXPECT_LT(window.heard, kMany);
@@ -117,7 +117,7 @@ TEST_F(WindowPumpTest, WhatComesBehindAStopWaitsForTheNextCall) {
     window.onMessage = [this] {
         if (window.heard == 2) ++state.stops;
     };
-    for (int message = 0; message < 4; ++message) window.PostMessage(kMessage);
+    for (int message = 0; message < 4; ++message) ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     pump.SleepAndDispatch(0);
     EXPECT_EQ(window.heard, 2);
     pump.SleepAndDispatch(0);
@@ -136,7 +136,7 @@ TEST_F(WindowPumpTest, ARequestToQuitStopsTheRunAndGoesOnToThePumpOutside) {
 }
 
 TEST_F(WindowPumpTest, MessagesInFrontOfARequestToQuitAreStillDispatched) {
-    window.PostMessage(kMessage);
+    ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     ::PostQuitMessage(0);
     pump.SleepAndDispatch(0);
     EXPECT_EQ(window.heard, 1);

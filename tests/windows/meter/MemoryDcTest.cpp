@@ -21,7 +21,7 @@ TEST(MemoryDc, ReachesTheTargetInOnePieceWhenDestroyed) {
         CMemoryDC memory{canvas.Dc(), &rect};
         EXPECT_TRUE(memory.IsOffScreen());
         EXPECT_NE(memory.GetSafeHdc(), canvas.Dc().GetSafeHdc());
-        memory.SetPixel(3, 4, kInk);
+        ::SetPixelV(memory, 3, 4, kInk);
         EXPECT_EQ(canvas.At(3, 4), kUntouched);
         EXPECT_EQ(canvas.At(0, 0), kUntouched);
     }
@@ -36,10 +36,10 @@ TEST(MemoryDc, DrawsAtTheTargetsCoordinatesAndNowhereElse) {
     const CRect rect{5, 6, 15, 12};
     {
         CMemoryDC memory{canvas.Dc(), &rect};
-        memory.SetPixel(5, 6, kInk);
-        memory.SetPixel(14, 11, kInk);
-        memory.SetPixel(4, 6, kInk);    // left of the rectangle
-        memory.SetPixel(15, 11, kInk);  // right of it
+        ::SetPixelV(memory, 5, 6, kInk);
+        ::SetPixelV(memory, 14, 11, kInk);
+        ::SetPixelV(memory, 4, 6, kInk);    // left of the rectangle
+        ::SetPixelV(memory, 15, 11, kInk);  // right of it
     }
     EXPECT_EQ(canvas.At(5, 6), kInk);
     EXPECT_EQ(canvas.At(14, 11), kInk);
@@ -58,7 +58,7 @@ TEST(MemoryDc, DrawsTheSameOnAKeptSurface) {
         {
             CMemoryDC memory{canvas.Dc(), rect, surface};
             memory.FillSolidRect(rect, kGround);
-            memory.SetPixel(rect.left, rect.top, RGB(1, 2, 3));
+            ::SetPixelV(memory, rect.left, rect.top, RGB(1, 2, 3));
             EXPECT_EQ(canvas.At(rect.left, rect.top), kInk);
         }
         EXPECT_EQ(canvas.At(rect.left, rect.top), RGB(1, 2, 3));
@@ -82,7 +82,7 @@ TEST(MemoryDc, AKeptSurfaceHoldsTheLastDrawing) {
     canvas.Dc().FillSolidRect(rect, kInk);
     {
         CMemoryDC memory{canvas.Dc(), rect, surface};
-        memory.SetPixel(3, 4, kInk);
+        ::SetPixelV(memory, 3, 4, kInk);
     }
     EXPECT_EQ(canvas.At(0, 0), kGround);
     EXPECT_EQ(canvas.At(3, 4), kInk);
@@ -164,7 +164,7 @@ TEST(MemoryDc, FollowsATargetWhoseOriginIsMoved) {
     const CRect rect{15, 17, 25, 27};  // on the canvas from (10, 10) to (20, 20)
     {
         CMemoryDC memory{canvas.Dc(), &rect};
-        memory.SetPixel(16, 18, kInk);
+        ::SetPixelV(memory, 16, 18, kInk);
     }
     EXPECT_EQ(canvas.At(10, 10), kGround);
     EXPECT_EQ(canvas.At(19, 19), kGround);

@@ -89,7 +89,7 @@ TEST(MeterColor, SetsTheColourThatIsChosen) {
         CMeterWnd& meter = slot.Open();
         SetAllColours(meter, RGB(9, 9, 9));
         // The chooser starts with black, whatever the meter shows.
-        ASSERT_TRUE(WithChooser(meter.GetSafeHwnd(), id, [](HWND chooser) { Press(chooser, IDOK); })) << id;
+        ASSERT_TRUE(WithChooser(meter.m_hWnd, id, [](HWND chooser) { Press(chooser, IDOK); })) << id;
         for (const auto& [other, otherShown] : kColourCommands)
             EXPECT_EQ((meter.Shown().*otherShown)(), other == id ? RGB(0, 0, 0) : RGB(9, 9, 9)) << id;
     }
@@ -100,7 +100,7 @@ TEST(MeterColor, KeepsTheColourOnCancel) {
         MeterSlot slot;
         CMeterWnd& meter = slot.Open();
         SetAllColours(meter, RGB(9, 9, 9));
-        ASSERT_TRUE(WithChooser(meter.GetSafeHwnd(), id, [](HWND chooser) { Press(chooser, IDCANCEL); }));
+        ASSERT_TRUE(WithChooser(meter.m_hWnd, id, [](HWND chooser) { Press(chooser, IDCANCEL); }));
         EXPECT_EQ((meter.Shown().*shown)(), RGB(9, 9, 9)) << id;
     }
 }
@@ -111,7 +111,7 @@ constexpr int kDefineColours = 0x2CF;  // the button that opens the part for col
 TEST(MeterColor, TakesTheBasicColourThatIsClicked) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
-    ASSERT_TRUE(WithChooser(meter.GetSafeHwnd(), ID_METER_FACE_COLOUR, [](HWND chooser) {
+    ASSERT_TRUE(WithChooser(meter.m_hWnd, ID_METER_FACE_COLOUR, [](HWND chooser) {
         // The first of the first row is a light red on every Windows.
         RECT field{};
         ::GetWindowRect(::GetDlgItem(chooser, kBasicColours), &field);
@@ -127,7 +127,7 @@ TEST(MeterColor, TakesTheBasicColourThatIsClicked) {
 TEST(MeterColor, LeavesTheOtherWindowsUsable) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
-    const HWND window = meter.GetSafeHwnd();
+    const HWND window = meter.m_hWnd;
     HWND owner = window;
     bool canDefineColours = true;
     bool meterIsEnabled = false;
@@ -147,7 +147,7 @@ TEST(MeterColor, LeavesTheOtherWindowsUsable) {
 TEST(MeterColor, ClosesWithTheMeter) {
     for (const auto& [id, shown] : kColourCommands) {
         MeterSlot slot;
-        const HWND window = slot.Open<BuriedMeter>().GetSafeHwnd();
+        const HWND window = slot.Open<BuriedMeter>().m_hWnd;
         EXPECT_TRUE(WithChooser(window, id, [&](HWND) { ::SendMessageW(window, WM_CLOSE, 0, 0); })) << id;
         EXPECT_EQ(slot.meter, nullptr);
         EXPECT_FALSE(::IsWindow(window));
@@ -157,7 +157,7 @@ TEST(MeterColor, ClosesWithTheMeter) {
 
 TEST(MeterColor, DropsTheColourOfAMeterThatIsClosedAtTheSameTime) {
     MeterSlot slot;
-    const HWND window = slot.Open<BuriedMeter>().GetSafeHwnd();
+    const HWND window = slot.Open<BuriedMeter>().m_hWnd;
     EXPECT_TRUE(WithChooser(window, ID_METER_FACE_COLOUR, [&](HWND chooser) {
         Press(chooser, IDOK);  // comes first in the queue, so the chooser answers with a colour
         ::SendMessageW(window, WM_CLOSE, 0, 0);
@@ -169,7 +169,7 @@ TEST(MeterColor, DropsTheColourOfAMeterThatIsClosedAtTheSameTime) {
 TEST(MeterColor, DropsTheColourWhenAnotherMeterHasTakenThePlace) {
     // The new one has the old one's memory too, so that only their windows tell them apart.
     MeterSlot slot;
-    const HWND window = slot.Open<BuriedMeter>().GetSafeHwnd();
+    const HWND window = slot.Open<BuriedMeter>().m_hWnd;
     EXPECT_TRUE(WithChooser(window, ID_METER_FACE_COLOUR, [&](HWND chooser) {
         ::SendMessageW(window, WM_CLOSE, 0, 0);
         SetAllColours(slot.Open<BuriedMeter>(), RGB(9, 9, 9));
@@ -183,7 +183,7 @@ TEST(MeterColor, ClosesWithTheOwnerOfTheMeter) {
     const HWND owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                          ::GetModuleHandleW(nullptr), nullptr);
     MeterSlot slot;
-    const HWND window = slot.Open(owner).GetSafeHwnd();
+    const HWND window = slot.Open(owner).m_hWnd;
     EXPECT_TRUE(WithChooser(window, ID_METER_NEEDLE_COLOUR, [&](HWND) { ::DestroyWindow(owner); }));
     EXPECT_EQ(slot.meter, nullptr);
 }
@@ -192,7 +192,7 @@ TEST(MeterColor, MayBeChosenTwiceAtATime) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     SetAllColours(meter, RGB(9, 9, 9));
-    EXPECT_TRUE(WithChoosers(meter.GetSafeHwnd(), {ID_METER_FACE_COLOUR, ID_METER_TICKS_COLOUR},
+    EXPECT_TRUE(WithChoosers(meter.m_hWnd, {ID_METER_FACE_COLOUR, ID_METER_TICKS_COLOUR},
                              [](const std::vector<HWND>& choosers) {
                                  for (const HWND chooser : choosers) Press(chooser, IDOK);
                              }));
@@ -204,7 +204,7 @@ TEST(MeterColor, MayBeChosenTwiceAtATime) {
 // However often the item of the menu is asked for.
 TEST(MeterColor, HasOneChooserForEachColour) {
     MeterSlot slot;
-    const HWND window = slot.Open().GetSafeHwnd();
+    const HWND window = slot.Open().m_hWnd;
     std::size_t shown = 0;
     EXPECT_TRUE(WithChooser(window, ID_METER_FACE_COLOUR, [&](HWND chooser) {
         ::SendMessageW(window, WM_COMMAND, ID_METER_FACE_COLOUR, 0);
@@ -216,7 +216,7 @@ TEST(MeterColor, HasOneChooserForEachColour) {
 
 TEST(MeterColor, ClosesBothChoosersWithTheMeter) {
     MeterSlot slot;
-    const HWND window = slot.Open<BuriedMeter>().GetSafeHwnd();
+    const HWND window = slot.Open<BuriedMeter>().m_hWnd;
     EXPECT_TRUE(WithChoosers(window, {ID_METER_FACE_COLOUR, ID_METER_TICKS_COLOUR},
                              [&](const std::vector<HWND>&) { ::SendMessageW(window, WM_CLOSE, 0, 0); }));
     EXPECT_EQ(slot.meter, nullptr);

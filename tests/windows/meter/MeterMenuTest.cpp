@@ -76,7 +76,7 @@ bool WithMenu(HWND meter, POINT place, Action act) {
 TEST(MeterMenu, HasNineItems) {
     MeterSlot slot;
     auto& meter = slot.Open<NotingMeter>(nullptr, kMeterRect, kHiddenMeterStyle);
-    ASSERT_TRUE(WithMenu(meter.GetSafeHwnd(), {300, 300}, [] { ::EndMenu(); }));
+    ASSERT_TRUE(WithMenu(meter.m_hWnd, {300, 300}, [] { ::EndMenu(); }));
     const std::vector<std::wstring> texts{L"EnableMaxMarker",
                                           L"EnableMinMarker",
                                           L"DisplayPeak",
@@ -96,7 +96,7 @@ TEST(MeterMenu, ChecksWhatIsOn) {
     auto& meter = slot.Open<NotingMeter>(nullptr, kMeterRect, kHiddenMeterStyle);
     const auto checks = [&] {
         meter.checks.clear();
-        EXPECT_TRUE(WithMenu(meter.GetSafeHwnd(), {300, 300}, [] { ::EndMenu(); }));
+        EXPECT_TRUE(WithMenu(meter.m_hWnd, {300, 300}, [] { ::EndMenu(); }));
         return meter.checks;
     };
     using Checks = std::vector<bool>;
@@ -113,7 +113,7 @@ TEST(MeterMenu, ChecksWhatIsOn) {
 // The middle of the menu's top edge when this message opens the menu.
 std::optional<POINT> PlaceOfMenu(CMeterWnd& meter, POINT place) {
     RECT rect{};
-    const bool shown = WithMenu(meter.GetSafeHwnd(), place, [&] {
+    const bool shown = WithMenu(meter.m_hWnd, place, [&] {
         ::GetWindowRect(OpenMenu(), &rect);
         ::EndMenu();
     });
@@ -134,7 +134,7 @@ TEST(MeterMenu, OpensAtTheMiddleOfTheMeterForTheKeyboard) {
     CMeterWnd& meter = slot.Open(nullptr, CRect{300, 200, 500, 400}, kHiddenMeterStyle);
     const CRect client = meter.GetClientRect();
     POINT middle{client.Width() / 2, client.Height() / 2};
-    ::ClientToScreen(meter.GetSafeHwnd(), &middle);
+    ::ClientToScreen(meter.m_hWnd, &middle);
     const auto place = PlaceOfMenu(meter, {-1, -1});
     ASSERT_TRUE(place);
     EXPECT_NEAR(place->x, middle.x, 1);
@@ -144,7 +144,7 @@ TEST(MeterMenu, OpensAtTheMiddleOfTheMeterForTheKeyboard) {
 TEST(MeterMenu, RunsTheChosenItem) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open(nullptr, kMeterRect, kHiddenMeterStyle);
-    const HWND window = meter.GetSafeHwnd();
+    const HWND window = meter.m_hWnd;
     ASSERT_TRUE(WithMenu(window, {300, 300}, [&] {
         for (int i = 0; i < 4; ++i) ::PostMessageW(window, WM_KEYDOWN, VK_DOWN, 0);  // to "Rice!"
         ::PostMessageW(window, WM_KEYDOWN, VK_RETURN, 0);
@@ -154,7 +154,7 @@ TEST(MeterMenu, RunsTheChosenItem) {
 
 TEST(MeterMenu, ClosesWithTheMeter) {
     MeterSlot slot;
-    const HWND window = slot.Open<BuriedMeter>(nullptr, kMeterRect, kHiddenMeterStyle).GetSafeHwnd();
+    const HWND window = slot.Open<BuriedMeter>(nullptr, kMeterRect, kHiddenMeterStyle).m_hWnd;
     EXPECT_TRUE(WithMenu(window, {300, 300}, [&] { ::SendMessageW(window, WM_CLOSE, 0, 0); }));
     EXPECT_EQ(slot.meter, nullptr);
     EXPECT_TRUE(BuriedMeter::RestsUntouched());
@@ -165,7 +165,7 @@ TEST(MeterMenu, ClosesWithTheOwnerOfTheMeter) {
     const HWND owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                          ::GetModuleHandleW(nullptr), nullptr);
     MeterSlot slot;
-    const HWND window = slot.Open(owner, kMeterRect, kHiddenMeterStyle).GetSafeHwnd();
+    const HWND window = slot.Open(owner, kMeterRect, kHiddenMeterStyle).m_hWnd;
     EXPECT_TRUE(WithMenu(window, {300, 300}, [&] { ::DestroyWindow(owner); }));
     EXPECT_EQ(slot.meter, nullptr);
 }

@@ -28,14 +28,14 @@ constexpr int kObjectsOfAMeter = 6;
 
 // The colour on the screen at that place.
 COLORREF Shown(const CMeterWnd& meter, int x, int y) {
-    const CClientDC dc{meter.GetSafeHwnd()};
+    const CClientDC dc{meter.m_hWnd};
     return ::GetPixel(dc, x, y);
 }
 
 TEST(MeterWnd, IsAToolWindowWithATitle) {
     MeterSlot slot;
     const CMeterWnd& meter = slot.Open(nullptr, kMeterRect, kHiddenMeterStyle);
-    const HWND window = meter.GetSafeHwnd();
+    const HWND window = meter.m_hWnd;
     EXPECT_EQ(meter.GetWindowText(), "Plotvane Meter");
     EXPECT_NE(::GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW, 0);
     EXPECT_EQ(static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE)) & kFieldMeterStyle, kHiddenMeterStyle);
@@ -87,7 +87,7 @@ TEST(MeterWnd, ShowsTheGauge) {
 TEST(MeterWnd, ClearsTheOwnersVariableAndDeletesItselfWhenItIsClosed) {
     MeterSlot slot;
     const int objects = LivingGdiObjects();
-    const HWND window = slot.Open().GetSafeHwnd();
+    const HWND window = slot.Open().m_hWnd;
     ::SendMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
     EXPECT_EQ(slot.meter, nullptr);
     EXPECT_FALSE(::IsWindow(window));
@@ -118,7 +118,7 @@ TEST(MeterWnd, IsDestroyedWithItsOwnerWindow) {
     CountedMeter::destroyed = 0;
     first.Open<CountedMeter>(owner);
     second.Open<CountedMeter>(owner);
-    EXPECT_EQ(::GetWindow(first.meter->GetSafeHwnd(), GW_OWNER), owner);
+    EXPECT_EQ(::GetWindow(first.meter->m_hWnd, GW_OWNER), owner);
     ::DestroyWindow(owner);
     EXPECT_EQ(first.meter, nullptr);
     EXPECT_EQ(second.meter, nullptr);
@@ -148,7 +148,7 @@ TEST(MeterWnd, StaysAnObjectWithoutAWindowWhenItCannotBeCreated) {
     slot = meter.get();
     EXPECT_FALSE(meter->Create(L"NoSuchClass", kFieldMeterStyle, kMeterRect, nullptr));
     EXPECT_EQ(slot, meter.get());
-    EXPECT_EQ(meter->GetSafeHwnd(), nullptr);
+    EXPECT_EQ(meter->m_hWnd, nullptr);
 
     meter->SetValue(5);
     meter->SetRange(1, 2);
@@ -169,7 +169,7 @@ TEST(MeterWnd, StaysAnObjectWithoutAWindowWhenItCannotBeCreated) {
 std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter) {
     const CRect client = meter.GetClientRect();
     const Picture picture(client.Width(), client.Height());
-    const CClientDC window{meter.GetSafeHwnd()};
+    const CClientDC window{meter.m_hWnd};
     CDC(picture.Dc()).BitBlt(0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
     std::vector<std::uint32_t> pixels(picture.Pixels().begin(), picture.Pixels().end());
     for (std::uint32_t& pixel : pixels) pixel &= 0xFFFFFF;
@@ -189,9 +189,9 @@ template <typename Action>
 Repaint RepaintAfter(CMeterWnd& meter, Action action) {
     Settle(meter);
     const int objects = LivingGdiObjects();
-    CClientDC window{meter.GetSafeHwnd()};
+    CClientDC window{meter.m_hWnd};
     constexpr COLORREF kScribble = RGB(255, 0, 255);
-    window.SetPixel(0, 0, kScribble);
+    ::SetPixelV(window, 0, 0, kScribble);
     action();
     const bool dialIsKept = LivingGdiObjects() == objects;
     if (!HasSomethingToPaint(meter)) {
@@ -200,7 +200,7 @@ Repaint RepaintAfter(CMeterWnd& meter, Action action) {
     }
     EXPECT_TRUE(dialIsKept || LivingGdiObjects() == objects - kObjectsOfAMeter);
     CRect update;
-    ::GetUpdateRect(meter.GetSafeHwnd(), &update, FALSE);
+    ::GetUpdateRect(meter.m_hWnd, &update, FALSE);
     EXPECT_EQ(update.Width(), meter.GetClientRect().Width());
     EXPECT_EQ(update.Height(), meter.GetClientRect().Height());
     Settle(meter);
@@ -250,7 +250,7 @@ TEST(MeterWnd, ShowsAValueAtItsCurrentSize) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     for (const int size : {150, 220}) {
-        ::SetWindowPos(meter.GetSafeHwnd(), nullptr, 0, 0, size, size, SWP_NOMOVE | SWP_NOZORDER);
+        ::SetWindowPos(meter.m_hWnd, nullptr, 0, 0, size, size, SWP_NOMOVE | SWP_NOZORDER);
         Settle(meter);
         meter.SetValue(size / 4.0);
         const auto shown = PixelsOf(meter);

@@ -65,7 +65,7 @@ void Settle(CMeterWnd& meter) {
 }
 
 bool HasSomethingToPaint(const CMeterWnd& meter) {
-    return ::GetUpdateRect(meter.GetSafeHwnd(), nullptr, FALSE) != 0;
+    return ::GetUpdateRect(meter.m_hWnd, nullptr, FALSE) != 0;
 }
 
 Ticker::Ticker(std::function<void()> run)
