@@ -181,6 +181,28 @@ TEST_F(Host, LoadingALogIsNotOfferedWhileTheHostRuns) {
     EXPECT_EQ(WindowsOf(m_session.Process().Id()).size(), 1u);
 }
 
+// What the host hands over says how wide its handles are.
+TEST(HostOf32Bits, IsUnderstoodAsWell) {
+    Session session;
+    session.StartWithHost([](HANDLE pipe, int descriptor) { return DescriptorBlock(pipe, descriptor, 4); });
+    session.Host().SendRecord(kFirstRecord);
+    EXPECT_TRUE(session.Shows(0, L"780 /min"));
+    EXPECT_TRUE(session.Closes());
+}
+
+TEST(HostWithABrokenBlock, CountsAsStopped) {
+    const auto broken = [](HANDLE pipe, int descriptor) {
+        std::vector<BYTE> block = DescriptorBlock(pipe, descriptor, 4);
+        block.pop_back();
+        return block;
+    };
+    Session session;
+    session.StartWithHost(broken);
+    EXPECT_TRUE(Becomes([&] { return session.Main().IsEnabled(IDC_PAUSE); }, true));
+    EXPECT_TRUE(KeepsAnswering(session.Main()));
+    EXPECT_TRUE(session.Closes());
+}
+
 TEST(NoExchangeFile, IsSaidAndEndsTheProgram) {
     Session session;
     session.StartWithHostButNoExchangeFile();

@@ -1,31 +1,22 @@
 #include "tests/system/support/ChildProcess.h"
 
+#include <algorithm>
 #include <cstring>
 #include <stdexcept>
-#include <vector>
 
 namespace plotvane::test {
 
-namespace {
-
-// The block in which a C run-time tells its child about inherited descriptors: their count as an int, one
-// byte of flags for each, one handle for each.
-std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor) {
+std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor, std::size_t handleSize) {
     constexpr BYTE kOpenPipe = 0x01 | 0x08;
     const auto count = static_cast<std::size_t>(descriptor) + 1;
-    std::vector<BYTE> block(sizeof(int) + count + count * sizeof(HANDLE), 0);
+    std::vector<BYTE> block(sizeof(int) + count + count * handleSize, 0xFF);
     const int number = descriptor + 1;
     std::memcpy(block.data(), &number, sizeof number);
+    std::fill_n(block.begin() + sizeof(int), count, BYTE{0});
     block[sizeof(int) + count - 1] = kOpenPipe;
-    BYTE* const handles = block.data() + sizeof(int) + count;
-    for (std::size_t i = 0; i < count; ++i) {
-        HANDLE const handle = i + 1 == count ? pipe : INVALID_HANDLE_VALUE;
-        std::memcpy(handles + i * sizeof handle, &handle, sizeof handle);
-    }
+    std::memcpy(block.data() + block.size() - handleSize, &pipe, handleSize);  // before it: none
     return block;
 }
-
-}  // namespace
 
 std::filesystem::path ProgramFolder() {
     std::wstring path(MAX_PATH, L'\0');
@@ -34,7 +25,7 @@ std::filesystem::path ProgramFolder() {
 }
 
 ChildProcess::ChildProcess(std::wstring commandLine, const std::filesystem::path& folder,
-                           HANDLE inheritedPipe, int descriptor)
+                           std::vector<BYTE> descriptors)
     : m_job(::CreateJobObjectW(nullptr, nullptr)) {
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
@@ -42,14 +33,12 @@ ChildProcess::ChildProcess(std::wstring commandLine, const std::filesystem::path
 
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
-    std::vector<BYTE> block;
-    if (inheritedPipe) {
-        block = DescriptorBlock(inheritedPipe, descriptor);
-        startup.lpReserved2 = block.data();
-        startup.cbReserved2 = static_cast<WORD>(block.size());
+    if (!descriptors.empty()) {
+        startup.lpReserved2 = descriptors.data();
+        startup.cbReserved2 = static_cast<WORD>(descriptors.size());
     }
     PROCESS_INFORMATION started{};
-    if (!::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, inheritedPipe != nullptr,
+    if (!::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, !descriptors.empty(),
                           CREATE_SUSPENDED, nullptr, folder.c_str(), &startup, &started)) {
         throw std::runtime_error("cannot start a process, error " + std::to_string(::GetLastError()));
     }

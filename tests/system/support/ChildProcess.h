@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "tests/system/support/Handle.h"
 
@@ -13,14 +14,17 @@ namespace plotvane::test {
 // The folder of the programs under test, which is also that of this test program.
 std::filesystem::path ProgramFolder();
 
+// The block in which a parent's C run-time hands an inheritable pipe to a new process as that descriptor
+// (0..63). `handleSize` is 8, or 4 for a parent of 32 bits.
+std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor, std::size_t handleSize = 8);
+
 // A process started in a given folder. The destructor ends it and everything that it has started.
 class ChildProcess {
 public:
-    // `commandLine` begins with the program, quoted if needed. `inheritedPipe`, if any, becomes descriptor
-    // `descriptor` (0..63) of the process's C run-time, as a parent's _spawn would pass it. Throws
-    // std::runtime_error if the process cannot be started.
+    // `commandLine` begins with the program, quoted if needed. With a block of descriptors, the process
+    // inherits all inheritable handles. Throws std::runtime_error if the process cannot be started.
     ChildProcess(std::wstring commandLine, const std::filesystem::path& folder,
-                 HANDLE inheritedPipe = nullptr, int descriptor = -1);
+                 std::vector<BYTE> descriptors = {});
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;

@@ -1,5 +1,7 @@
 #include "tests/system/support/Session.h"
 
+#include <utility>
+
 #include "tests/system/support/MainDialog.h"
 
 namespace plotvane::test {
@@ -19,7 +21,7 @@ Session::Session(const std::filesystem::path& below)
 }
 
 void Session::Start() {
-    Launch(nullptr, -1);
+    Launch();
 }
 
 void Session::StartWithHost() {
@@ -27,15 +29,21 @@ void Session::StartWithHost() {
     StartWithHostButNoExchangeFile();
 }
 
+void Session::StartWithHost(const std::function<std::vector<BYTE>(HANDLE, int)>& makeBlock) {
+    WriteBytes(ExchangeFile(), std::to_string(kDescriptor) + "\n");
+    m_host = std::make_unique<PipeHost>();
+    Launch(makeBlock(m_host->ReadEnd(), kDescriptor));
+}
+
 void Session::StartWithHostAt(HANDLE inherited, int descriptor) {
     WriteBytes(ExchangeFile(), std::to_string(descriptor) + "\n");
     m_host = std::make_unique<PipeHost>();
-    Launch(inherited, descriptor);
+    Launch(DescriptorBlock(inherited, descriptor));
 }
 
 void Session::StartWithHostButNoExchangeFile() {
     m_host = std::make_unique<PipeHost>();
-    Launch(m_host->ReadEnd(), kDescriptor);
+    Launch(DescriptorBlock(m_host->ReadEnd(), kDescriptor));
 }
 
 void Session::StartThroughStandIn(const std::wstring& options) {
@@ -52,9 +60,9 @@ void Session::StartThroughDocumentedHost() {
         L'"' + (ProgramFolder() / "documented-host.exe").wstring() + L'"', Folder());
 }
 
-void Session::Launch(HANDLE inheritedPipe, int descriptor) {
+void Session::Launch(std::vector<BYTE> descriptors) {
     const std::wstring program = (ProgramFolder() / "plotvane.exe").wstring();
-    m_process = std::make_unique<ChildProcess>(L'"' + program + L'"', Folder(), inheritedPipe, descriptor);
+    m_process = std::make_unique<ChildProcess>(L'"' + program + L'"', Folder(), std::move(descriptors));
 }
 
 RemoteWindow Session::Main() const {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "res/resource.h"
 #include "tests/support/TempFolder.h"
@@ -23,6 +25,9 @@ public:
     // Without a host the program offers logs to replay; with one it plots live.
     void Start();
     void StartWithHost();
+    // The same with another block of descriptors than a 64-bit host's; `makeBlock` gets the pipe and its
+    // descriptor.
+    void StartWithHost(const std::function<std::vector<BYTE>(HANDLE, int)>& makeBlock);
     // The same with something else where the pipe should be: that handle, which must be inheritable, as that
     // descriptor.
     void StartWithHostAt(HANDLE inherited, int descriptor);
@@ -62,7 +67,7 @@ public:
     std::filesystem::path ExchangeFile() const { return Folder() / "MB-PIPE.TXT"; }
 
 private:
-    void Launch(HANDLE inheritedPipe, int descriptor);
+    void Launch(std::vector<BYTE> descriptors = {});
 
     TempFolder m_folder;
     const std::filesystem::path m_workingFolder;

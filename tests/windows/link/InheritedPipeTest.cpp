@@ -5,7 +5,10 @@
 #include <io.h>
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "tests/support/TempFolder.h"
 
@@ -100,6 +103,37 @@ TEST_F(InheritedPipeTest, APipeThatCannotBeLookedIntoCountsAsClosed) {
     Descriptor writer(write);
     m_pipe.Attach(writer.Number());
     EXPECT_EQ(Read(), HostPipe::kEndOfStream);
+}
+
+// A block of descriptors as a host of 32 bits hands it over, with the handle as descriptor 0.
+std::vector<std::byte> NarrowBlock(HANDLE handle) {
+    std::vector<std::byte> block{std::byte{1}, {}, {}, {}, std::byte{0x09}, {}, {}, {}, {}};
+    std::memcpy(block.data() + 5, &handle, 4);
+    return block;
+}
+
+TEST_F(InheritedPipeTest, AHostOf32BitsIsRead) {
+    HANDLE read = nullptr;
+    HANDLE write = nullptr;
+    ASSERT_TRUE(::CreatePipe(&read, &write, nullptr, 0));
+    const Descriptor reader(read);
+    const Descriptor writer(write);
+    const auto block = NarrowBlock(read);
+    InheritedPipe pipe(block);
+    pipe.Attach(0);
+    EXPECT_EQ(pipe.TryRead(m_buffer), 0);
+    ASSERT_EQ(_write(writer.Number(), "a\r\n\x1A", 4), 4);
+    ASSERT_EQ(pipe.TryRead(m_buffer), 4);
+    EXPECT_EQ(Buffer(4), "a\r\n\x1A");  // any byte, though no flag asks for binary mode
+}
+
+TEST_F(InheritedPipeTest, AHandleThatIsNoneCountsAsClosed) {
+    for (const std::uintptr_t number : {std::uintptr_t{0}, std::uintptr_t{0x7FFF'FFF0}, ~std::uintptr_t{0}}) {
+        const auto block = NarrowBlock(reinterpret_cast<HANDLE>(number));
+        InheritedPipe pipe(block);
+        pipe.Attach(0);
+        EXPECT_EQ(pipe.TryRead(m_buffer), HostPipe::kEndOfStream) << number;
+    }
 }
 
 TEST_F(InheritedPipeTest, ANumberThatIsNoDescriptorCountsAsClosed) {
