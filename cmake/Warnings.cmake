@@ -7,8 +7,8 @@ if(PLOTVANE_WERROR)
     target_compile_options(plotvane_warnings INTERFACE -Werror)
 endif()
 
-# GCC 12 takes "text" + std::to_string(number) for an overlapping copy once it is inlined, which only
-# optimised builds do; clang-tidy, which reads the options of the native one, does not know this one.
+# Once inlined, which happens only in optimised builds, GCC 12 takes "text" + std::to_string(number) for an overlapping
+# copy. Other builds leave the option out, because clang-tidy reads their options and does not know it.
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(plotvane_warnings INTERFACE -Wno-restrict)
 endif()

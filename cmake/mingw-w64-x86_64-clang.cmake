@@ -1,5 +1,5 @@
-# The same cross build with clang, as a second opinion. Headers, libraries and the standard library are those
-# of mingw-w64's own compiler.
+# The same cross build with clang, for its warnings. Headers and libraries, including the standard library, are those of
+# mingw-w64's own compiler.
 include("${CMAKE_CURRENT_LIST_DIR}/mingw-w64-x86_64.cmake")
 
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name

@@ -1,5 +1,5 @@
-# Cross build for 64-bit Windows with Debian's mingw-w64. Only with the posix thread model does its standard
-# library have the C++20 parts that the program uses.
+# Cross build for 64-bit Windows with Debian's mingw-w64. Its standard library has the C++20 parts that the program uses
+# only with the posix thread model.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

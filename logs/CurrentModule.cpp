@@ -36,8 +36,8 @@ void CurrentModule::TakeName(std::string_view name) {
     m_keyIsOfName = true;
 }
 
-// Generic OBD streams never load a scaling, so each of their records comes through here: an unchanged title
-// is left alone, or it would flicker.
+// Generic OBD streams never load a scaling, so each of their records comes here. An unchanged title is left
+// alone; it would flicker.
 void CurrentModule::ShowTitle() {
     m_nextTitle.clear();
     AppendUtf16(m_nextTitle, m_state.logMode ? std::string_view("Plotvane   -   ") : m_liveTitle);
@@ -48,7 +48,7 @@ void CurrentModule::ShowTitle() {
     m_titleBar.SetModuleTitle(m_title);
 }
 
-// Reads the files once in a run of the loop, not twenty times a second; a new run sees what has changed in
+// Reads the files once in each run of the loop, not twenty times a second. A new run sees what has changed in
 // them.
 void CurrentModule::FollowLabels() {
     if (m_key == m_labelsKey && m_state.generation == m_labelsGeneration) return;

@@ -14,23 +14,24 @@
 
 namespace plotvane {
 
-// The control module whose values are shown: its name as records give it, the name of its scaling file, its
+// The control module whose values are shown: its name from the records, the name of its scaling file, its
 // labels. It follows the records, live or from a log.
 class CurrentModule {
 public:
-    // `liveTitle` goes before the module's name in the window title while data is live; `labelsFolder` holds
-    // the host's label files, whose reading the watch, if any, accompanies. All but the texts must outlive
-    // this object.
+    // `liveTitle` precedes the module's name in the window title while data is live. `labelsFolder` holds the
+    // host's label files. The watch, if any, is called during long reads of them. All but the texts must
+    // outlive this object.
     CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar, std::string liveTitle,
                   std::filesystem::path labelsFolder, ReadWatch* watch = nullptr);
 
-    // To be called for every record, before its items are parsed: takes the module from the record's first
-    // field, unless the scaling of the present key is loaded. Then the record's own name is not looked at, so
-    // that one module's ranges stay in force until the loop starts anew. Returns the position behind the
-    // first comma; nothing, with all as it was, if the record has no comma.
+    // Call for every record before its items are parsed. Takes the module from the record's first field,
+    // unless the scaling of the present key is loaded: then the record's own name is ignored, so that one
+    // module's ranges stay in force until the loop starts again. Returns the position after the first comma.
+    // If the record has no comma, returns nothing and changes nothing.
     std::optional<std::size_t> ApplyModuleName(std::string_view record);
 
-    // The log import's module name takes the key's place until the first record; no scaling file has it.
+    // The module name from a log's header, used as the key until the first record. No scaling file has that
+    // name.
     void SetRawKey(std::string_view moduleName) {
         m_key = moduleName;
         m_keyIsOfName = false;
@@ -39,10 +40,10 @@ public:
     // Name and extension of the log in use, for the window title.
     void SetLogFileName(std::u16string_view fileName) { m_logFileName = fileName; }
 
-    // As in the record; empty before the first one.
+    // As in the record. Empty before the first one.
     const std::string& Name() const { return m_name; }
 
-    // The name of the module's scaling file, at most 15 characters and ".SCL"; empty before the first record.
+    // The name of the module's scaling file: at most 15 characters and ".SCL". Empty before the first record.
     const std::string& Key() const { return m_key; }
 
     const LabelTable& Labels() const { return m_labels; }
@@ -61,13 +62,13 @@ private:
 
     std::string m_name;
     std::string m_key;
-    bool m_keyIsOfName = false;  // m_key belongs to m_name: it need not be put together anew
+    bool m_keyIsOfName = false;  // m_key was made from m_name and need not be made again
     std::u16string m_logFileName;
     std::u16string m_title;      // what the title bar was last given
     std::u16string m_nextTitle;  // kept for its memory
     LabelTable m_labels;
-    std::string m_labelsKey;               // the key that the labels were loaded for,
-    std::uint32_t m_labelsGeneration = 0;  // and the run of the loop that did
+    std::string m_labelsKey;               // the key whose labels are loaded,
+    std::uint32_t m_labelsGeneration = 0;  // and the run of the loop that loaded them
 };
 
 }  // namespace plotvane

@@ -25,7 +25,7 @@ bool IsComment(std::string_view line) {
     return line.empty() || line.front() == ';';
 }
 
-// Takes the longest run of such characters, at most `limit` of them; possibly none.
+// Takes as many such characters as follow, at most `limit`; possibly none.
 template <typename Predicate>
 std::string_view TakeRun(std::string_view& rest, Predicate isMember, std::size_t limit) {
     const auto end = std::ranges::find_if_not(rest.substr(0, limit), isMember);
@@ -56,8 +56,8 @@ bool ListsSuffix(std::string_view list, std::string_view moduleSuffix) {
     for (;;) {
         const auto item = TakeRun(list, IsLetterOrDigit, kMaxSuffixLength);
         const bool tooLong = !list.empty() && IsLetterOrDigit(list.front());
-        // An empty item has a comma on either side. The end of the list is none, or every list would name the
-        // modules without a suffix; and a ";" ends the list, as it ends every other line.
+        // An empty item has a comma on either side. The end of the list is no item; otherwise every list
+        // would name the modules without a suffix. A ";" ends the list, as it ends every other line.
         const bool missing = item.empty() && !list.starts_with(',');
         if (!tooLong && !missing && EqualsInUpperCase(item, moduleSuffix)) return true;
         TakeText(list);
@@ -65,7 +65,7 @@ bool ListsSuffix(std::string_view list, std::string_view moduleSuffix) {
     }
 }
 
-// False, with an empty table, if the file cannot be read. If its rest is no longer wanted, the table holds
+// False, with an empty table, if the file cannot be read. If the rest is no longer wanted, the table holds
 // what was read until then.
 bool ReadLabels(const std::filesystem::path& path, std::string& line, LabelTable& table, ReadWatch* watch) {
     TextInput input(path, watch);
@@ -75,8 +75,8 @@ bool ReadLabels(const std::filesystem::path& path, std::string& line, LabelTable
     return exists && !input.HasFailed();
 }
 
-// The file of the module's part number, or where that sends the module. A device has no labels, and opening
-// one could wait for ever.
+// The file of the module's part number, or the one to which that sends the module. A device has no labels,
+// and opening one could block for ever.
 std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path& labelsFolder,
                                                     std::string_view keyStem, std::string& line,
                                                     ReadWatch* watch) {
@@ -89,8 +89,8 @@ std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path&
         if (!IsSafeFileName(*target)) return std::nullopt;
         return labelsFolder / PathFromText(*target);
     }
-    // What could not be read may send the module elsewhere; and a file that is missing, or whose rest is no
-    // longer wanted, is not open.
+    // A part that could not be read might have redirected the module. A file that is missing, or whose rest
+    // is no longer wanted, is not open.
     if (input.HasFailed() || !input.IsOpen()) return std::nullopt;
     return path;
 }
@@ -102,7 +102,7 @@ void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyS
     table.Reset();
     std::string line;
     const auto ownPath = BuildLabelPath(labelsFolder, keyStem, LabelForm::Full);
-    // A module without suffix has no file of its own: the part number's serves it, redirects and all.
+    // A module without a suffix has no file of its own. The part number's file serves it, with its redirects.
     if (ownPath != BuildLabelPath(labelsFolder, keyStem, LabelForm::Short)) {
         if (ReadLabels(ownPath, line, table, watch)) return;
     }

@@ -11,17 +11,17 @@
 
 namespace plotvane {
 
-// Label files are the host's; this program only reads them. A line names a group or a field of it:
+// Label files belong to the host; this program only reads them. A line names a group or a field of it:
 //   007,0,Idle speed                     title of group 7
 //   007,2,Coolant,temperature ; comment  name and second text of its field 2
-// or, in the file of a part number, sends the modules with some suffixes to another file:
+// In the file of a part number, a line may also send modules with certain suffixes to another file:
 //   REDIRECT,038-906-019-B.LBL,FT,GH
 
-// Fills the table with the labels of the module whose key, without ".SCL", is given; `labelsFolder` holds the
-// files. The file of the module itself goes before the one of its part number, and only the latter may
-// redirect. Without a file the table is empty; a file that cannot be read to its end counts as missing. The
-// watch, if any, is asked in the middle of long files; where it answers that the labels are no longer wanted,
-// the table holds those read until then.
+// Fills the table with the labels of a module, given its key without ".SCL". `labelsFolder` holds the files.
+// The module's own file is preferred to the one of its part number; only the latter may redirect. Without a
+// file the table is empty. A file that cannot be read to its end counts as missing. The watch, if any, is
+// called during long reads; if it answers that the labels are no longer wanted, the table holds what was read
+// until then.
 void LoadLabels(const std::filesystem::path& labelsFolder, std::string_view keyStem, LabelTable& table,
                 ReadWatch* watch = nullptr);
 
@@ -32,14 +32,14 @@ std::filesystem::path BuildLabelPath(const std::filesystem::path& labelsFolder, 
 // are ignored.
 void ParseLabelLine(std::string_view line, LabelTable& table);
 
-// The next line without its line end; what goes beyond kMaxLabelLineLength bytes is dropped. False at the end
-// of the file. A last line that the file ends without a line end is not used.
+// Reads the next line without its line end and drops what exceeds kMaxLabelLineLength bytes. False at the end
+// of the file. A last line without a line end is not used.
 bool ReadLabelLine(TextInput& input, std::string& line);
 
 constexpr std::size_t kMaxLabelLineLength = 4096;
 
-// The file name to which a line sends the modules with this suffix (in upper case, possibly empty). Nothing
-// if the line is no redirect, or none for them. An empty item of its list stands for modules without a
+// The file name to which a line sends the modules with this suffix (upper case, possibly empty). Nothing if
+// the line is no redirect, or not one for this suffix. An empty item in its list stands for modules without a
 // suffix.
 std::optional<std::string_view> RedirectTargetOf(std::string_view line, std::string_view moduleSuffix);
 

@@ -7,7 +7,7 @@
 namespace plotvane {
 
 // The names of a module's measuring groups 1..255 and of their four fields, as its label file gives them
-// (Windows-1252). All texts are empty after a reset.
+// (Windows-1252). After a reset all texts are empty.
 class LabelTable {
 public:
     static constexpr std::size_t kMaxNameLength = 128;
@@ -17,13 +17,13 @@ public:
 
     void Reset();
 
-    // Fields count from 1 as in the label file; a record's field digit is one less. Any numbers may be asked
-    // for: outside 1..255 and 1..4 the text is empty.
+    // Fields count from 1, as in the label file; a record's field digit is one less. Any number is allowed:
+    // outside 1..255 and 1..4 the text is empty.
     const std::string& GroupTitle(int group) const { return Text(group, 0); }
     const std::string& FieldName(int group, int field) const;
     const std::string& FieldSecondText(int group, int field) const;
 
-    // Enter texts, cut to their longest; numbers out of range are ignored.
+    // Set texts, cut to their maximum lengths. Numbers out of range are ignored.
     void SetGroupTitle(int group, std::string_view title);
     void SetField(int group, int field, std::string_view name, std::string_view secondText);
 

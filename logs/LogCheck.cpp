@@ -8,7 +8,7 @@ namespace plotvane {
 namespace {
 
 constexpr int kCommasBeforeTime = 4;
-constexpr int kTooManyCharacters = 100;  // the fourth comma is looked for no further
+constexpr int kTooManyCharacters = 100;  // the search for the fourth comma ends here
 
 bool FindTime(TextInput& input) {
     int commas = 0;
@@ -33,7 +33,7 @@ bool TakeTimeOfDay(TextInput& input) {
            TakeTwoDigits(input);
 }
 
-// Opening a device, or reading something else that is no file, could wait for ever.
+// Opening a device, or reading anything else that is not a file, could block for ever.
 bool MayWait(const std::filesystem::path& path) {
     return NamesDevice(path) || KindOf(path) == FileKind::Other;
 }

@@ -5,13 +5,13 @@
 namespace plotvane {
 
 enum class LogCheck {
-    HostLog,       // a log of the host's
-    Unreadable,    // the file cannot be opened, its first line not be read, or it is a device
-    SomethingElse  // its first line is not that of a log
+    HostLog,       // a log that the host wrote
+    Unreadable,    // the file cannot be opened or its first line not read, or it is a device
+    SomethingElse  // its first line is not a log's
 };
 
-// Looks at the first line of a file that is to be replayed: its fifth comma-separated field must be a time of
-// day "hh:mm:ss", and its fourth comma must lie within the first 99 characters.
+// Examines the first line of a file that is to be replayed. Its fifth comma-separated field must be a time of
+// day "hh:mm:ss", and its fourth comma must be within the first 99 characters.
 LogCheck CheckLog(const std::filesystem::path& path);
 
 }  // namespace plotvane

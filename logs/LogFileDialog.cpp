@@ -12,7 +12,7 @@
 namespace plotvane {
 namespace {
 
-// Windows wants the parts of a filter apart by NULs and the whole ended by two.
+// Windows wants a NUL after each part of a filter, and a second one at its end.
 std::wstring Filter() {
     std::wstring filter =
         ToWide(LoadText(IDS_DIAGNEL_LOGS) + " (*.csv)|*.csv|" + LoadText(IDS_ALL_FILES) + " (*.*)|*.*||");
@@ -26,8 +26,8 @@ std::wstring CurrentDirectory() {
     return directory;
 }
 
-// The folder, or the nearest one above it that is no longer than plain paths let a folder be: beyond that
-// Windows' dialog goes elsewhere, and Wine's ends the program.
+// The folder, or its nearest ancestor that is not too long for a plain path. With a longer one Windows'
+// dialog opens elsewhere, and Wine's ends the program.
 std::filesystem::path StartFolder(std::filesystem::path folder) {
     constexpr std::size_t kLongest = 247;
     while (folder.native().size() > kLongest) folder = folder.parent_path();
@@ -54,7 +54,7 @@ std::optional<std::filesystem::path> AskForLogFile(HWND owner) {
     question.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     const bool chosen = ::GetOpenFileNameW(&question) != 0;
 
-    // The flag alone does not keep the dialog from changing the directory.
+    // The flag alone does not keep the dialog from changing the current folder.
     ::SetCurrentDirectoryW(current.c_str());
     if (!chosen) return std::nullopt;
     return std::filesystem::path(path.data());

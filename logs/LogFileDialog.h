@@ -7,8 +7,8 @@
 
 namespace plotvane {
 
-// The system's dialog for opening a log, in the "LOGS" folder under the current one, which stays current
-// whatever folder the user looks into. Nothing if the user cancels.
+// Shows the system's dialog for opening a log. It starts in the folder "LOGS" under the current one, which
+// stays the current one wherever the user looks. Nothing if the user cancels.
 std::optional<std::filesystem::path> AskForLogFile(HWND owner);
 
 }  // namespace plotvane

@@ -10,15 +10,15 @@ constexpr int kMaxMarkLength = 6;
 constexpr std::string_view kAdvancedMark = "ADVMB";
 constexpr std::string_view kObdName = "OBD";
 
-// A classic row of the chart takes five columns, its time and four values; the ten-field group takes eleven.
-// The cell that names a row's group stands over its first value.
+// A classic chart row takes five columns, its time and four values; the ten-field group takes eleven. The
+// cell that names a row's group stands above its first value.
 constexpr int kRowColumns = 5;
 constexpr int kTenFieldRowColumns = 11;
 
 // From the cell of row C to the first column of the line with the units, which is three lines further down.
 constexpr int kCommasToUnits = 31;
-// With ten fields two lines on this way have six commas more. Six are skipped here and the other six with the
-// row's own texts: ten that belong to it, and six.
+// With ten fields, two of the lines on this way have six commas more. Six are skipped here. The other six are
+// skipped with the row's own texts: ten that belong to it, and six.
 constexpr int kMoreCommasToUnits = 6;
 constexpr int kTenFieldTexts = 16;
 
@@ -27,7 +27,7 @@ std::string WithoutLeadingBlank(std::string_view unit) {
     return std::string(unit);
 }
 
-// Text behind the module name tells the advanced form.
+// Text after the module name marks the advanced form.
 bool TakeAdvancedMark(LogText& text) {
     std::string mark;
     for (int length = 0; length < kMaxMarkLength; ++length) {
@@ -73,8 +73,8 @@ void ReadClassicHeader(LogText& text, LogHeader& header) {
     }
 }
 
-// "G001,F0,". With fewer digits than three it would not be what the host writes, and the columns behind it
-// need not be where they are looked for.
+// "G001,F0,". The host always writes three digits; with fewer, the columns that follow need not be where this
+// reader looks.
 bool TakeAdvancedCell(LogText& text, LogColumn& column) {
     if (!text.Take('G')) return false;
     const auto group = text.TakeDigits(3);
@@ -102,8 +102,8 @@ void ReadAdvancedHeader(LogText& text, LogHeader& header) {
     text.SkipLines(1);
 }
 
-// "PID- 012": the three characters behind a "-" and one more character. Lines do not count on the way to it,
-// but a number ends with its line.
+// "PID- 012": the three characters after a "-" and one more character. The search for "-" does not stop at
+// line ends, but a number ends with its line.
 int TakePid(LogText& text) {
     text.SkipPast('-');
     text.SkipCharacter();
@@ -127,7 +127,7 @@ void ReadObdHeader(LogText& text, LogHeader& header) {
         standsBehindUnit = true;
     }
     if (!standsBehindUnit) return;
-    // The first row is in the next line, or it goes on right here: a comma, and its time.
+    // The first row is on the next line, or it goes on right here with a comma and its time.
     header.tookFirstMarker = text.Take(',') && text.AtDigit();
     if (!header.tookFirstMarker) text.SkipLines(1);
 }

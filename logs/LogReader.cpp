@@ -39,8 +39,8 @@ LogRow LogReader::ReadLogRow(RecordBuffer& record) {
     record.Clear();
     m_rowEnded = false;
     m_items = 0;
-    // The first column is a marker. Its comma is looked for beyond line ends, so empty lines do no harm, nor
-    // does a comma at the end of the line before.
+    // The first column is a marker. The search for its comma does not stop at line ends, so empty lines do no
+    // harm, nor does a comma at the end of the line before.
     const bool hasMarker = std::exchange(m_header.tookFirstMarker, false) || m_text.SkipPast(',');
     if (!hasMarker) {
         m_state.endOfLog = true;
@@ -60,14 +60,15 @@ LogRow LogReader::ReadLogRow(RecordBuffer& record) {
             break;
     }
     if (!m_text.SkipLines(1)) m_state.endOfLog = true;
-    // Of this row nobody knows what its last value would have been.
+    // Nobody knows what the last value of this row would have been.
     if (m_text.HasFailed()) return LogRow::Ended;
     if (m_items == expected) return LogRow::Complete;
     m_state.endOfLog = true;
     return LogRow::Short;
 }
 
-// Five columns a chart row, time and values. The rows return how many items a whole record has.
+// Five columns for each chart row: time and four values. These functions return how many items a whole record
+// has.
 int LogReader::ReadClassicRow(RecordBuffer& record) {
     const auto& groups = m_header.rowGroups;
     int expected = 0;
@@ -76,8 +77,9 @@ int LogReader::ReadClassicRow(RecordBuffer& record) {
         const int group = groups.at(index);
         if (group == kNoGroup) {
             AppendEmptyItems(record, kSlotColumns);
-            // Kept on purpose: one column fewer than the row has. Where row B follows it steps over the one
-            // left; row C behind a row B without group does not, and reads its time one column early.
+            // Kept on purpose: one column fewer than the row has. A row B that follows steps over the
+            // remaining one. A row C after a row B without a group does not, and reads its time one column
+            // early.
             SkipColumns(kSlotColumns);
             expected += kSlotColumns;
             continue;
@@ -97,7 +99,7 @@ int LogReader::ReadClassicRow(RecordBuffer& record) {
     return expected;
 }
 
-// A time and a value for each slot, of which only the first time counts.
+// A time and a value for each slot. Only the first time counts.
 int LogReader::ReadAdvancedRow(RecordBuffer& record) {
     m_stamps[0] = ReadLogNumber();
     for (int slot = 0; slot < kSlotCount; ++slot) {
@@ -129,8 +131,8 @@ int LogReader::ReadObdRow(RecordBuffer& record) {
     return kSlotCount;
 }
 
-// The next column of the row; nothing once the line is over. What a line end ends is a value even if empty;
-// what the end of the file ends is one only if there is something.
+// The next column of the row; nothing once the line has ended. Before a line end even an empty column is a
+// value; before the end of the file only a non-empty one is.
 std::optional<std::string_view> LogReader::NextColumn() {
     if (m_rowEnded) return std::nullopt;
     const auto end = m_text.ReadCell();
@@ -153,7 +155,7 @@ void LogReader::AppendName(RecordBuffer& record) {
     m_item = m_header.form == LogForm::Obd ? "OBD.LBL" : m_header.moduleName;
     std::ranges::replace(m_item, ' ', '-');
     m_item += ',';
-    // Never refused: 16 characters at most, and the record is empty.
+    // Cannot fail: 16 characters at most, and the record is empty.
     (void)record.Append(m_item);
 }
 

@@ -10,42 +10,42 @@
 
 namespace plotvane {
 
-// Steps through the text of a log, cell by cell. Needs the same memory for any file: of a cell only the
-// beginning is kept. At the end of the file every step stands still.
+// Steps through the text of a log, cell by cell. Needs the same memory for any file, because it keeps only
+// the beginning of a cell. At the end of the file every step does nothing.
 class LogText {
 public:
     static constexpr std::size_t kMaxCellLength = 256;
 
     enum class CellEnd { Comma, LineEnd, File };
 
-    // The watch, if any, is asked in the midst of long texts; see TextInput.
+    // The watch, if any, is called during long texts; see TextInput.
     bool Open(const std::filesystem::path& path, ReadWatch* watch = nullptr);
     void Close() { m_input = TextInput(); }
 
-    // Whether the disk refused to give up more; the text seems to end there.
+    // Whether a read error ended the text early.
     bool HasFailed() const { return m_input.HasFailed(); }
 
-    // Reads the text up to the comma, which is taken too, or up to the line end, which is not.
+    // Reads up to the comma and takes it, or up to the line end and leaves it.
     CellEnd ReadCell();
 
-    // Reads the text up to the delimiter, wherever it is, and takes that too. The text is the cell then; a
-    // line end is a blank in it, because a record, and the boxes that show its parts, have one line.
+    // Reads up to the delimiter, on whatever line, and takes it. The text becomes the cell. A line end in it
+    // becomes a blank, because a record, and the boxes that show its parts, have one line.
     std::string_view ReadUpTo(char delimiter);
 
-    // What was read last, cut to kMaxCellLength; until the next call. A NUL, which would end a record in its
-    // middle, is a "?" in it: like any other odd character it makes a value no number.
+    // What was read last, cut to kMaxCellLength; valid until the next call. A NUL, which would end a record
+    // early, becomes "?". Like any other odd character it makes a value no number.
     std::string_view Cell() const { return {m_cell.data(), m_cellLength}; }
 
-    // Moves behind the count-th such character, wherever it is. False, at the end of the file, if there are
+    // Moves past the count-th such character, on whatever line. False, at the end of the file, if there are
     // fewer.
     bool SkipPast(char wanted, int count = 1);
 
-    // The same within the line; if there is none, stops before the line end.
+    // The same within the line. If there is none, stops before the line end and returns false.
     bool SkipPastInLine(char wanted);
 
     bool SkipLines(int count) { return SkipPast('\n', count); }
 
-    // Moves behind the next character, whatever it is.
+    // Moves past the next character, whatever it is.
     void SkipCharacter() { Next(); }
 
     // Takes the next character if it is this one.
@@ -54,10 +54,10 @@ public:
     // Takes the next character if it is a letter or digit.
     std::optional<char> TakeLetterOrDigit();
 
-    // Takes so many digits as a number. Nothing if there are fewer; those are taken nonetheless.
+    // Takes this many digits as a number. Nothing if there are fewer; those are taken all the same.
     std::optional<int> TakeDigits(int count);
 
-    // Takes so many characters of the line, fewer at its end; they are the cell then.
+    // Takes this many characters of the line as the cell, fewer at the line's end.
     std::string_view TakeCharacters(std::size_t count);
 
     // Whether the next character is a digit.

@@ -16,7 +16,8 @@ bool IsUnfitForFileName(char c) {
     return byte < 0x20 || byte == 0x7F || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
 }
 
-// Only the suffix has its blanks trimmed. One at position 11 stays: it parts the suffix from the part number.
+// Only the suffix has its blanks trimmed. A blank at position 11 stays, because it separates the suffix from
+// the part number.
 std::string_view WithoutSuffixBlanks(std::string_view name) {
     for (std::size_t position = kSuffixEnd; position-- > kSuffixStart;)
         if (name.size() == position + 1 && name.back() == ' ') name.remove_suffix(1);

@@ -5,21 +5,21 @@
 
 namespace plotvane {
 
-// The names of a module's files, made from the identifier that its records begin with, for instance
-// "038 906 019 FT": a part number of three groups of three characters and a suffix of up to three.
+// The names of a module's files, made from the identifier at the start of its records, for example "038 906
+// 019 FT": a part number of three groups of three characters and a suffix of up to three.
 
 constexpr std::string_view kScalingExtension = ".SCL";
 
-// Generic OBD values, which no single module owns.
+// Holds the ranges of generic OBD values, which belong to no single module.
 constexpr std::string_view kObdScalingFile = "OBD.SCL";
 
 // The module key, which is also the name of the module's scaling file: at most 15 characters of the name,
-// its trailing blanks beyond the part number removed, every other blank a dash, cut at the first "." behind
-// its first character, and ".SCL": "038-906-019-FT.SCL". A character that could lead out of the folder, or
-// that no file name may hold, becomes a dash too.
+// without trailing blanks beyond the part number, every other blank a dash, cut at the first "." after its
+// first character, and ".SCL": "038-906-019-FT.SCL". A character that could lead out of the folder, or that
+// no file name may contain, becomes a dash too.
 std::string ScalingFileNameOf(std::string_view moduleName);
 
-// The key without ".SCL", from which the label file is found. A name without that extension stays whole.
+// The key without ".SCL", from which the label file is found. A name without that extension stays as it is.
 std::string_view KeyStemOf(std::string_view scalingFileName);
 
 enum class LabelForm {

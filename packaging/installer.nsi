@@ -1,7 +1,8 @@
-; The installer: for the user who runs it, without administrator rights, into a folder that he may write to.
+; The installer. It installs for the user who runs it, without administrator rights, into a folder that this user may
+; write to.
 ; package.sh gives it VERSION, SOURCE (the filled folder), ICON, PICTURE (beside the last page) and OUTPUT.
 
-; 64 bit, as the program: it has no business on anything else.
+; 64-bit, like the program, which runs nowhere else.
 Target amd64-unicode
 !include "MUI2.nsh"
 
@@ -32,8 +33,8 @@ BrandingText " "
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; A running program can be neither replaced nor removed. Its mutex tells, as it does a second copy. Without a
-; question (/S) nothing happens, and the exit status is 2.
+; A running program can be neither replaced nor removed. Its mutex shows that it runs, as it does to a second copy. A
+; silent run (/S) then does nothing, and its exit status is 2.
 !macro RefuseWhileItRuns
   again:
     System::Call 'kernel32::OpenMutexW(i 0x100000, i 0, w "Grafell-Running") p .r0'
@@ -53,7 +54,7 @@ Function un.onInit
   !insertmacro RefuseWhileItRuns
 FunctionEnd
 
-; Settings, logs and labels belong to the folder that is current at the start.
+; The program keeps settings, logs and labels in the folder in which it is started.
 Function StartInItsFolder
   SetOutPath "$INSTDIR"
   Exec '"$INSTDIR\plotvane.exe"'
@@ -75,7 +76,7 @@ Section
   SetOutPath "$INSTDIR\labels"
   File "${SOURCE}/labels/*"
 
-  ; The output folder becomes the folder that the entry starts in.
+  ; The entry starts the program in the current output folder.
   SetOutPath "$INSTDIR"
   CreateShortCut "$SMPROGRAMS\Plotvane.lnk" "$INSTDIR\plotvane.exe"
   CreateShortCut "$SMPROGRAMS\Plotvane manual.lnk" "$INSTDIR\manual.html"

@@ -15,7 +15,7 @@ bool DefaultRowBrowser::HasRow() const {
 }
 
 const FieldScaling& DefaultRowBrowser::Row() const {
-    static const FieldScaling kNone;  // what the table holds behind its last row is no row
+    static const FieldScaling kNone;  // the table may hold remains after its last row
     return HasRow() ? m_table.Row(m_row) : kNone;
 }
 

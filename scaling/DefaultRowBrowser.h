@@ -7,13 +7,14 @@
 
 namespace plotvane {
 
-// Shows the default scaling table to the Preferences dialog row by row, and edits the row that is shown in
-// place. A table may be empty: then there is no row to show, and edits are ignored.
+// Shows the default scaling table in the Preferences dialog row by row, and edits the current row in place.
+// In an empty table there is no row to show, and edits are ignored.
 class DefaultRowBrowser {
 public:
-    // What became of a wish for a new row. Unless it is Full, the last row is the one shown afterwards.
+    // What became of the request for a new row. Unless it is Full, the last row is the current one
+    // afterwards.
     enum class NewRow {
-        Added,           // it is empty
+        Added,           // a new, empty row
         Full,            // nothing was changed
         LastIncomplete,  // the last row lacks its unit or its maximum
         LastUpsideDown,  // the last row's maximum is not above its minimum
@@ -30,14 +31,14 @@ public:
     // Which row of how many, counted from 1: "Field#: 3/10"; of an empty table "Field#: 1/0".
     std::string Position(std::string_view label) const;
 
-    void GoToNext();  // these stay where the table ends
+    void GoToNext();  // they stop at the ends of the table
     void GoToPrevious();
 
     [[nodiscard]] NewRow AppendRow();
 
-    // What was typed for the row. A unit loses what would break the file. False, with the row as it was, for
-    // a unit or a maximum that the file's reader takes for the end of the table, and with it all rows after
-    // it, and where there is no row.
+    // Enter what was typed for the row. A unit loses characters that would break the file. False, with the
+    // row unchanged, if there is no row, or for a unit or a maximum that the file's reader would take for the
+    // end of the table, losing all rows after it.
     bool EnterUnit(std::string_view text);
     void EnterMin(std::string_view text);
     bool EnterMax(std::string_view text);

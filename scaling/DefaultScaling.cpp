@@ -20,7 +20,7 @@ struct BuiltInRow {
     int max;
 };
 
-constexpr std::size_t kInjectedQuantityRow = 3;  // its unit depends on the loader
+constexpr std::size_t kInjectedQuantityRow = 3;  // each loader gives it another unit
 constexpr std::array<BuiltInRow, 10> kBuiltInRows = {{
     {"/min", 0, 6000},
     {"V", 0, 20},
@@ -34,7 +34,7 @@ constexpr std::array<BuiltInRow, 10> kBuiltInRows = {{
     {"ms", 0, 30},
 }};
 
-// A comma ends a token, and the bytes 0x1A and 0xFF end the file: all records behind them would be lost.
+// A comma ends a token. The bytes 0x1A and 0xFF end the file, so all records after them would be lost.
 bool BreaksTheFile(char character) {
     const auto byte = static_cast<unsigned char>(character);
     return byte == ',' || byte < 0x20 || byte == 0xFF;
@@ -46,8 +46,8 @@ DefaultScaling::DefaultScaling(std::filesystem::path scalingFolder) : m_folder(s
 
 void DefaultScaling::LoadForPlotting() {
     const std::optional<int> records = ReadRecords();
-    // Kept on purpose: the row that ended the reading counts too, so that the table holds one row more than
-    // the file has records. FindByUnit stops short of it and SaveDefaultScaling writes it.
+    // Kept on purpose: the row that ended the reading counts too, so the table has one row more than the file
+    // has records. FindByUnit stops before it and SaveDefaultScaling writes it.
     if (records) {
         m_lastIndex = std::min(*records, kRowCount - 1);
     } else {
@@ -110,7 +110,7 @@ void DefaultScaling::SetMax(int row, int max) {
     if (FieldScaling* const scaling = MutableRow(row)) Change(scaling->max, max);
 }
 
-// Dialogs hand in every edit that is left, also one that reads as before.
+// Dialogs call this for every edit that loses the focus, even if its text has not changed.
 template <typename Value>
 void DefaultScaling::Change(Value& value, Value wanted) {
     if (value == wanted) return;
@@ -134,8 +134,8 @@ const FieldScaling* DefaultScaling::FindByUnit(std::string_view unit) const {
     return nullptr;
 }
 
-// Fills the rows from the file and answers the number of complete records; nothing, with the rows as they
-// were, if it cannot be read. Where the file ends, the row behind them takes what is there: the unit, and a
+// Fills the rows from the file and returns the number of complete records; nothing, with the rows unchanged,
+// if it cannot be read. The row after the last record takes what the end of the file holds: the unit, and a
 // minimum without a maximum.
 std::optional<int> DefaultScaling::ReadRecords() {
     TextInput file = OpenWholeFile(m_folder / kFileName);
@@ -165,7 +165,8 @@ void DefaultScaling::UseBuiltInTable(std::string_view unitOfInjectedQuantity) {
         m_rows[row] = {std::string(row == kInjectedQuantityRow ? unitOfInjectedQuantity : unit), min, max};
     }
     m_lastIndex = static_cast<int>(kBuiltInRows.size()) - 1;
-    // A file that is there holds the user's list, and can be read again once whoever keeps it lets it go.
+    // A file that exists holds the user's list. It can be read later, when the program that holds it has
+    // closed it.
     m_isStandIn = KindOf(m_folder / kFileName) != FileKind::Missing;
     if (m_isStandIn) return;
     MakeFolders(m_folder);

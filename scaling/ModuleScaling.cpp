@@ -13,18 +13,18 @@ namespace {
 
 constexpr const char* kObdFileName = "OBD.SCL";
 
-// A module's name ends at its first comma, so none is this.
+// No module has this name, because a module's name ends at its first comma.
 constexpr char kNoModule = ',';
 
-// More than any file needs: one of nine numbers a line, read in threes, gives 765.
+// More than any file needs: one with nine numbers a line, read in threes, gives 765.
 constexpr int kMaxGroupsRead = 1024;
 
-// The marker is a number too, and a user may have chosen it; only where the text ends it means the end.
+// The marker is a valid number, which a user may have chosen. It means the end only where the text ends.
 bool HasEnded(int token, TextInput& file) {
     return token == kEndMarker && file.Peek() == TextInput::kEnd;
 }
 
-// A field of a group in the table, const as the table is; null outside it.
+// A field of a group in the table, as const as the table; null outside it.
 template <typename Table>
 auto* Find(Table& table, int group, int field) {
     using Scaling = ModuleScaling;
@@ -80,7 +80,7 @@ std::filesystem::path ModuleScaling::PathOf(const std::string& fileName) const {
     return m_folder / PathFromText(fileName);
 }
 
-// A new file unsets what files of this form keep; the other fields stay as they are.
+// Resets the fields that files of this form keep. The other fields stay as they are.
 ModuleScaling::Table ModuleScaling::WithFileFieldsUnset() const {
     Table table = m_table;
     for (int group = kFirstGroup; group <= kLastGroup; ++group) {
@@ -107,16 +107,16 @@ void ModuleScaling::WriteModuleScaling(const Table& table, std::string& text) co
     }
 }
 
-// Only for a file that is missing: one that just cannot be read now holds ranges that the user chose.
+// Only for a missing file. One that just cannot be read now holds ranges that the user chose.
 bool ModuleScaling::Create(const std::filesystem::path& path) const {
     std::string text;
     WriteModuleScaling(WithFileFieldsUnset(), text);
     return CreateTextFile(path, text);
 }
 
-// Rows that a short file does not name start from 0..100, as those of a new file do: what was in memory
-// before belongs to another module. A last group beyond 255 ends the reading as 255 does; it and groups below
-// 1 are read over. A file that cannot be read to its end changes nothing.
+// Rows that a short file does not name start from 0..100, as in a new file, because what was in memory before
+// belongs to another module. A last group beyond 255 ends the reading as 255 does; its line and those of
+// groups below 1 are skipped. A file that cannot be read to its end changes nothing.
 bool ModuleScaling::Read(const std::filesystem::path& path) {
     TextInput file = OpenWholeFile(path);
     if (!file.IsOpen()) return false;

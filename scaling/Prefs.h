@@ -4,17 +4,18 @@
 
 namespace plotvane {
 
-// The user's preferences: one record for the program's life, shared by the main dialog, the chart, the fuel
-// figures and the meters, edited in place by the Preferences dialog. The defaults are those of a first run.
+// The user's preferences: one record for the life of the program, which the main dialog, the chart, the fuel
+// figures and the meters share. The Preferences dialog edits it in place. The defaults are those of a first
+// run.
 struct Prefs {
     Colour backColor = kBlack;  // chart and meters
     Colour gridColor = kWhite;
-    std::array<Colour, kSlotCount> lineColor = DefaultTraceColours();  // trace n and the needle of its meter
-    int thickness = 0;           // pen width setting; 0..10 accepted, any number may stand in the file
-    bool autorun = true;         // a loaded log plays at once
-    bool showUnits = true;       // units behind the chart's limits
-    bool showZeros = false;      // lower limits that are zero are written too
-    bool saveWindowSize = true;  // the file is written when the program closes
+    std::array<Colour, kSlotCount> lineColor = DefaultTraceColours();  // of trace n and of its meter's needle
+    int thickness = 0;       // pen width setting; the dialog accepts 0..10, the file may contain any number
+    bool autorun = true;     // a loaded log plays at once
+    bool showUnits = true;   // units after the chart's limits
+    bool showZeros = false;  // lower limits of zero are written too
+    bool saveWindowSize = true;  // write the file when the program closes
     int width = 634;             // outer size of the main window at start, in pixels
     int height = 433;
     int maxMileage = 60;  // upper ends of the fuel meters' scales

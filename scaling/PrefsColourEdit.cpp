@@ -38,7 +38,7 @@ bool PrefsColourEdit::SetPart(ColourRow row, ColourPart part, int value) {
 }
 
 bool PrefsColourEdit::UsePreset(ColourRow row, int preset) {
-    const auto index = static_cast<std::size_t>(preset);  // a negative one is far beyond the table
+    const auto index = static_cast<std::size_t>(preset);  // a negative one becomes far too large
     return index < kPresetColours.size() && Store(row, kPresetColours[index]);
 }
 

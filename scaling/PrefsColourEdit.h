@@ -4,26 +4,26 @@
 
 namespace plotvane {
 
-// The colours that the Preferences dialog edits, one a row, and the parts of a colour in slider order.
+// The colours that the Preferences dialog edits, one row each, and the parts of a colour in slider order.
 enum class ColourRow { Background, Grid, Trace };
 enum class ColourPart { Red, Green, Blue };
 
-// Edits the colours of the preferences in place; of the twelve traces one at a time. What it shows is what
-// is stored: a colour from the file may carry a high byte, which it loses when it comes into view.
+// Edits the colours of the preferences in place, one of the twelve traces at a time. It stores what it shows:
+// a colour from the file may have a high byte, which it loses when it is shown.
 class PrefsColourEdit {
 public:
     explicit PrefsColourEdit(Prefs& prefs) : m_prefs(prefs) {}
 
-    // Takes the record as it now is, with the first trace in the trace row.
+    // Starts from the present record, with the first trace in the trace row.
     void Begin();
 
     Colour ColourOf(ColourRow row) const { return Stored(row); }
     std::uint8_t PartOf(ColourRow row, ColourPart part) const;
 
-    // Each answers whether the row shows another colour now. Numbers out of range change nothing.
+    // Each returns whether the row's colour has changed. Numbers out of range change nothing.
     bool SelectTrace(int trace);                              // 0..11
     bool SetPart(ColourRow row, ColourPart part, int value);  // 0..255
-    bool UsePreset(ColourRow row, int preset);                // a place in kPresetColours
+    bool UsePreset(ColourRow row, int preset);                // an index in kPresetColours
 
 private:
     Colour& Stored(ColourRow row) const;

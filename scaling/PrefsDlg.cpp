@@ -60,7 +60,7 @@ void ClearSelection(const CWnd& dialog, int list) {
 
 BEGIN_MESSAGE_MAP(CPrefsDlg, CDialog)
     ON_WM_CLOSE()
-    // Colours. Of the sliders every redraw is heard, also while one is dragged.
+    // Colours. A slider's every redraw counts, also while it is dragged.
     ON_NOTIFY_RANGE(NM_CUSTOMDRAW, IDC_PREFS_BACK_RED, IDC_PREFS_TRACE_BLUE, OnSliderDrawn)
     ON_CONTROL_RANGE(CBN_SELENDOK, IDC_PREFS_BACK_PRESET, IDC_PREFS_TRACE_PRESET, OnPresetChosen)
     ON_CBN_SELENDOK(IDC_PREFS_TRACE_LIST, OnTraceChosen)
@@ -130,7 +130,7 @@ void CPrefsDlg::ReadPrefs() {
     }
 }
 
-// On top of their placeholders, which would paint over them otherwise.
+// Above their placeholders, which would otherwise paint over them.
 void CPrefsDlg::CreateSwatches() {
     for (std::size_t i = 0; i < m_swatches.size(); ++i) {
         CRect place;
@@ -156,8 +156,8 @@ void CPrefsDlg::DoDataExchange(CDataExchange* exchange) {
     DDX_Check(exchange, IDC_PREFS_SAVE_SIZE, m_saveWindowSize);
 }
 
-// A slider is redrawn for many reasons, one being that a preset or another trace has just moved it. Only a
-// position that is not the stored one comes from the user, and only then the preset's name is wrong.
+// A slider is redrawn for many reasons, for example because a preset or another trace has just moved it. Only
+// a position that differs from the stored one comes from the user, and only then the preset's name is wrong.
 LRESULT CPrefsDlg::OnSliderDrawn(UINT id, const NMHDR&) {
     const auto found = std::find(kSliders.begin(), kSliders.end(), static_cast<int>(id));
     const auto index = static_cast<std::size_t>(found - kSliders.begin());
@@ -185,7 +185,7 @@ void CPrefsDlg::OnTraceChosen() {
     ShowColours();
 }
 
-// No part of ShowColours: a new position draws the slider again, which may call that.
+// Not part of ShowColours: a new position draws the slider again, which may call ShowColours.
 void CPrefsDlg::ShowSliders(ColourRow row) {
     for (const ColourPart part : kColourParts) {
         SendDlgItemMessage(kSliders[Index(row, part)], TBM_SETPOS, TRUE, m_colours.PartOf(row, part));
@@ -225,9 +225,9 @@ void CPrefsDlg::OnNumberLeft(UINT id) {
 }
 
 // A rejected thickness stays in the record until the edit is changed, however often it is left. The other
-// edits may show a bad number from the file; that is rejected whenever somebody goes from it to another
-// control. But when a box has gone, the whole dialog may lose the focus once more and get it back: that is
-// the system's doing.
+// edits may show a bad number from the file; it is rejected whenever the focus leaves it for another control.
+// But after a box has closed, the system may take the focus from the whole dialog once more and give it back,
+// which does not count.
 bool CPrefsDlg::IsJudgedAfterReset(PrefsNumber number) const {
     return number != PrefsNumber::Thickness && ::IsChild(m_hWnd, ::GetFocus());
 }
@@ -257,7 +257,7 @@ void CPrefsDlg::OnPreviousRow() {
     ShowRow();
 }
 
-// One message at a time, however often the button is pressed below it.
+// One message at a time, however often the button is pressed while it is open.
 void CPrefsDlg::OnNewRow() {
     if (m_rejecting) return;
     const DefaultRowBrowser::NewRow result = m_rows.AppendRow();
@@ -272,7 +272,7 @@ void CPrefsDlg::OnNewRow() {
 void CPrefsDlg::OnRowEditLeft(UINT id) {
     if (m_rejecting || m_closing || !m_rows.HasRow()) return;
     UpdateData();
-    // What is taken stays as it was typed; what is not gives way to the row.
+    // An accepted text stays as it was typed. A rejected one is replaced by the row's.
     switch (id) {
         case IDC_PREFS_ROW_UNIT:
             if (!m_rows.EnterUnit(m_rowUnit)) m_rowUnit = m_rows.Row().unit;
@@ -288,7 +288,7 @@ void CPrefsDlg::OnRowEditLeft(UINT id) {
 }
 
 void CPrefsDlg::ShowRow() {
-    UpdateData();  // what is half typed elsewhere stays
+    UpdateData();  // keeps what is half typed elsewhere
     const FieldScaling& row = m_rows.Row();
     m_rowUnit = row.unit;
     m_rowMin = m_rows.HasRow() ? Decimal(row.min) : "";
@@ -300,8 +300,8 @@ void CPrefsDlg::ShowRow() {
     }
 }
 
-// Enter saves without taking the focus out of the edit that is being typed in: have it read as if the button
-// had been clicked. False if its text is rejected.
+// Enter saves without moving the focus from the edit that is being typed in, so read that edit as if the
+// button had been clicked. False if its text is rejected.
 bool CPrefsDlg::TakeTypedText() {
     const HWND edit = ::GetFocus();
     if (::GetParent(edit) != m_hWnd || !::SendMessageW(edit, EM_GETMODIFY, 0, 0)) return true;
@@ -310,7 +310,7 @@ bool CPrefsDlg::TakeTypedText() {
     return ::GetFocus() == button;
 }
 
-// A file that cannot be written is no reason to stay; the user hears nothing of it.
+// The dialog closes even if a file cannot be written, and the user gets no message.
 void CPrefsDlg::OnOK() {
     if (m_rejecting || !TakeTypedText()) return;
     m_closing = true;
@@ -323,11 +323,12 @@ void CPrefsDlg::OnCancel() {
     m_closing = true;
     LoadPrefs(m_prefsFile, m_prefs);
     EndDialog(IDCANCEL);
-    // The program may end while a box is up; the box would keep it alive for as long as nobody answers.
+    // The program may end while a box is open; the box would keep it alive until somebody answers.
     if (m_rejecting) ::PostMessageW(::GetLastActivePopup(m_hWnd), WM_CLOSE, 0, 0);
 }
 
-// At once, where the default would come later: whoever closes the program saves the preferences next.
+// Reads them at once. The default processing would read them later, but whoever closes the program saves the
+// preferences next.
 void CPrefsDlg::OnClose() {
     OnCancel();
 }

@@ -14,11 +14,12 @@
 namespace plotvane {
 
 // Edits the preferences and the default scaling table, both in place and at once. "Save and Exit" writes
-// their files. Any other way out reads the preferences back from theirs, while edits of the table stay until
-// somebody loads it again; the caller reads the preferences once more and applies them either way.
+// their files. Any other exit reads the preferences again from their file, while edits of the table stay
+// until it is next loaded. In either case the caller reads the preferences again and applies them.
 class CPrefsDlg : public CDialog {
 public:
-    // All references must outlive the dialog. `state` gives the main window's size, saved with the rest.
+    // All references must outlive the dialog. `state` has the main window's size, which is saved with the
+    // rest.
     CPrefsDlg(HWND owner, Prefs& prefs, std::filesystem::path prefsFile, DefaultScaling& defaults,
               const RunState& state);
 
@@ -50,8 +51,9 @@ private:
     bool TakeTypedText();
     bool IsJudgedAfterReset(PrefsNumber number) const;
 
-    // Shows the box, then gives the focus to that edit with its text, which is set in between, selected. No
-    // edit that loses the focus meanwhile is judged: two bad ones would pass it to each other for ever.
+    // Shows the box, then gives that edit the focus, with its text (which is set in between) selected.
+    // Meanwhile no edit that loses the focus is checked: two bad ones would pass the focus to each other for
+    // ever.
     void Reject(UINT textId, UINT captionId, UINT edit, const std::string& shownText);
 
     DECLARE_MESSAGE_MAP()
@@ -64,8 +66,8 @@ private:
     PrefsColourEdit m_colours;
     DefaultRowBrowser m_rows;
     std::string m_rowLabel;
-    bool m_rejecting = false;         // a box is shown, or the focus is on its way back
-    bool m_closing = false;           // edits that lose the focus to the end of the dialog are not read
+    bool m_rejecting = false;         // a box is open, or the focus is on its way back
+    bool m_closing = false;           // edits that lose the focus because the dialog ends are not read
     std::array<bool, 4> m_isReset{};  // by number: rejected, and its edit not changed since it was reset
 
     std::array<CColorBox, 3> m_swatches;

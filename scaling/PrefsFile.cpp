@@ -12,11 +12,11 @@
 namespace plotvane {
 namespace {
 
-constexpr std::size_t kMaxTextLength = 1024;  // keys behind it are missing
+constexpr std::size_t kMaxTextLength = 1024;  // keys after it are missing
 constexpr std::size_t kMaxDigits = 11;
 constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
 
-// The beginning of the file. Nothing if it cannot be read.
+// The beginning of the file; nothing if it cannot be read.
 std::optional<std::string> TextOf(const std::filesystem::path& path) {
     TextInput file = OpenWholeFile(path);
     if (!file.IsOpen()) return std::nullopt;
@@ -28,8 +28,8 @@ std::optional<std::string> TextOf(const std::filesystem::path& path) {
     return text;
 }
 
-// A missing file is known to hold nothing; one that is there and cannot be read holds what the user has set,
-// and nobody but the user may write over it.
+// A missing file holds nothing, for certain. One that exists and cannot be read holds what the user has set,
+// and nobody but the user may overwrite it.
 bool UseDefaults(const std::filesystem::path& file, Prefs& prefs) {
     const bool saveWindowSize = prefs.saveWindowSize;
     prefs = Prefs{};
@@ -44,7 +44,7 @@ std::string LineColorKey(std::size_t trace) {
     return key;
 }
 
-// The text's values by key, and whether it had any key that only the present form has.
+// The text's values by key, and whether it had a key that only the present form has.
 class KeyedText {
 public:
     explicit KeyedText(std::string_view text) : m_text(text) {}
@@ -57,7 +57,7 @@ public:
         return static_cast<int>(Value(key, true, static_cast<std::uint32_t>(missing)));
     }
 
-    // Switches do not tell the form: an old file may begin with one.
+    // Switches do not tell the form, because an old file may begin with one.
     std::uint32_t Switch(std::string_view key) const { return FindPrefsValue(m_text, key, false); }
 
     bool HasKeys() const { return m_hasKeys; }
@@ -74,7 +74,7 @@ private:
     bool m_hasKeys = false;
 };
 
-// The older form, token by token. Take answers false, and leaves the value, where the text has ended.
+// The older form, token by token. Take returns false, and leaves the value, if the text has ended.
 class OldTokens {
 public:
     explicit OldTokens(const std::filesystem::path& path) : m_input(OpenWholeFile(path)) {}

@@ -41,7 +41,7 @@ int NumberOf(const Prefs& prefs, PrefsNumber number) {
 std::optional<NumberRejection> EnterNumber(Prefs& prefs, PrefsNumber number, std::string_view text) {
     const NumberRule& rule = RuleOf(number);
     int& field = prefs.*rule.field;
-    // A text without a number counts as 0, which is below every range but that of the thickness.
+    // A text without a number counts as 0, which only the thickness accepts.
     const int value = ParseDecimal(text);
     const bool isAccepted = value >= rule.min && value <= rule.max;
     if (isAccepted || number == PrefsNumber::Thickness) field = value;

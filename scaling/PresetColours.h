@@ -7,7 +7,7 @@
 
 namespace plotvane {
 
-// The colours offered by name in the Preferences dialog, in list order; the names are texts
+// The colours that the Preferences dialog offers by name, in list order. The names are texts
 // IDS_PRESET_COLOUR_FIRST + index. The first twelve are the default trace colours.
 constexpr std::array<Colour, 14> kPresetColours = {
     MakeColour(255, 0, 0),      // Red

@@ -9,7 +9,7 @@
 namespace plotvane {
 namespace {
 
-// No number that fits an int is longer.
+// No longer number fits an int.
 constexpr std::size_t kMaxNumberLength = 64;
 
 bool IsWhiteSpace(int character) {

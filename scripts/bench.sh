@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# bench.sh [PART...]: measures what docs/performance.md tells, all parts or the named ones, on a display of its own.
-# Prints each figure as it comes, and in the end the tables, ready for that page; they stay in build/bench/report.md.
+# bench.sh [PART...]: measures the figures of docs/performance.md, all parts or the named ones, on a display of its own.
+# Prints each figure as it comes, then the tables for that page, which stay in build/bench/report.md.
 #
 #   size     the program, and a bare dialog built the same way: its template and nothing else
 #   record   a record from bytes to slots, texts and traces, natively
@@ -10,7 +10,7 @@
 #   log      a log of 500 MB: when it begins to play, and its memory
 #   pace     how well a replay keeps its pace
 #
-# A busy machine tells nothing: figures between two runs compare only where it had nothing else to do.
+# Figures from a busy machine mean nothing. Two runs compare only if the machine had nothing else to do.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
@@ -33,11 +33,11 @@ build_preset windows plotvane diagnel-sim plotvane-remote chart_bench replay_pac
     log_bench
 bin=$build/windows
 report=$build/bench/report.md
-# The tallest picture has ten meters below one another.
+# The tallest picture has ten meters below each other.
 start_display 1920x2000
 prepare_wine
 
-# Wine's own remarks on its set-up are none of ours.
+# Hides Wine's remarks on its own set-up.
 run_wine() { wine "$@" 2> >(grep -av -e wine32 -e multiarch -e 'dpkg --add' -e '^apt-get' -e 'Read access denied' >&2); }
 remote() { run_wine "$bin/plotvane-remote.exe" "$@"; }
 
@@ -46,7 +46,7 @@ size() {
     for name in plotvane bare_dialog; do
         printf '%-14s %8d bytes\n' "$name.exe" "$(stat -c %s "$bin/$name.exe")"
     done
-    # On a slow disk the program has to be read before it can show anything. Other compilers make other sizes.
+    # The program must be read from disk before it can show anything. Other compilers make other sizes.
     [[ $(x86_64-w64-mingw32-g++-posix -dumpversion) == 12* ]] || return 0
     (($(stat -c %s "$bin/plotvane.exe") < 1500000)) || die "plotvane.exe of the release compiler has grown to 1,500,000 bytes"
 }
@@ -64,13 +64,13 @@ process_of() {
     done
 }
 
-# User and system time of a process in milliseconds, finished children left out.
+# User and system time of a process in milliseconds, without its finished children.
 cpu_ms() {
     awk -v tick="$(getconf CLK_TCK)" '{ sub(/.*\) /, ""); print ($12 + $13) * 1000 / tick }' "/proc/$1/stat"
 }
 
-# Twenty rows a second of twelve fields, each of which changes with every row. The first is the row's own number,
-# by which is counted what the program has shown.
+# Twenty rows a second of twelve fields, all of which change with every row. The first is the row's own number; it
+# shows how many rows the program has displayed.
 write_drive() {
     awk 'BEGIN {
         OFS = ","
@@ -86,7 +86,7 @@ write_drive() {
 
 folder=$build/bench/folder
 
-# play live|silent|replay: starts the program in a fresh folder, with its data coming.
+# play live|silent|replay: starts the program in a fresh folder, with its data source.
 play() {
     rm -rf "$folder"
     mkdir -p "$folder/LOGS"
@@ -115,7 +115,8 @@ play() {
     fi
 }
 
-# The number of the record that is shown, and when that was asked: by the first value box, or by the log's time.
+# The number of the record that is shown and the time of the question. The number is in the first value box, or
+# follows from the log's time.
 shown_record() {
     local texts
     texts=$(remote texts)

@@ -1,19 +1,19 @@
 # What the scripts of this folder share; sourced, never run.
 #
-# Everything that is started through these functions ends with the script, however it ends: the
-# virtual display, the window manager, the programs under Wine and whatever `watched` runs.
+# Everything that these functions start ends with the script, however it ends: the virtual display, the window
+# manager, the programs under Wine and what `watched` runs.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$root/build
 logs=$build/logs
 mkdir -p "$logs"
 
-# A bare environment (a service, `env -i`) lacks these; Wine, openbox and ccache want them.
+# A bare environment (a service, `env -i`) lacks these; Wine, openbox and ccache need them.
 export PATH=${PATH:-/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin}
 export HOME=${HOME:-$build/home}
 export LC_ALL=C.UTF-8
 mkdir -p "$HOME"
-# A prefix of the caller's own is not ours to end.
+# The scripts end the programs of their prefix, so they must not use the caller's.
 unset WINEPREFIX
 
 say() { printf '[%4d s] %s\n' "$SECONDS" "$*"; }
@@ -28,7 +28,7 @@ fuzz_packages=(clang libclang-rt-dev)
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
 package_packages=(git zip unzip cmark-gfm nsis imagemagick)
 
-# need_packages PACKAGE...: installs by apt what is missing of them.
+# need_packages PACKAGE...: installs the missing ones with apt.
 need_packages() {
     local missing=() package as_root=()
     local installed
@@ -53,8 +53,8 @@ need_packages() {
         { tail -n 20 "$logs/apt.log" >&2; die "apt-get failed, see $logs/apt.log"; }
 }
 
-# One run at a time in a tree: two would share the Wine prefix, and with it the single-instance mutex. A script
-# that another one runs shares its turn.
+# Allows one run at a time in a tree: two would share the Wine prefix, and with it the single-instance mutex. A script
+# started by another one shares its turn.
 take_turn() {
     [[ ${PLOTVANE_TURN:-} != "$root" ]] || return 0
     export PLOTVANE_TURN=$root
@@ -66,8 +66,8 @@ scratch=""  # folder of our own, made when first needed
 groups=()   # process groups of our own, by the id of their first process
 prefixes=() # Wine prefixes in which we run programs
 
-# Runs a command in a process group of its own and waits for it, so that an interrupted script takes
-# it along, with everything that it started.
+# Runs a command in a process group of its own and waits for it, so that an interrupted script can end it with
+# everything that it started.
 watched() {
     setsid "$@" 9>&- </dev/null &
     local first=$! status=0
@@ -107,8 +107,8 @@ wait_for() {
     done
 }
 
-# A display of our own with a window manager: without one Wine's windows have no title bar, and Wine
-# waits two seconds each time a window goes away. start_display [WIDTHxHEIGHT].
+# start_display [WIDTHxHEIGHT]: starts a display of our own with a window manager. Without a window manager, Wine's
+# windows have no title bar, and Wine waits two seconds each time a window disappears.
 start_display() {
     scratch=$(mktemp -d)
     local number=$scratch/number ready=$scratch/ready
@@ -123,7 +123,7 @@ start_display() {
     wait_for 20 test -e "$ready" || { cat "$logs/openbox.log" >&2; die "the window manager did not start"; }
 }
 
-# The prefix (Wine's idea of a Windows machine) lives in the build folder and is made once. prepare_wine [NAME].
+# prepare_wine [NAME]: makes the prefix (Wine's idea of a Windows machine) in the build folder, unless it is there.
 prepare_wine() {
     export WINEPREFIX=$build/${1:-wine} WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
     prefixes+=("$WINEPREFIX")
@@ -135,19 +135,19 @@ prepare_wine() {
         cat "$logs/wineboot.log" >&2
         die "Wine could not make its prefix"
     }
-    # The signs on title bars. Debian's Wine does not look where its package has put them.
+    # The symbols on title bars. Debian's Wine does not find them where its package puts them.
     local signs=/usr/share/wine/fonts/marlett.ttf
     [[ ! -e $signs ]] || cp "$signs" "$WINEPREFIX/drive_c/windows/Fonts"
-    # Windows has Arial. Where it is only asked for, Wine takes a font of the system's code page in its place:
-    # on a Japanese one another than Liberation Sans, which has the same widths.
+    # Windows has Arial. Without this entry, Wine replaces it with a font of the system's code page, which on a
+    # Japanese system is not Liberation Sans, the one with the same widths.
     watched timeout 60 wine reg add 'HKCU\Software\Wine\Fonts\Replacements' \
         /v Arial /d 'Liberation Sans' /f >>"$logs/wineboot.log" 2>&1 || die "Wine does not keep its registry"
     timeout 60 wineserver -w || true  # the registry is written when the server ends
     touch "$made"
 }
 
-# build_preset PRESET [TARGET...]: configures and builds; ccache shortens it where it is installed. Warnings are errors
-# with PLOTVANE_WERROR=ON in the environment.
+# build_preset PRESET [TARGET...]: configures and builds, through ccache if it is installed. Warnings are errors if
+# PLOTVANE_WERROR=ON is in the environment.
 build_preset() {
     local preset=$1
     shift
@@ -162,8 +162,8 @@ build_preset() {
     watched cmake --build "$build/$preset" ${1:+--target "$@"} || die "the $preset build failed"
 }
 
-# write_log ROWS STEP: a log of the host's, a row each STEP seconds. Twelve fields, each of which changes from row to
-# row.
+# write_log ROWS STEP: prints a log as the host writes it, one row every STEP seconds. All twelve fields change from
+# row to row.
 write_log() {
     awk -v rows="$1" -v step="$2" 'BEGIN {
         OFS = ","; ORS = "\r\n"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Measures which lines and branches of the portable code the native tests run, and prints a table of each;
+# Measures which lines and branches of the portable code the native tests run, and prints a table of both.
 # build/coverage/report/index.html shows them line by line. Fails below 95 % of the lines.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -24,7 +24,7 @@ watched ctest --test-dir "$coverage" --output-on-failure --no-tests=error --time
 }
 
 say "counting"
-# Branches that only an exception takes are none that the code has written down.
+# Leaves out branches that only an exception takes, because no source line contains them.
 counts=$coverage/counts.json
 gcovr --root "$root" --exclude-throw-branches --exclude-unreachable-branches \
     --filter '(model|files|scaling|logs|plot|meter|link|app|tools)/' --json "$counts" "$coverage" \

@@ -4,8 +4,8 @@
 # nothing in the environment. Shows the last lines of both; their whole output and the picture are in build/fresh
 # afterwards. Fails if one of the two fails.
 #
-# Needs root, some 8 GB of disk and the archive from which this machine's apt installs. The new Debian has mounts and
-# process ids of its own: nothing of it stays when the script ends, however it ends.
+# Needs root, about 8 GB of disk and the archive from which this machine's apt installs. The new Debian has mounts and
+# process ids of its own, so nothing of it remains when the script ends, however it ends.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
@@ -41,7 +41,7 @@ make_debian() {
     }
 }
 
-# Gives it this machine's way to the archive: names, proxies, certificates.
+# Lets it reach the archive as this machine does: names, proxies, certificates.
 connect_debian() {
     local settings=$debian/etc/apt/apt.conf.d/99-this-machine certificates=/usr/local/share/ca-certificates
     cp -L /etc/resolv.conf /etc/hosts "$debian/etc"
@@ -52,7 +52,7 @@ connect_debian() {
     [[ ! -x $debian/usr/sbin/update-ca-certificates ]] || chroot "$debian" update-ca-certificates >/dev/null
 }
 
-# By way of a bundle: cloning a tree that belongs to another user, git would refuse.
+# Clones through a bundle, because git refuses to clone a tree that belongs to another user.
 clone_tree() {
     local bundle=$debian/tree.bundle
     repository() { git -c safe.directory="$root" "$@"; }
@@ -99,7 +99,7 @@ try_all() {
     return "$failures"
 }
 
-# What runs in the new Debian needs no gentle end, because nothing of it is kept.
+# Kills what runs in the new Debian: nothing of it is kept.
 end_debian() {
     local status=$? group
     trap - EXIT INT TERM HUP

@@ -1,11 +1,10 @@
 #!/usr/bin/env bash
-# fuzz.sh [SECONDS [TARGET...]]: runs the fuzzers of every reader of foreign bytes (fuzz/), or the named ones,
-# one after the other, for that time each (60). Prints what each has executed, which part of the code it has
-# reached and what it has found. What it learns stays in build/fuzz/corpus and is where the next run begins.
+# fuzz.sh [SECONDS [TARGET...]]: runs the fuzzers of all readers of foreign bytes (fuzz/), or the named ones, one after
+# the other, for SECONDS (60) each. Prints how many inputs each has run, how much code it has reached and what it has
+# found. What it learns stays in build/fuzz/corpus, and the next run continues from there.
 #
-# A find is an input under which the code crashed, hung or broke a promise. It is made as small as it gets,
-# put beside those of former times in fuzz/finds/TARGET, where the unit tests run it from then on, and makes
-# this script fail.
+# A find is an input that made the code crash, hang or break a promise. The script minimises it, stores it in
+# fuzz/finds/TARGET beside the earlier ones, where the unit tests run it from then on, and fails.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
@@ -27,7 +26,7 @@ if ((${#targets[@]} == 0)); then
     for folder in fuzz/seeds/*/; do targets+=("$(basename "$folder")"); done
 fi
 
-# In memory: the readers take files, and the fuzzers write thousands a second.
+# Files go to memory, because the fuzzers write thousands of them a second.
 memory=/dev/shm
 [[ -d $memory && -w $memory ]] || memory=/tmp
 scratch=$(mktemp -d "$memory/plotvane-fuzz-XXXXXX")
@@ -35,7 +34,7 @@ export TMPDIR=$scratch
 export UBSAN_OPTIONS=print_stacktrace=1
 
 corpus=$build/fuzz/corpus
-# fuzz TARGET OPTION... [-- CORPUS...]: an input that takes five seconds hangs.
+# fuzz TARGET OPTION... [-- CORPUS...]: an input that takes five seconds counts as a hang.
 fuzz() {
     local target=$1
     shift
@@ -49,7 +48,7 @@ number() {
     printf '%s' "${found:-0}"
 }
 
-# keep TARGET FIND: puts the find, minimised, into the tree.
+# keep TARGET FIND: minimises the find and stores it in the tree.
 keep() {
     local target=$1 find=$2 small=$scratch/small
     rm -f "$small"
@@ -89,7 +88,7 @@ for target in "${targets[@]}"; do
     done
     finds=$((finds + found))
     executions=$(number 'stat::number_of_executed_units' "$log")
-    # Row by row, so that a run that is interrupted has said what it knows.
+    # Row by row, so that an interrupted run has printed what it knows.
     printf '%-16s %12d %8d %8d %8d %6d\n' "$target" "$executions" "$((executions / seconds))" \
         "$(number cov "$log")" "$(find "$corpus/$target" -type f | wc -l)" "$found"
 done

@@ -21,10 +21,10 @@ say "layers, and lengths of files and functions"
 scripts/check-house.sh || failures=1
 
 say "marks of unfinished work"
-# Put together from halves, so that this line is not one of them.
+# Written in halves, so that the search does not find this line.
 marks="TO""DO|FIX""ME|XX""X"
 git grep -nIE "\b($marks)\b|DISAB""LED_" -- . && failures=1
-# A machine may lack what a test needs. Such a test says so: the summary shows the reason and counts it as skipped.
+# A test may be skipped only if the machine lacks what it needs, and it must say what that is.
 git grep -nI "GTEST_SK""IP" -- . | grep -v 'GTEST_SK''IP() << "[a-z]' && failures=1
 
 if [[ ${1:-} == quick ]]; then
@@ -33,13 +33,13 @@ if [[ ${1:-} == quick ]]; then
 fi
 
 say "cppcheck"
-# .cppcheck names what it takes for a mistake and is none. Tests are left to clang-tidy: it does not know their macros.
+# .cppcheck lists its false alarms. It does not know the macros of the tests, so clang-tidy checks those alone.
 cppcheck --quiet --std=c++20 --language=c++ --enable=warning,performance,portability --inline-suppr \
     --library=windows --suppressions-list=.cppcheck --error-exitcode=1 -I . -j "$(nproc)" \
     app base bench controls framework fuzz link logs meter model plot scaling tools || failures=1
 
-# From a build come its warnings, which are errors, the compile commands and, for each source, the files of this
-# tree that it reads. A source stays out while none of them has changed since it was clean.
+# A build gives warnings, which are errors here, the compile commands and, for each source, the files of this tree that
+# it reads. A source is checked again only if one of these has changed since it was clean.
 clean=$build/tidy
 mkdir -p "$clean"
 sources_with_files() {
@@ -66,7 +66,7 @@ tidy() {
 export -f tidy
 export build clean
 
-# The native build first: what it has checked is not checked again as part of the other.
+# The native build comes first. The second build does not check again what the first one has checked.
 for preset in native windows-clang; do
     say "building with $preset"
     build_preset "$preset"

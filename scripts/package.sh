@@ -13,7 +13,7 @@ need_packages "${build_packages[@]}" "${package_packages[@]}"
 take_turn
 version=$(sed -nE 's/.*kVersion.*"([^"]+)".*/\1/p' app/Version.h)
 [[ -n $version ]] || die "no version in app/Version.h"
-# Also as root in the tree of somebody else.
+# Works for root in another user's tree too.
 repository() { git -c safe.directory="$root" "$@"; }
 if SOURCE_DATE_EPOCH=$(repository log -1 --format=%ct 2>/dev/null); then
     [[ -z $(repository status --porcelain) ]] || say "warning: the tree has changes that no commit holds"

@@ -33,7 +33,7 @@ pack() {
     echo "res/icons/$1.ico"
 }
 
-# In full detail the program icon would be mud at the size of a title bar: small sizes have their own drawing.
+# In full detail the program icon would be a blur at the size of a title bar, so small sizes have their own drawing.
 for size in 16 24; do render plotvane-small "$size"; done
 for size in 32 48 64 128 256; do render plotvane "$size"; done
 pack plotvane

@@ -2,10 +2,10 @@
 # run.sh [live] [OPTION...]: builds the program and plays a drive through it. The stand-in host starts it, as
 # the real host would; the options are the host's (run.sh live --help), for instance --csv FILE.
 #
-# run.sh replay [FILE]: builds the program and has it play a log, without any host (default: the sample drive).
+# run.sh replay [FILE]: builds the program and replays a log in it, without a host (default: the sample drive).
 #
-# With a display the window is shown and stays until it is closed. Without one the drive plays for some
-# twenty seconds on a display of its own; then the window's picture, its values and its files are shown.
+# With a display, the window stays open until the user closes it. Without one, the drive plays for about twenty seconds
+# on a display of its own; then the script prints where the window's picture is, its values and its files.
 set -euo pipefail
 caller=$PWD
 cd "$(dirname "$0")/.."
@@ -39,7 +39,7 @@ take_host_options() {
 
 remote() { wine "$build/windows/plotvane-remote.exe" "$@"; }
 
-# A fresh working folder, as the host's folder would be: the samples, if there are any, and what a run writes.
+# Makes a fresh working folder like the host's: it holds the samples, and later what a run writes.
 make_folder() {
     folder=$build/run/$1
     rm -rf "$folder"
@@ -47,8 +47,8 @@ make_folder() {
     [[ ! -d samples ]] || cp -r samples/. "$folder"
 }
 
-# The window with the meters beside it. The frame is drawn by the window manager, a little beside where Wine
-# believes it.
+# The window with the meters beside it. The window manager draws the frame, a little away from where Wine believes it
+# to be.
 take_picture() {
     local width height left top margin=4 meters=${1:-0}
     IFS=x+ read -r width height left top < <(remote place | tr -d '\r')
@@ -79,7 +79,7 @@ live() {
     fi
 }
 
-# Plays without anybody looking.
+# Plays on a display that nobody sees.
 watch_live() {
     local host_process
     picture=$build/run/live.png
@@ -108,7 +108,7 @@ watch_for() {
     done
 }
 
-# Takes the picture and the texts, closes the window and shows what there is.
+# Takes the picture and the texts, closes the window and prints the results.
 close_and_show() {
     local status=0 texts
     take_picture "$meters_width"

@@ -46,7 +46,7 @@ for preset in "$@"; do
             p=1
         fi
         if [[ $outcome != run ]] && ((f == 0)); then
-            # A crash, a time-out, or a sanitizer's word after the last case.
+            # A crash, a time-out, or a sanitizer's report after the last case.
             f=1
             complaints+="  failed: $preset, $name: the program itself ($outcome)"$'\n'
         fi

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds both presets and runs every test of both: natively with sanitizers, and under Wine on a
-# display of its own; each fuzzer for some seconds; and makes the package and uses it. Needs no setting
-# up; leaves nothing running.
+# Builds the program natively and for Windows and runs all tests: natively with sanitizers, under Wine on a display of
+# its own, each fuzzer for some seconds, and the package as its users would. Needs no preparation and leaves nothing
+# running.
 #
 # The last line is "N passed, N failed" (and ", N skipped" if any); the exit status is 0 only if at
 # least one test ran and none failed.
@@ -19,11 +19,11 @@ build_preset fuzz fuzzers
 say "building the Win64 program and its tests (build/windows)"
 build_preset windows
 
-# Failures only: what passed is counted in the summary.
+# Print only failures; the summary counts the rest.
 export GTEST_BRIEF=1 GTEST_COLOR=no
 
-# run_tests PRESET JOBS: each test program leaves its cases in build/PRESET/NAME.xml, ctest its view of
-# the programs in ctest.xml; files of an earlier run must not count.
+# run_tests PRESET JOBS: each test program writes its cases to build/PRESET/NAME.xml, and ctest writes its view of the
+# programs to ctest.xml. Files of an earlier run are deleted first.
 run_tests() {
     find "$build/$1" -maxdepth 1 -name '*.xml' -delete
     watched ctest --test-dir "$build/$1" --output-on-failure --no-tests=error --timeout 600 -j "$2" \

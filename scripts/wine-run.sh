@@ -2,8 +2,8 @@
 # wine-run.sh PROGRAM [ARGUMENT...]: runs a Windows program in a Wine prefix and answers its exit status.
 # ctest runs the cross-built tests through it.
 #
-# Who has set DISPLAY and WINEPREFIX runs the program there. Otherwise it gets a display of its own and
-# the prefix of this tree, and nothing is left running afterwards.
+# If DISPLAY and WINEPREFIX are set, the program runs there. Otherwise it gets a display of its own and the prefix of
+# this tree, and nothing is left running afterwards.
 set -euo pipefail
 
 # Some tests limit how long files may grow, to fill the disk for one program (tests/system/support/WriteFault.cpp). With

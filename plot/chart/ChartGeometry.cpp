@@ -11,7 +11,7 @@ constexpr int kCharacterWidthPx = 6;
 constexpr int kFixedLabelCharacters = 4;
 constexpr int kUnitCharacters = 2;
 
-// A double reaches 308 digits; no label is ever wider than a "%g" number.
+// A double reaches 308 digits, but a "%g" number is never wider than this.
 constexpr int kMostDigits = 12;
 
 int DigitsOf(double limit) {
@@ -19,7 +19,7 @@ int DigitsOf(double limit) {
     return std::min(std::abs(static_cast<int>(std::log10(std::fabs(limit)))), kMostDigits);
 }
 
-// `i` of `count` equal steps between two edges, rounded towards `from`.
+// The end of step `i` of `count` equal steps between two edges, rounded towards `from`.
 int Step(int from, int to, int i, int count) {
     return static_cast<int>(from + static_cast<std::int64_t>(to - from) * i / (count + 1));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-// Where things lie on the chart. All pixels are client co-ordinates of the chart window, y downwards; the
+// Where things are on the chart. All pixels are client coordinates of the chart window, y downwards; the
 // client rectangle starts at (0, 0).
 namespace plotvane {
 
@@ -24,22 +24,23 @@ struct PixelPoint {
     bool operator==(const PixelPoint&) const = default;
 };
 
-// What decides how much room the labels left of the plot get.
+// What decides the width of the labels left of the plot.
 struct LabelMargin {
-    double lower = 0.0;  // limits of the first trace; the other traces are not asked
+    double lower = 0.0;  // limits of the first trace; those of the others do not count
     double upper = 100.0;
     bool withUnits = true;
     int extraCharacters = 3;
 };
 
-// The client area and the plot area inside it. Unlike other rectangles, the plot's right column and bottom
-// row belong to what traces may cover: a trace at its lower limit runs along the row `plot.bottom`.
+// The client area and the plot area inside it. Unlike other rectangles, the plot includes its right column
+// and its bottom row, as far as traces are concerned: a trace at its lower limit runs along the row
+// `plot.bottom`.
 class ChartGeometry {
 public:
     ChartGeometry() = default;
 
-    // The plot keeps 10 pixels from the client's edges, 20 on the left until SetLabelMargin. A client too
-    // small for that has a plot without an inside.
+    // The plot keeps 10 pixels from the client's edges, and 20 on the left until SetLabelMargin. If the
+    // client is too small for that, the plot is empty.
     ChartGeometry(int clientWidth, int clientHeight);
 
     // Moves the left edge of the plot so that the labels fit: 6 pixels for each character.
@@ -48,13 +49,13 @@ public:
     const PixelRect& Client() const { return m_client; }
     const PixelRect& Plot() const { return m_plot; }
 
-    // The part of the plot that scrolls. The bottom row stays where it is.
+    // The part of the plot that scrolls. The bottom row does not.
     PixelRect ScrolledArea() const;
 
-    // The columns that a scroll by `shift` pixels lays bare at the right edge.
+    // The columns at the right edge that a scroll by `shift` pixels uncovers.
     PixelRect BaredStrip(int shift) const;
 
-    // Grid line `i` of `count`, counted from 1 at the top or the left.
+    // The place of grid line `i` of `count`, counted from 1 at the top or the left.
     int GridRow(int i, int count) const;
     int GridColumn(int i, int count) const;
 
@@ -63,8 +64,8 @@ private:
     PixelRect m_plot;
 };
 
-// Digits before (or zeros behind) the decimal point beyond the first, of the longer limit: 6000 has 3,
-// 0.001 has 3. A limit without a magnitude (0, infinite, not a number) adds nothing.
+// How many digits before the decimal point (or zeros after it) the longer limit has beyond the first: 6000
+// has 3, 0.001 has 3. A limit without a magnitude (0, infinite, not a number) adds nothing.
 int LabelDigits(double lower, double upper);
 
 }  // namespace plotvane

@@ -6,7 +6,7 @@
 namespace plotvane {
 namespace {
 
-// The frame's right and bottom lines lie one pixel outside of the plot.
+// The frame's right and bottom lines are one pixel outside the plot.
 void DrawFrame(CDC& dc, const PixelRect& plot) {
     dc.MoveTo(plot.left, plot.top);
     dc.LineTo(plot.right + 1, plot.top);
@@ -34,7 +34,7 @@ CFont LabelFont() {
 void DrawLabels(CDC& dc, std::span<const ChartLabel> labels) {
     const CFont font = LabelFont();
     const Selected fontInDc(dc, font);
-    // The lines stand closer than their characters are high: an opaque text would cut its neighbour, and
+    // The rows of text are closer than their characters are high. An opaque text would cut its neighbour, and
     // "mg" would read "ma".
     dc.SetBkMode(TRANSPARENT);
     for (const ChartLabel& label : labels) {

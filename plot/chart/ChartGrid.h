@@ -15,9 +15,9 @@ struct GridCounts {
     int horizontal = 4;
 };
 
-// The part of the chart that does not scroll: frame, dotted grid and labels on a picture whose background is
-// filled already. Dear (some thousand dots, up to 24 texts), so it is drawn only when something in it
-// changes.
+// Draws the part of the chart that does not scroll: frame, dotted grid and labels, on a picture that is
+// already filled with the background. This is expensive (some thousand dots, up to 24 texts), so it is done
+// only when something in it changes.
 void DrawChartGrid(const Picture& picture, const ChartGeometry& geometry, const GridCounts& counts,
                    Colour gridColour, std::span<const ChartLabel> labels);
 

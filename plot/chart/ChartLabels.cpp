@@ -8,7 +8,7 @@ namespace {
 constexpr int kLineHeightPx = 11;
 constexpr int kDistanceFromPlotPx = 4;
 
-// Adds labels at the right edge that all labels share.
+// Adds labels that all end at the same column.
 class LabelColumn {
 public:
     LabelColumn(std::vector<ChartLabel>& labels, const PixelRect& plot)

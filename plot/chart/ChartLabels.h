@@ -12,7 +12,7 @@
 
 namespace plotvane {
 
-// A text left of the plot. `right` is where it ends; y is the top of its character cells or their baseline.
+// A text left of the plot. It ends at `right`; y is the top of its characters or their baseline.
 struct ChartLabel {
     enum class Upright { Top, Baseline };
 
@@ -26,19 +26,18 @@ struct ChartLabel {
 };
 
 struct LabelRules {
-    bool showUnits = true;           // units behind the limits
-    bool showZeros = false;          // lower limits that are zero are written too
-    bool tenChannels = false;        // in the ten-channel layout the limits are not written
-    std::string_view customMinimum;  // stands in place of the limits when it is not empty
+    bool showUnits = true;           // units after the limits
+    bool showZeros = false;          // lower limits of zero are written too
+    bool tenChannels = false;        // the ten-channel layout has no limits
+    std::string_view customMinimum;  // replaces the limits unless it is empty
     std::string_view customMaximum;
-    Colour scaleColour = kWhite;  // of the 0-128-255 scale while nothing is assigned
+    Colour scaleColour = kWhite;  // of the 0-128-255 scale, which shows while nothing is assigned
 };
 
-// The limits of all active slots, in the order in which they are drawn, and the 0-128-255 scale as long as
-// slot 0 has no field.
+// The limits of all active slots in drawing order, or the 0-128-255 scale while slot 0 has no field.
 //
-// The n-th active slot is labelled with the limits and the colour of trace n but with its own unit. The two
-// differ when an inactive slot precedes an active one; kept on purpose.
+// The n-th active slot is labelled with the limits and the colour of trace n, but with its own unit. The two
+// differ when an inactive slot precedes an active one. This is kept on purpose.
 std::vector<ChartLabel> ChartLabels(const SlotTable& slots, std::span<const PlotTrace> traces,
                                     const LabelRules& rules, const PixelRect& plot);
 

@@ -7,28 +7,28 @@
 
 namespace plotvane {
 
-// What the chart shows, as an off-screen picture: the scrolling traces, and grid and labels laid over them.
-// It is kept between samples: making a picture costs more than copying it.
+// What the chart shows, as an off-screen picture: the scrolling traces with the grid and the labels laid over
+// them. It is kept between samples, because making a picture costs more than copying it.
 class ChartPicture {
 public:
-    // Makes the picture unless it exists; one that exists keeps its size. False, and no picture, if the
+    // Makes the picture unless it exists; an existing one keeps its size. False, and no picture, if the
     // client has no area or Windows has no memory.
     bool Create(int width, int height);
     void Release() { m_picture.reset(); }
 
     explicit operator bool() const { return m_picture.has_value(); }
 
-    // To draw on and to copy from, while the picture exists.
+    // For drawing and copying, while the picture exists.
     const Picture& Get() const { return *m_picture; }
 
-    // Grid and labels are from now on all that the picture holds and that is not black.
+    // Takes everything in the picture that is not black as grid and labels.
     void TakeGrid();
 
-    // Traces are drawn and moved only between these two.
+    // Traces may be drawn and moved only between these two calls.
     void LiftGrid();
     void LayGrid();
 
-    // Moves what lies inside `area` to the left; the strip laid bare is left to the caller.
+    // Moves the pixels inside `area` to the left. The caller draws on the strip that this uncovers.
     void ScrollLeft(const PixelRect& area, int shift);
 
 private:
@@ -36,7 +36,7 @@ private:
     GridOverlay m_grid;
 };
 
-// The memory of a picture, with everything drawn so far.
+// The pixels of the picture as drawn so far.
 ChartPixels PixelsOf(const Picture& picture);
 
 }  // namespace plotvane

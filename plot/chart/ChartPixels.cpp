@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kDotDistancePx = 4;
 
-// Colours hold red in the lowest byte, pictures in memory hold blue there.
+// Colours have red in their lowest byte; pictures have blue there.
 std::uint32_t PixelOf(Colour colour) {
     return static_cast<std::uint32_t>(RedOf(colour)) << 16 |
            static_cast<std::uint32_t>(GreenOf(colour)) << 8 | BlueOf(colour);

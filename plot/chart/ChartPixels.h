@@ -7,19 +7,19 @@
 
 namespace plotvane {
 
-// The memory of a 32-bit picture, rows from top to bottom without gaps. A pixel is 0x00RRGGBB; the drawing
-// primitives of the platform may leave anything in the high byte, and nobody looks at it.
+// The pixels of a 32-bit picture, rows from top to bottom without gaps. A pixel is 0x00RRGGBB. The platform's
+// drawing calls may leave anything in the high byte, which is ignored.
 struct ChartPixels {
     std::uint32_t* pixels = nullptr;
     int width = 0;
     int height = 0;
 
-    // Moves what lies inside `area` to the left by `shift` pixels. What leaves the area is gone, so that no
-    // trace gets among the labels; the strip laid bare at its right edge is left to the caller. Areas are
-    // clipped to the picture.
+    // Moves the pixels inside `area` to the left by `shift` pixels. What leaves the area is lost, so that no
+    // trace gets among the labels. The caller draws on the strip that this uncovers at the right edge. The
+    // area is clipped to the picture.
     void ScrollLeft(const PixelRect& area, int shift) const;
 
-    // Dots in every fourth pixel of a row or column, from the area's first to before its end.
+    // Sets every fourth pixel of a row or column, from the area's first to the one before its end.
     void DotRow(const PixelRect& area, int y, Colour colour) const;
     void DotColumn(const PixelRect& area, int x, Colour colour) const;
 

@@ -8,9 +8,9 @@
 namespace plotvane {
 namespace {
 
-// A line that goes down, and so steeply that in all the rows that count it moves by less than half a column.
-// What the pixels depend on is only the row, if any, in which it comes to the middle or to the edge of a
-// column; a line may take its place that does the same in that row.
+// A line that goes down, and so steeply that it moves by less than half a column in all the rows that count.
+// Its pixels depend only on the row, if any, in which it reaches the middle or the edge of a column. Any line
+// that does the same in that row may replace it.
 struct SteepLine {
     PixelPoint upper;
     PixelPoint lower;
@@ -24,11 +24,11 @@ PixelPoint MovedBy(PixelPoint point, std::int64_t columns, std::int64_t rows) {
     return {static_cast<int>(point.x + columns), static_cast<int>(point.y + rows)};
 }
 
-// Both ends lie outside of the rows.
+// Both ends are outside the rows.
 void ShortenBothEnds(SteepLine& line, int top, int bottom) {
     const std::int64_t rows = bottom - top + 1;
-    // In half columns and rows from the upper end: the first half column that the line comes to in row `top`
-    // or below, and twice the row in which it does. An odd number stands for a place between two rows.
+    // In half columns and rows from the upper end: the first half column that the line reaches in row `top`
+    // or below, and twice the row in which it does. An odd number means a place between two rows.
     const std::int64_t halves = 2 * line.Columns();
     const std::int64_t half = (halves * (top - line.upper.y) + line.Rows() - 1) / line.Rows();
     const std::int64_t place = half * line.Rows();

@@ -15,7 +15,7 @@ bool GridOverlay::Fits(const ChartPixels& picture) const {
 }
 
 void GridOverlay::TakeFrom(const ChartPixels& picture) {
-    // Memory may run out below, between one buffer and the next: then there is no grid.
+    // If memory runs out below, between one buffer and the next, there is no grid.
     m_isTaken = false;
     m_width = picture.width;
     m_height = picture.height;
@@ -39,8 +39,8 @@ void GridOverlay::LayOn(const ChartPixels& traces) {
     if (!Fits(traces)) return;
     const std::uint32_t* grid = m_grid.data();
     std::uint32_t* covered = m_covered.data();
-    // Each run by value, here and below: a reference might lie in what is written, as far as the compiler
-    // knows, and it would take one pixel at a time.
+    // Takes each run by value, here and below. For all the compiler knows, a reference might point into what
+    // is written, and it would then copy one pixel at a time.
     for (const Run run : m_runs) {
         std::uint32_t* const pixels = traces.pixels + run.first;
         for (std::size_t i = 0; i < run.length; ++i) {

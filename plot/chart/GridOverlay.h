@@ -7,25 +7,25 @@
 
 namespace plotvane {
 
-// The grid of the chart, laid over a picture of the traces: where both have a pixel their bits are ORed, so
-// that the colours mix. What it covers is kept, so that it can be lifted off again and the traces moved
-// beneath it. In this way one picture is all that has to be moved and shown with each sample; on a black
-// ground the grid is only a few thousand pixels of it.
+// The grid of the chart, laid over a picture of the traces. Where both have a pixel their bits are ORed, so
+// that the colours mix. The overlay keeps what it covers, so that it can be lifted off and the traces moved
+// beneath it. This way each sample moves and shows only one picture. On black, the grid is only a few
+// thousand of its pixels.
 class GridOverlay {
 public:
-    // From now on the grid is every pixel of the picture that is not black, its background too. There is no
-    // grid if memory ends.
+    // Takes every pixel of the picture that is not black as the grid, including a coloured background. If
+    // memory runs out, there is no grid.
     void TakeFrom(const ChartPixels& picture);
 
-    // On a picture of the size that the grid was taken from; with any other it does nothing.
+    // Lays the grid on a picture of the size that it was taken from. With any other picture it does nothing.
     void LayOn(const ChartPixels& traces);
 
-    // The picture is as it was before the grid was laid on it. For the same picture, whose pixels under the
-    // grid nobody has changed since.
+    // Restores the picture as it was before Lay. It must be the same picture, with its pixels under the grid
+    // unchanged.
     void LiftOff(const ChartPixels& picture) const;
 
 private:
-    // Pixels side by side, counted from the picture's first.
+    // Adjacent pixels, counted from the picture's first.
     struct Run {
         std::uint32_t first = 0;
         std::uint32_t length = 0;
@@ -33,11 +33,11 @@ private:
 
     bool Fits(const ChartPixels& picture) const;
 
-    bool m_isTaken = false;  // the rest belongs together
+    bool m_isTaken = false;  // the other members are valid together
     int m_width = 0;
     int m_height = 0;
     std::vector<Run> m_runs;
-    // The pixels of all runs, one run behind the other.
+    // The pixels of all runs, one run after the other.
     std::vector<std::uint32_t> m_grid;
     std::vector<std::uint32_t> m_covered;
 };

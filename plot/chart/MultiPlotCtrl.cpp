@@ -78,7 +78,7 @@ void CMultiPlotCtrl::SetGridColor(Colour colour) {
 void CMultiPlotCtrl::SetTraceColor(Colour colour, int trace) {
     const std::size_t i = IndexOf(trace);
     m_traces.at(i).colour = colour;
-    // The preferences file may hold any number.
+    // The preferences file may contain any number.
     const int width = std::clamp(m_prefs.thickness, 0, kWidestPenPx);
     m_pens[i] = {CPen{::CreatePen(PS_SOLID, width, DrawableColour(colour))}, width};
 }
@@ -136,7 +136,7 @@ void CMultiPlotCtrl::RedrawIfDue() {
 void CMultiPlotCtrl::RedrawPicture() {
     const PixelRect client = m_geometry.Client();
     if (m_picture.Create(client.Width(), client.Height())) {
-        // Only the first trace's limits count for the room that all labels get.
+        // Only the first trace's limits decide the width that all labels get.
         m_geometry.SetLabelMargin({.lower = m_traces[0].lower,
                                    .upper = m_traces[0].upper,
                                    .withUnits = m_prefs.showUnits,
@@ -163,9 +163,9 @@ void CMultiPlotCtrl::Changed() noexcept {
     Invalidate();
 }
 
-// At once: to invalidate the window, to be asked to paint it and to get a device context for that costs more
-// than to compose and copy the picture. Where it is going to be painted anyway, what is shown until then is
-// from before whatever asked for that, and no sample is added to it.
+// Draws at once. Invalidating the window, being asked to paint it and getting a device context for that would
+// cost more than composing and copying the picture. If a repaint is pending, the window is left alone until
+// WM_PAINT.
 void CMultiPlotCtrl::ShowSample() {
     if (!m_isRedrawOn || !m_hWnd || m_isPaintDue) return Changed();
     if (!m_windowDc) m_windowDc.emplace(m_hWnd);
@@ -187,7 +187,7 @@ void CMultiPlotCtrl::ScrollTraces(int shift) {
 }
 
 void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const TracePen& pen) {
-    // Wide lines are filled polygons, which cost time for every row that they cross, seen or not: one that
+    // Wide lines are filled polygons and cost time for every row that they cross, visible or not. One that
     // runs a million rows away takes 30 ms under Wine.
     std::optional<PixelLine> line = segment.line;
     if (pen.width > 1) {
@@ -198,7 +198,7 @@ void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const Tra
         dc.MoveTo(line->from.x, line->from.y);
         dc.LineTo(line->to.x, line->to.y);
     }
-    // Clipping by erasing costs less than a clip region and is part of how the chart looks.
+    // Clipping by erasing costs less than a clip region. It is also part of how the chart looks.
     if (segment.wipedAbove) FillWithBackground(*segment.wipedAbove);
     if (segment.wipedBelow) FillWithBackground(*segment.wipedBelow);
 }

@@ -20,23 +20,23 @@
 
 namespace plotvane {
 
-// The strip chart: each sample scrolls the plot to the left and draws one short line a trace at its right
-// edge. Grid and labels lie over the traces and stay where they are; they are drawn anew only by a full
-// redraw, which also erases the traces.
+// The strip chart. Each sample scrolls the plot to the left and draws one short line for each trace at its
+// right edge. Grid and labels lie over the traces and do not move. Only a full redraw draws them again, and
+// that also erases the traces.
 //
-// The object outlives its window: the owner destroys the window and creates it anew over another rectangle.
-// Colours, ranges and the traces' last values stay; the picture goes with ReleasePictures, without which it
-// would keep the old size.
+// The object outlives its window: the owner destroys the window and creates it again over another rectangle.
+// Colours, ranges and the traces' last values stay. The owner calls ReleasePictures too, or the picture keeps
+// its old size.
 class CMultiPlotCtrl : public CWnd, public TraceChart {
 public:
-    // All three are read when they are needed, and must outlive the chart: thickness, units and zeros of the
-    // preferences; pixel shift and layout of the state; groups and units of the slots.
+    // The chart reads all three when it needs them: thickness, units and zeros of the preferences; pixel
+    // shift and layout of the state; groups and units of the slots. They must outlive the chart.
     CMultiPlotCtrl(const Prefs& prefs, const RunState& state, const SlotTable& slots);
 
     // A child window over the rectangle, in the parent's client pixels. False if Windows refuses.
     bool Create(DWORD style, const RECT& rect, HWND parent, UINT id);
 
-    // Frees the off-screen picture; the next full redraw makes it again at the client's size.
+    // Frees the off-screen picture. The next full redraw makes it again in the client's size.
     void ReleasePictures();
 
     // TraceChart.
@@ -46,24 +46,23 @@ public:
     void AppendGap(const TraceValues& values) override;
     void InvalidateCtrl() override;
 
-    // While off, the window keeps showing what it shows, and full redraws wait: any number of them costs one.
-    // It is done before the next sample or when the window is painted. One that fails for want of memory
-    // stays due too.
+    // While redraw is off, the window does not change and full redraws wait: any number of them is done as
+    // one, before the next sample or when the window is painted. One that fails for want of memory stays due.
     void SetRedraw(bool on) noexcept override;
 
-    // With a full redraw. Of the axis texts only the limits' are shown, in place of the numbers.
+    // Causes a full redraw. Only the axis text of the limits is shown, in place of their numbers.
     void SetXUnits(std::string_view label, std::string_view text1, std::string_view text2);
     void SetYUnits(std::string_view label, std::string_view minimumText, std::string_view maximumText);
     void SetBackgroundColor(Colour colour);
     void SetGridColor(Colour colour);
 
-    // Without one. A trace's pen gets the thickness of the preferences at the time of the call.
+    // Causes none. A trace's pen gets the thickness that the preferences have at the time of the call.
     void SetTraceColor(Colour colour, int trace);
     void SetGridCounts(const GridCounts& counts) { m_gridCounts = counts; }
     void SetLabelMargin(int characters) { m_labelMargin = characters; }
     void SetSamplesPerScreen(int samples) { m_spread.SetSamplesPerScreen(samples); }
 
-    // What the window shows, for its own paint handler or for any other device context.
+    // Draws what the window shows, for its own paint handler or on any other device context.
     void Draw(CDC& dc);
 
 private:
@@ -108,10 +107,10 @@ private:
     CBrush m_backgroundBrush;
     ChartGeometry m_geometry;
     ChartPicture m_picture;
-    std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
+    std::optional<CClientDC> m_windowDc;  // kept while there is a window, because getting one takes long
     bool m_isRedrawOn = true;
-    bool m_isRedrawDue = false;       // the picture is to be drawn anew before it is used
-    bool m_hasChangedUnseen = false;  // there is something to paint since it is off
+    bool m_isRedrawDue = false;       // the picture must be drawn again before it is used
+    bool m_hasChangedUnseen = false;  // something has changed while redraw was off
     bool m_isPaintDue = false;        // the window is invalid
 };
 

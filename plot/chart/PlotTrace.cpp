@@ -7,7 +7,7 @@
 namespace plotvane {
 namespace {
 
-// Far outside every screen, and far inside what the line primitive can take.
+// Far outside every screen, and far below the limits of the line primitive.
 constexpr double kFarthestRow = 1'000'000.0;
 
 }  // namespace
@@ -24,8 +24,8 @@ void PlotTrace::FitTo(int plotHeight) {
 }
 
 int PlotTrace::RowOfValue(double value, int plotBottom) const {
-    // The stored factor is part of the rule: 50 of 0..250 on 290 rows is 57.999... and so row 57, where
-    // multiplying before dividing would give 58.
+    // Multiplying with the stored factor is part of the rule: 50 of 0..250 on 290 rows is 57.999... and so
+    // row 57. Multiplying before dividing would give 58.
     const double rows = std::trunc((value - lower) * verticalFactor);
     if (std::isnan(rows)) return plotBottom;
     return plotBottom - static_cast<int>(std::clamp(rows, -kFarthestRow, kFarthestRow));
@@ -36,14 +36,15 @@ TraceSegment PlotTrace::TakeSegment(const ChartGeometry& geometry, int shift) {
     const PixelRect& client = geometry.Client();
 
     const int x0 = plot.right - shift;
-    // A line that ended above the first row starts from its value again, so a changed range takes effect.
+    // A line that ended above the first row starts from its value again, so that a changed range takes
+    // effect.
     const int y0 = previousY < 1 ? RowOfValue(previous, plot.bottom) : previousY;
     int x1 = plot.right;
     int y1 = RowOfValue(current, plot.bottom);
     previousY = y1;
     previous = current;
 
-    // One pixel further, since the line primitive leaves out its last pixel.
+    // One pixel further, because the line primitive does not draw the last pixel.
     const int dy = y0 - y1;
     if (std::abs(dy) < shift) {
         ++x1;
@@ -52,8 +53,8 @@ TraceSegment PlotTrace::TakeSegment(const ChartGeometry& geometry, int shift) {
     }
 
     TraceSegment segment{.line = {{x0 - 1, y0}, {x1 - 1, y1}}, .wipedAbove = {}, .wipedBelow = {}};
-    // Above, the plot's top row goes too; below, its bottom row stays, so that a trace at its lower limit is
-    // seen. Kept on purpose.
+    // Above the plot, the erased strip includes the plot's top row. Below, the plot's bottom row stays, so
+    // that a trace at its lower limit is visible. This is kept on purpose.
     if (y0 <= plot.top || y1 <= plot.top) segment.wipedAbove = {x0, client.top, x1 + 1, plot.top + 1};
     if (y0 >= plot.bottom || y1 >= plot.bottom) {
         segment.wipedBelow = {x0, plot.bottom + 1, x1 + 1, client.bottom + 1};

@@ -6,7 +6,7 @@ int SampleSpread::Take(int shift, int plotWidth) {
     if (m_samplesPerScreen <= 0) return shift;
 
     if (m_samplesLeft == 0) {
-        // The first of n samples starts the line at the left edge, so n - 1 shifts fill the width.
+        // The first of n samples is at the left edge, so n - 1 shifts fill the width.
         m_remainder = 0;
         m_samplesLeft = m_samplesPerScreen - 1;
         m_pixelsLeft = plotWidth;

@@ -9,7 +9,7 @@ public:
     // 0 or less leaves every shift as it is.
     void SetSamplesPerScreen(int samples) { m_samplesPerScreen = samples; }
 
-    // The pixels to scroll for the next sample: `shift`, or the sample's share of the plot width.
+    // The pixels to scroll for the next sample: `shift`, or the sample's share of the plot's width.
     int Take(int shift, int plotWidth);
 
 private:

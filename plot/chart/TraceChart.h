@@ -9,14 +9,14 @@ namespace plotvane {
 
 constexpr int kTraceCount = kSlotCount;
 
-// One value a trace, in trace order: what one sample hands to the chart.
+// One value for each trace, in trace order: what one sample gives the chart.
 using TraceValues = std::array<double, kTraceCount>;
 
-// The strip chart as the portable code sees it; CMultiPlotCtrl is the real one. Traces are 0..11.
+// The strip chart as the portable code sees it. CMultiPlotCtrl is the real one. Traces are 0..11.
 struct TraceChart {
     virtual ~TraceChart() = default;
 
-    // The values at the bottom and the top edge of the plot for one trace. Erases all traces.
+    // Sets the values at the bottom and the top edge of the plot for one trace. Erases all traces.
     virtual void SetRange(double lower, double upper, int trace) = 0;
 
     virtual Colour GetTraceColor(int trace) const = 0;
@@ -24,17 +24,17 @@ struct TraceChart {
     // Scrolls by the pixel shift and connects every trace to its new value.
     virtual void AppendPoints(const TraceValues& values) = 0;
 
-    // Leaves 30 empty pixels; the next sample connects from these values.
+    // Leaves a gap of 30 pixels. The next sample connects from these values.
     virtual void AppendGap(const TraceValues& values) = 0;
 
-    // Draws frame, grid and labels anew. Erases all traces.
+    // Draws frame, grid and labels again. Erases all traces.
     virtual void InvalidateCtrl() = 0;
 
-    // While off, nothing reaches the screen.
+    // While redraw is off, nothing reaches the screen.
     virtual void SetRedraw(bool on) noexcept = 0;
 };
 
-// The chart's redraw is off while this lives, and on again however its scope is left.
+// Turns the chart's redraw off. The destructor turns it on again, so that it is on however the scope is left.
 class RedrawOff {
 public:
     explicit RedrawOff(TraceChart& chart) : m_chart(chart) { m_chart.SetRedraw(false); }
