@@ -4,7 +4,7 @@
 
 namespace plotvane {
 
-// A colour in the form that Windows uses: 0x00BBGGRR. The settings files hold the same number in hex.
+// A colour in Windows' form: 0x00BBGGRR. The settings files hold the same number in hex.
 using Colour = std::uint32_t;
 
 constexpr Colour MakeColour(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
@@ -20,7 +20,7 @@ constexpr std::uint8_t BlueOf(Colour colour) {
     return static_cast<std::uint8_t>(colour >> 16 & 0xFF);
 }
 
-// A colour read from a file may carry a high byte, which GDI would take for a palette index.
+// A colour from a file may have a high byte, which GDI would take for a palette index.
 constexpr Colour DrawableColour(Colour colour) {
     return colour & 0xFFFFFF;
 }

@@ -17,7 +17,7 @@ namespace plotvane {
 #ifdef _WIN32
 
 namespace {
-constexpr unsigned long kSharingViolation = 32;  // the system's own number of an error
+constexpr unsigned long kSharingViolation = 32;  // the system's number for this error
 }
 
 FileHandle TryToOpenFile(const std::filesystem::path& path, const char* mode) {

@@ -11,17 +11,17 @@ struct FileCloser {
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
-// Opens a file as std::fopen does, on every system with the path's own characters. Waits up to 80 ms for
-// another program that keeps the file to itself. Null if the file cannot be opened or is a folder.
+// Opens a file like std::fopen, on every system with the path's own characters. Waits up to 80 ms for another
+// program that keeps the file to itself. Null if the file cannot be opened or is a folder.
 FileHandle OpenFile(const std::filesystem::path& path, const char* mode);
 
 // The same without waiting.
 FileHandle TryToOpenFile(const std::filesystem::path& path, const char* mode);
 
-// Returns once all that was written is on the disk. False if it could not be written.
+// Returns when everything written is on the disk. False if it could not be written.
 [[nodiscard]] bool FlushToDisk(std::FILE* file);
 
-// Cuts a file off behind so many bytes; what is written next goes nowhere in particular, so seek first.
+// Cuts a file to this many bytes. The place of the next write is then undefined, so seek first.
 [[nodiscard]] bool CutFile(std::FILE* file, long size);
 
 }  // namespace plotvane

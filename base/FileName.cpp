@@ -13,8 +13,8 @@ char UpperCase(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// Windows takes the raised digits of its code page for digits here. Devices count from 1, but some systems
-// keep 0 too.
+// Windows accepts the superscript digits of its code page as digits here. Devices count from 1, but some
+// systems reserve 0 too.
 bool IsPortDigit(char c) {
     return (c >= '0' && c <= '9') || c == '\xB9' || c == '\xB2' || c == '\xB3';
 }
@@ -45,7 +45,7 @@ bool IsDeviceName(std::string_view fileName) {
 bool NamesDevice(const std::filesystem::path& path) {
     std::string name;
     for (const char16_t character : path.filename().u16string()) {
-        name += character <= 0xFF ? static_cast<char>(character) : '?';  // no device's name has such
+        name += character <= 0xFF ? static_cast<char>(character) : '?';  // not in any device's name
     }
     return IsDeviceName(name);
 }

@@ -22,7 +22,7 @@ bool IsLinkToNowhere(const std::filesystem::path& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
-// Nothing if a part of the path is missing.
+// Nothing if part of the path is missing.
 std::optional<std::filesystem::path> Resolved(const std::filesystem::path& path) {
     const auto release = [](char* text) { std::free(text); };
     const std::unique_ptr<char, decltype(release)> text(realpath(path.c_str(), nullptr), release);

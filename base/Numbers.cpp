@@ -23,7 +23,7 @@ SignedText SplitSign(std::string_view text) {
     return {text.front() == '-', text.substr(1)};
 }
 
-// Without a sign; a number that is too large becomes the maximum. Nothing if there is no digit.
+// Without a sign. A number that is too large becomes the maximum. Nothing if there is no digit.
 std::optional<std::uint32_t> ParseDigits(std::string_view digits, int base) {
     std::uint32_t value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);

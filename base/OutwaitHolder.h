@@ -5,9 +5,9 @@
 
 namespace plotvane {
 
-// A virus scanner, an indexer or a backup often holds a file for a moment, and Windows then refuses it to
-// everybody else. Calls `attempt` until it answers true, for 80 ms at most: the user-interface thread waits.
-// Answers what the last call did.
+// A virus scanner, an indexer or a backup often holds a file for a moment, and Windows then refuses it to all
+// others. Calls `attempt` until it returns true, for at most 80 ms, because the user-interface thread waits.
+// Returns the result of the last call.
 template <typename Attempt>
 bool OutwaitHolder(const Attempt& attempt) {
     constexpr int kAttempts = 5;

@@ -5,35 +5,34 @@
 
 #include "base/FileHandle.h"
 
-// Files that this program has open alone. Where it ends in the middle of something, the system takes the file
-// from it, and the next one that wants it gets it. Windows keeps every program out; Linux only those that ask
-// with these functions.
+// Files that only this program has open. If it is killed, the system closes the file, and another program can
+// open it. Windows keeps every other program out; Linux only those that use these functions.
 namespace plotvane {
 
-// Makes a file for writing that only this program has open. Null if anything has that name, also a link, or
+// Makes a file for writing that only this program has open. Null if anything, even a link, has that name, or
 // if the file cannot be made.
 FileHandle CreateOwnFile(const std::filesystem::path& path);
 
 struct TakenFile {
-    FileHandle file;      // null if there is nothing to take
+    FileHandle file;      // null if there is no such file
     bool isHeld = false;  // because another program has it open
 };
 
-// Opens a file for reading that nobody has open; nobody else can open it until the handle is closed. Only
-// plain files are taken: no folder, no device, no link.
+// Opens a file for reading that nobody has open. Nobody else can open it until the handle is closed. Only
+// plain files are opened: no folder, no device, no link.
 TakenFile TakeFile(const std::filesystem::path& path);
 
 enum class IfTaken { Replace, Fail };
 
-// Gives a file of CreateOwnFile another name in its folder, in one step; it stays open, and nobody else's.
-// False on failure: both files are then as they were.
+// Gives a file of CreateOwnFile another name in its folder, in one step. It stays open, and still nobody else
+// can open it. On failure returns false, and both files are as before.
 [[nodiscard]] bool RenameOwnFile(const FileHandle& file, const std::filesystem::path& from,
                                  const std::filesystem::path& to, IfTaken ifTaken);
 
-// Closes and removes a file of CreateOwnFile or TakeFile; only closes one that may not be removed.
+// Closes and removes a file of CreateOwnFile or TakeFile. If it may not be removed, only closes it.
 void RemoveOwnFile(FileHandle file, const std::filesystem::path& path);
 
-// A number that nobody can foresee.
+// A number that nobody can predict.
 std::uint64_t RandomNumber();
 
 }  // namespace plotvane

@@ -14,7 +14,7 @@
 namespace plotvane {
 namespace {
 
-// Between opening and locking somebody else may have taken the file, and even removed it.
+// Between the opening and the lock, another program may have taken the file, and even removed it.
 bool BecomesOwn(int descriptor) {
     struct stat status {};
     return flock(descriptor, LOCK_EX | LOCK_NB) == 0 && fstat(descriptor, &status) == 0 &&
@@ -53,7 +53,7 @@ bool RenameOwnFile(const FileHandle& /*file*/, const std::filesystem::path& from
     return renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), flags) == 0;
 }
 
-// While it is still this program's: once it is closed somebody else may take it.
+// Removes it while this program still has it: once closed, another program may take it.
 void RemoveOwnFile(FileHandle /*file*/, const std::filesystem::path& path) {
     RemoveFile(path);
 }

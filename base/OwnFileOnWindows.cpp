@@ -54,7 +54,7 @@ FileHandle CreateOwnFile(const std::filesystem::path& path) {
     return AsFile(handle, _O_WRONLY, L"wb");
 }
 
-// In a folder in which nothing may be removed a file can be read all the same.
+// A file can be read even in a folder in which nothing may be removed.
 TakenFile TakeFile(const std::filesystem::path& path) {
     HANDLE handle = OpenAlone(path, GENERIC_READ | DELETE);
     if (handle == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_ACCESS_DENIED) {
@@ -66,7 +66,8 @@ TakenFile TakeFile(const std::filesystem::path& path) {
     return {};
 }
 
-// By the handle: by its name the file would have to be closed first, and would be anybody's for a moment.
+// By the handle. By its name the file would have to be closed first, and for a moment any program could open
+// it.
 bool RenameOwnFile(const FileHandle& file, const std::filesystem::path& /*from*/,
                    const std::filesystem::path& to, IfTaken ifTaken) {
     const std::wstring& name = to.native();
@@ -80,7 +81,7 @@ bool RenameOwnFile(const FileHandle& file, const std::filesystem::path& /*from*/
                                         static_cast<DWORD>(room.size())) != 0;
 }
 
-// By the handle too: between closing and removing somebody else could take the file.
+// By the handle here too. Between closing and removing, another program could take the file.
 void RemoveOwnFile(FileHandle file, const std::filesystem::path& /*path*/) {
     FILE_DISPOSITION_INFO request{};
     request.DeleteFile = TRUE;

@@ -2,12 +2,12 @@
 
 namespace plotvane {
 
-// Asked now and then in the midst of a long read, which may go on for seconds where a file is huge.
+// Called now and then during a long read, which may take seconds if a file is huge.
 struct ReadWatch {
     virtual ~ReadWatch() = default;
 
-    // May dispatch messages, so that the window stays alive. False if what is read is no longer wanted. May
-    // be asked from any read of its text, which must not be closed or opened meanwhile.
+    // May dispatch messages, so that the window stays alive. False if the text is no longer wanted. Any read
+    // of the text may call it; it must not close or open the text.
     virtual bool GoOn() = 0;
 };
 

@@ -47,8 +47,8 @@ int TextInput::PeekByte() {
     return m_next < m_filled ? m_buffer[m_next] : kEnd;
 }
 
-// The bytes before an error count. After it nothing does: another try might succeed, with bytes that do not
-// follow those before.
+// The bytes before an error count; no bytes after it do. Another read might succeed, with bytes that do not
+// follow the earlier ones.
 void TextInput::FillBuffer() {
     m_next = 0;
     m_filled = 0;

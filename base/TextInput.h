@@ -10,11 +10,11 @@
 
 namespace plotvane {
 
-// A text file of the host's or of this program's, read character by character; of any length, with
-// constant memory. Line ends arrive as '\n' alone (CR LF is folded; a CR by itself stays). The text ends
-// at the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. The C
-// library's own text mode is not used, because it differs between systems. Where there is a watch, it is
-// asked every 64 KB; if the text is no longer wanted, it ends there and is closed.
+// A text file, the host's or this program's own, read character by character. It may have any length; the
+// memory is constant. Line ends arrive as a single '\n' (CR LF is folded; a lone CR stays). The text ends at
+// the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. The C library's
+// own text mode is not used, because it differs between systems. The watch, if any, is called every 64 KB; if
+// it answers that the text is no longer wanted, the text ends there and is closed.
 class TextInput {
 public:
     static constexpr int kEnd = -1;
@@ -27,18 +27,18 @@ public:
 
     bool IsOpen() const { return m_file != nullptr; }
 
-    // The next character as 0..254, or kEnd; Get moves behind it, Peek does not. At the end, after an error,
-    // or when not open, both stay at kEnd.
+    // The next character as 0..254, or kEnd. Get moves past it, Peek does not. At the end, after an error, or
+    // when not open, both return kEnd again and again.
     int Get();
     int Peek();
 
-    // Whether the disk refused to give up the next bytes. The text then stops short of its end, and nobody
-    // knows what follows: a reader counts such a file as not read.
+    // Whether a read failed. The text then stops before its end, and nobody knows what follows, so a reader
+    // counts such a file as not read.
     bool HasFailed() const { return m_failed; }
 
 private:
     static constexpr std::size_t kBufferSize = 4096;
-    static constexpr int kBuffersPerLook = 16;  // of the watch
+    static constexpr int kBuffersPerLook = 16;  // between calls of the watch
 
     int ReadCharacter();
     int NextByte();
@@ -48,11 +48,11 @@ private:
 
     FileHandle m_file;
     ReadWatch* m_watch = nullptr;
-    int m_buffersRead = 0;  // since the watch was asked
+    int m_buffersRead = 0;  // since the last call of the watch
     std::array<unsigned char, kBufferSize> m_buffer{};
     std::size_t m_next = 0;
     std::size_t m_filled = 0;
-    std::optional<int> m_ahead;  // the character that Peek has seen
+    std::optional<int> m_ahead;  // the character that Peek has read
     bool m_ended = false;
     bool m_failed = false;
 };

@@ -17,7 +17,7 @@ namespace {
 constexpr char kEndOfText = 0x1A;
 constexpr std::size_t kLongestCopy = std::size_t{1} << 20;  // bytes; settings files have a few thousand
 
-// FNV-1a. It is to tell apart what is whole and what is not, not to withstand anybody.
+// FNV-1a. It detects a copy that is not whole; it is no protection against forgery.
 std::uint64_t SumOf(std::string_view bytes) {
     std::uint64_t sum = 0xCBF29CE484222325;
     for (const char byte : bytes) {
@@ -41,7 +41,7 @@ std::optional<std::string> BytesOf(std::FILE* file) {
     return bytes;
 }
 
-// The text of a copy; nothing if the file is somebody else's.
+// The text of a copy; nothing if the file is not a copy.
 std::optional<std::string> TextOfCopy(std::FILE* file) {
     std::optional<std::string> bytes = BytesOf(file);
     if (!bytes) return std::nullopt;
@@ -77,8 +77,8 @@ bool Cut(std::FILE* file, std::size_t size) {
     return CutFile(file, static_cast<long>(size));
 }
 
-// Gives the file its new length while all its old bytes are still there, because that is what fails: the disk
-// may be full, or the holder may not let it shrink.
+// Sets the file's new length first, while all its old bytes are still there, because that step may fail: the
+// disk may be full, or the other program may not let the file shrink.
 Overwritten FitTo(std::string_view bytes, std::FILE* file) {
     const auto size = SizeOf(file);
     if (!size) return Overwritten::Untouched;
@@ -102,7 +102,7 @@ std::string MarkOf(std::string_view bytes) {
 Overwritten Overwrite(const std::filesystem::path& file, std::string_view bytes) {
     const FileHandle target = TryToOpenFile(file, "r+b");
     if (!target) return Overwritten::Untouched;
-    // What a full disk has not taken must not come again when the file is closed.
+    // Bytes that a full disk has refused must not be written again when the file is closed.
     std::setvbuf(target.get(), nullptr, _IONBF, 0);
     const Overwritten fitted = FitTo(bytes, target.get());
     if (fitted != Overwritten::Whole) return fitted;

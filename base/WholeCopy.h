@@ -4,33 +4,34 @@
 #include <string>
 #include <string_view>
 
-// A file that another program has open can often be written but not renamed over. It is then written in
-// place, and an end in the middle of that leaves a file of which nobody knows what is old and what is new. So
-// a whole copy of the new text stands beside it meanwhile. Whoever finds such a copy finishes the work.
+// A file that another program has open can often be written, but no file can be renamed over it. It is then
+// written in place. If the program ends in the middle of that, nobody knows which part of the file is old and
+// which is new. So a whole copy of the new text is kept beside it until the end. Whoever finds such a copy
+// finishes the work.
 //
-// The program that writes has the copy open alone, so a copy that can be taken is one that was left behind.
+// Only the writing program has the copy open, so a copy that can be opened is one that was left behind.
 namespace plotvane {
 
-// The copy's name: the file's own, with "~" for its last character; no longer, because the file's path may be
-// as long as Windows takes. The file is given by its final path.
+// The copy's name: the file's own, with "~" as its last character. It is no longer, because the file's path
+// may be as long as Windows allows. The file is given by its final path.
 std::filesystem::path WholeCopyOf(const std::filesystem::path& file);
 
-// What ends a copy of this text. By it a copy is told from a file that is somebody else's: such a file is
-// neither used nor removed. Readers of text stop before the mark.
+// The end mark of a copy of this text. A file of that name without it is not a copy: it is neither used nor
+// removed. Readers of text stop before the mark.
 std::string MarkOf(std::string_view bytes);
 
 enum class Overwritten {
-    Whole,      // the file holds the bytes, also on the disk
-    Untouched,  // it could not be opened, or not made long enough; it holds what it held
+    Whole,      // the bytes are in the file and on the disk
+    Untouched,  // it could not be opened, or not made long enough; it is unchanged
     Torn        // the disk failed midway
 };
 
-// Writes the bytes over those of a file that is there.
+// Writes the bytes over those of an existing file.
 [[nodiscard]] Overwritten Overwrite(const std::filesystem::path& file, std::string_view bytes);
 
 enum class WholeFile {
-    Itself,  // the file is whole, after it was finished where that was necessary
-    Copy,    // only the copy is: the file cannot be written now
+    Itself,  // the file is whole, now that any unfinished work is done
+    Copy,    // only the copy is whole; the file cannot be written now
     Unknown  // another program is writing
 };
 
@@ -38,8 +39,8 @@ enum class WholeFile {
 // program that is writing.
 WholeFile FinishInterrupted(const std::filesystem::path& file);
 
-// Removes a copy whose file has been replaced since. False if there is one that cannot be removed: readers
-// would go by it.
+// Removes a copy whose file has been replaced since. False if it cannot be removed: readers would use it
+// instead of the file.
 [[nodiscard]] bool RemoveWholeCopy(const std::filesystem::path& file);
 
 }  // namespace plotvane
