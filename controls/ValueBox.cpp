@@ -5,9 +5,8 @@
 namespace plotvane {
 
 BEGIN_MESSAGE_MAP(CValueBox, CWnd)
-    ON_WM_DESTROY()
     ON_WM_PAINT()
-    // Whoever asks for the text, and what the user selects and copies it with.
+    // Messages that read, select, copy or measure the text.
     ON_MESSAGE(WM_GETTEXT, OnTextWanted)
     ON_MESSAGE(WM_GETTEXTLENGTH, OnTextWanted)
     ON_MESSAGE(WM_COPY, OnTextWanted)
@@ -16,8 +15,13 @@ BEGIN_MESSAGE_MAP(CValueBox, CWnd)
     ON_MESSAGE(WM_LBUTTONDBLCLK, OnTextWanted)
     ON_MESSAGE(WM_PRINTCLIENT, OnTextWanted)
     ON_MESSAGE(EM_SETSEL, OnTextWanted)
+    ON_MESSAGE(EM_GETSEL, OnTextWanted)
     ON_MESSAGE(EM_GETLINE, OnTextWanted)
     ON_MESSAGE(EM_LINELENGTH, OnTextWanted)
+    ON_MESSAGE(EM_LINEINDEX, OnTextWanted)
+    ON_MESSAGE(EM_LINEFROMCHAR, OnTextWanted)
+    ON_MESSAGE(EM_CHARFROMPOS, OnTextWanted)
+    ON_MESSAGE(EM_POSFROMCHAR, OnTextWanted)
     ON_MESSAGE(WM_SETTEXT, OnTextSet)
     ON_MESSAGE(WM_SETFOCUS, OnFocus)
     ON_MESSAGE(WM_KILLFOCUS, OnFocusLost)
@@ -25,25 +29,10 @@ BEGIN_MESSAGE_MAP(CValueBox, CWnd)
     ON_MESSAGE(WM_SIZE, OnLookChanged)
 END_MESSAGE_MAP()
 
-CValueBox::Surface::Surface(HWND edit)
-    : window(edit),
-      picture([&] {
-          CRect client;
-          ::GetClientRect(edit, &client);
-          return Picture(client.Width(), client.Height());
-      }()),
-      dc(picture.Dc()),
-      fontInDc(dc, reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0))),
+CValueBox::Look::Look(HWND edit)
+    : font(reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0))),
       isCentred((::GetWindowLongPtrW(edit, GWL_STYLE) & ES_CENTER) != 0) {
     ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(static_cast<RECT*>(&textPlace)));
-}
-
-// In the colours of a read-only edit in a dialog.
-void CValueBox::Surface::Write(std::string_view text) {
-    dc.FillSolidRect(CRect{0, 0, picture.Width(), picture.Height()}, ::GetSysColor(COLOR_3DFACE));
-    dc.SetTextColor(::GetSysColor(COLOR_WINDOWTEXT));
-    const int room = isCentred ? textPlace.Width() - dc.GetTextExtent(text).cx : 0;
-    dc.TextOutClipped(textPlace.left + std::max(room, 0) / 2, textPlace.top, textPlace, text);
 }
 
 void CValueBox::TakeOver(HWND edit) {
@@ -56,7 +45,9 @@ void CValueBox::Show(std::string_view text) {
     m_isEditBehind = true;
     if (!m_hWnd) return;
     if (!DrawsItself()) return UpdateEdit();
-    CopyTo(Written().window);
+    CClientDC dc(m_hWnd);
+    DrawText(dc);
+    TellScreenReaders();
 }
 
 void CValueBox::UpdateEdit() {
@@ -77,7 +68,12 @@ LRESULT CValueBox::OnTextSet(WPARAM, LPARAM) {
     return result;
 }
 
-// The parent may move the focus on from within the default processing.
+// The edit says it itself when it gets a text.
+void CValueBox::TellScreenReaders() const {
+    ::NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, m_hWnd, OBJID_CLIENT, CHILDID_SELF);
+}
+
+// During the default processing the parent may move the focus on.
 LRESULT CValueBox::OnFocus(WPARAM, LPARAM) {
     UpdateEdit();
     m_hasFocus = true;
@@ -90,41 +86,36 @@ LRESULT CValueBox::OnFocusLost(WPARAM, LPARAM) {
 }
 
 LRESULT CValueBox::OnLookChanged(WPARAM, LPARAM) {
-    m_surface.reset();
+    m_look.reset();
     return Default();
 }
 
-void CValueBox::OnDestroy() {
-    m_surface.reset();
-    CWnd::OnDestroy();
-}
-
 void CValueBox::OnPaint() {
-    // A box that has had no text yet needs no surface to draw on: at the start none has.
-    if (!DrawsItself() || (m_text.empty() && !m_surface)) {
+    if (!DrawsItself()) {
         UpdateEdit();
         Default();
         return;
     }
-    Written();
     CPaintDC dc(m_hWnd);
-    CopyTo(dc);
+    dc.FillSolidRect(GetClientRect(), ::GetSysColor(COLOR_3DFACE));
+    DrawText(dc);
 }
 
-// What an edit looks like that is disabled, or in which text is selected, it knows best.
+// The edit itself draws what it looks like while it is disabled or has selected text.
 bool CValueBox::DrawsItself() const {
     return !m_hasFocus && ::IsWindowEnabled(m_hWnd);
 }
 
-CValueBox::Surface& CValueBox::Written() {
-    if (!m_surface) m_surface.emplace(m_hWnd);
-    m_surface->Write(m_text);
-    return *m_surface;
-}
-
-void CValueBox::CopyTo(CDC& dc) const {
-    const Picture& picture = m_surface->picture;
-    dc.BitBlt(0, 0, picture.Width(), picture.Height(), picture.Dc(), 0, 0, SRCCOPY);
+// In the colours of a read-only edit in a dialog. The text and its background are one call, which cannot
+// flicker.
+void CValueBox::DrawText(CDC& dc) {
+    if (!m_look) m_look.emplace(m_hWnd);
+    const Selected fontInDc(dc, m_look->font);
+    dc.SetTextColor(::GetSysColor(COLOR_WINDOWTEXT));
+    dc.SetBkColor(::GetSysColor(COLOR_3DFACE));
+    const CRect& place = m_look->textPlace;
+    const int room = m_look->isCentred ? place.Width() - dc.GetTextExtent(m_text).cx : 0;
+    dc.TextOutOpaque(place.left + std::max(room, 0) / 2, place.top, place, m_text);
 }
 
 }  // namespace plotvane

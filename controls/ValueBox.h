@@ -10,31 +10,27 @@
 
 namespace plotvane {
 
-// A read-only edit of one line, centred or from the left, that the program writes into with every sample. It
-// draws its text itself, and at once: left to the edit, new texts in twelve boxes are by far the most
-// expensive part of a sample. It looks the same, and to everybody else (the user who selects and copies,
-// programs that read the screen aloud) it is the edit that it was: who asks it for more than its picture
-// finds the text in it.
+// A read-only edit of one line, centred or left-aligned, whose text the program changes with every sample. It
+// draws its text itself and at once, because in twelve edits new texts would be by far the most expensive
+// part of a sample. It draws straight into the window, so that Windows can draw the letters in the density of
+// the screen. It looks like the edit that it replaces, and behaves like it: before the user or another
+// program reads or selects the text, the edit gets it.
 class CValueBox : public CWnd {
 public:
     // Takes over the edit and its text.
     void TakeOver(HWND edit);
 
-    // Windows-1252. Costs a comparison where it is shown already. A text wider than the box loses its end.
+    // Windows-1252. If the box shows the text already, this costs a comparison. A text wider than the box
+    // loses its end.
     void Show(std::string_view text);
 
 private:
-    // The text off-screen and the way onto the window. Both are kept: to choose the font into a device
-    // context, or to get one for the window, costs more than to draw the text.
-    struct Surface {
-        explicit Surface(HWND edit);
-        void Write(std::string_view text);
+    // What the edit knows of its looks; asked once, because each answer costs as much as drawing the text.
+    struct Look {
+        explicit Look(HWND edit);
 
-        CClientDC window;
-        Picture picture;
-        CDC dc;
-        Selected fontInDc;
-        CRect textPlace;  // its line of text; one that is wider begins at the left and loses its end
+        HFONT font;  // not owned
+        CRect textPlace;
         bool isCentred;
     };
 
@@ -43,19 +39,18 @@ private:
     LRESULT OnFocus(WPARAM, LPARAM);
     LRESULT OnFocusLost(WPARAM, LPARAM);
     LRESULT OnLookChanged(WPARAM, LPARAM);
-    void OnDestroy();
     void OnPaint();
 
     bool DrawsItself() const;
-    Surface& Written();
-    void CopyTo(CDC& dc) const;
+    void DrawText(CDC& dc);
     void UpdateEdit();
+    void TellScreenReaders() const;
     DECLARE_MESSAGE_MAP()
 
     std::string m_text;
-    bool m_isEditBehind = false;  // the edit has another text than the one that is shown
+    bool m_isEditBehind = false;  // the edit still has an earlier text than the one on the screen
     bool m_hasFocus = false;
-    std::optional<Surface> m_surface;
+    std::optional<Look> m_look;
 };
 
 }  // namespace plotvane

@@ -163,13 +163,12 @@ void CMultiPlotCtrl::Changed() noexcept {
     Invalidate();
 }
 
-// Draws at once. Invalidating the window, being asked to paint it and getting a device context for that would
-// cost more than composing and copying the picture. If a repaint is pending, the window is left alone until
-// WM_PAINT.
+// Draws at once, because invalidating the window and being asked to paint it would cost more than composing
+// and copying the picture. If a repaint is pending, the window is left alone until WM_PAINT.
 void CMultiPlotCtrl::ShowSample() {
     if (!m_isRedrawOn || !m_hWnd || m_isPaintDue) return Changed();
-    if (!m_windowDc) m_windowDc.emplace(m_hWnd);
-    Draw(*m_windowDc);
+    CClientDC dc(m_hWnd);
+    Draw(dc);
 }
 
 int CMultiPlotCtrl::ShiftFor(int shift) {
@@ -222,7 +221,6 @@ void CMultiPlotCtrl::Draw(CDC& dc) {
 }
 
 void CMultiPlotCtrl::OnDestroy() {
-    m_windowDc.reset();
     m_isPaintDue = false;
     CWnd::OnDestroy();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -107,7 +106,6 @@ private:
     CBrush m_backgroundBrush;
     ChartGeometry m_geometry;
     ChartPicture m_picture;
-    std::optional<CClientDC> m_windowDc;  // kept while there is a window, because getting one takes long
     bool m_isRedrawOn = true;
     bool m_isRedrawDue = false;       // the picture must be drawn again before it is used
     bool m_hasChangedUnseen = false;  // something has changed while redraw was off
