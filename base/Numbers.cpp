@@ -37,9 +37,12 @@ std::string_view WithoutHexPrefix(std::string_view digits) {
     return ParseDigits(digits.substr(2), 16) ? digits.substr(2) : digits;
 }
 
-template <std::size_t kSize, typename... Arguments>
+// Room for the longest text: a sign, the digits and the point of the largest double, and the decimals.
+constexpr std::size_t kLongest = 2 + std::numeric_limits<double>::max_exponent10 + 1 + kMaxDecimals;
+
+template <typename... Arguments>
 void AppendChars(std::string& out, Arguments... arguments) {
-    std::array<char, kSize> buffer;
+    std::array<char, kLongest> buffer;
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), arguments...);
     out.append(buffer.data(), result.ptr);
 }
@@ -80,24 +83,20 @@ double ParseDouble(std::string_view text) {
 }
 
 void AppendDecimal(std::string& out, int value) {
-    constexpr std::size_t kLongest = 11;  // "-2147483648"
-    AppendChars<kLongest>(out, value);
+    AppendChars(out, value);
 }
 
 void AppendHex(std::string& out, std::uint32_t value) {
-    constexpr std::size_t kLongest = 8;
-    AppendChars<kLongest>(out, value, 16);
+    AppendChars(out, value, 16);
 }
 
 void AppendNumber(std::string& out, double value) {
     constexpr int kSignificantDigits = 6;
-    constexpr std::size_t kLongest = 16;  // enough for "-1.23457e-308"
-    AppendChars<kLongest>(out, value, std::chars_format::general, kSignificantDigits);
+    AppendChars(out, value, std::chars_format::general, kSignificantDigits);
 }
 
 void AppendFixed(std::string& out, double value, int decimals) {
-    constexpr std::size_t kLongest = 2 + std::numeric_limits<double>::max_exponent10 + 1 + kMaxDecimals;
-    AppendChars<kLongest>(out, value, std::chars_format::fixed, std::clamp(decimals, 0, kMaxDecimals));
+    AppendChars(out, value, std::chars_format::fixed, std::clamp(decimals, 0, kMaxDecimals));
 }
 
 }  // namespace plotvane

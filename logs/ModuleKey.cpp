@@ -11,9 +11,10 @@ constexpr std::size_t kSuffixStart = 12;
 constexpr std::size_t kSuffixEnd = 15;
 constexpr std::string_view kLabelExtension = ".LBL";
 
-bool IsUnfitForFileName(char c) {
+// Blanks and control bytes, and what Windows keeps out of file names.
+bool BecomesDash(char c) {
     const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7F || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+    return byte <= 0x20 || byte == 0x7F || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
 }
 
 // Only the suffix has its blanks trimmed. A blank at position 11 stays, because it separates the suffix from
@@ -44,8 +45,7 @@ char UpperCaseOf(char c) {
 
 std::string ScalingFileNameOf(std::string_view moduleName) {
     std::string key(WithoutSuffixBlanks(moduleName.substr(0, kMaxNameLength)));
-    std::ranges::replace_if(
-        key, [](char c) { return c == ' ' || IsUnfitForFileName(c); }, '-');
+    std::ranges::replace_if(key, BecomesDash, '-');
     if (const auto dot = key.find('.', 1); dot != std::string::npos) key.resize(dot);
     key += kScalingExtension;
     return key;
