@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "plot/chart/MultiPlotCtrl.h"
@@ -97,75 +98,100 @@ void Measure(Contender& contender, std::size_t round) {
     contender.us[round] = (NowUs() - start) / kSamplesPerRound;
 }
 
+constexpr DWORD kChildStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+enum ChildId { kChart = 1, kDirect, kPainted, kPaintedAgain, kBlueChart };
+
+// A window with what is compared in it, one above the other.
+class Ring {
+public:
+    Ring(int width, int height) : m_bare(LookOf(width, height)) {
+        const CRect withFrame{0, 0, width + kFramePx, height + kFramePx};
+        m_parent.CreateEx(0, L"ChartBench", "", WS_POPUP | WS_VISIBLE, withFrame, nullptr, 0);
+        MakeChart(m_chart, withFrame, kChart);
+        m_blueChart.SetBackgroundColor(0x281400);
+        MakeChart(m_blueChart, withFrame, kBlueChart);
+        const CRect client{0, 0, width, height};
+        m_direct.CreateEx(0, L"ChartBench", "", kChildStyle, client, m_parent.m_hWnd, kDirect);
+        m_directDc.emplace(m_direct.m_hWnd);
+        m_painted.CreateEx(0, L"ChartBench", "", kChildStyle, client, m_parent.m_hWnd, kPainted);
+        m_paintedAgain.CreateEx(0, L"ChartBench", "", kChildStyle, client, m_parent.m_hWnd, kPaintedAgain);
+    }
+
+    std::vector<Contender> Contenders() {
+        return {{"bare calls, no messages", m_direct.m_hWnd,
+                 [this](const TraceValues& values) {
+                     m_bare.Append(values, kShift);
+                     m_bare.Show(*m_directDc);
+                 }},
+                {"bare calls through WM_PAINT, kept bitmap", m_painted.m_hWnd,
+                 [this](const TraceValues& values) { AppendAndPaint(values, m_painted); }},
+                {"bare calls through WM_PAINT, new bitmap", m_paintedAgain.m_hWnd,
+                 [this](const TraceValues& values) { AppendAndPaint(values, m_paintedAgain); }},
+                {"CMultiPlotCtrl", m_chart.m_hWnd,
+                 [this](const TraceValues& values) {
+                     m_chart.AppendPoints(values);
+                     DispatchAll();
+                 }},
+                // If the background is not black, every pixel of the chart counts as grid.
+                {"CMultiPlotCtrl on dark blue", m_blueChart.m_hWnd, [this](const TraceValues& values) {
+                     m_blueChart.AppendPoints(values);
+                     DispatchAll();
+                 }}};
+    }
+
+    double RedrawUs() {
+        constexpr int kRedraws = 50;
+        const double start = NowUs();
+        for (int i = 0; i < kRedraws; ++i) m_chart.InvalidateCtrl();
+        return (NowUs() - start) / kRedraws;
+    }
+
+private:
+    static constexpr int kFramePx = 6;
+
+    test::BareChart::Look LookOf(int width, int height) const {
+        test::BareChart::Look look{.width = width,
+                                   .height = height,
+                                   .plotLeft = 54,
+                                   .gridLines = 9,
+                                   .penWidth = 0,
+                                   .background = kBlack,
+                                   .grid = kWhite,
+                                   .traces = m_prefs.lineColor,
+                                   .lower = {},
+                                   .upper = {}};
+        look.upper.fill(100.0);
+        return look;
+    }
+
+    void MakeChart(CMultiPlotCtrl& chart, const CRect& rect, UINT id) {
+        chart.SetGridCounts({.vertical = 9, .horizontal = 9});
+        chart.SetLabelMargin(1);
+        chart.Create(kChildStyle, rect, m_parent.m_hWnd, id);
+    }
+
+    void AppendAndPaint(const TraceValues& values, CWnd& window) {
+        m_bare.Append(values, kShift);
+        window.Invalidate();
+        DispatchAll();
+    }
+
+    const Prefs m_prefs;
+    const RunState m_state;
+    const SlotTable m_slots;
+    test::BareChart m_bare;
+    CWnd m_parent;
+    CMultiPlotCtrl m_chart{m_prefs, m_state, m_slots};
+    CMultiPlotCtrl m_blueChart{m_prefs, m_state, m_slots};
+    CWnd m_direct;
+    std::optional<CClientDC> m_directDc;
+    BareWindow m_painted{m_bare, &test::BareChart::Show};
+    BareWindow m_paintedAgain{m_bare, &test::BareChart::ShowByNewBitmap};
+};
+
 void Compare(int width, int height) {
-    const Prefs prefs;
-    const RunState state;
-    const SlotTable slots;
-    CWnd parent;
-    parent.CreateEx(0, L"ChartBench", "", WS_POPUP | WS_VISIBLE, CRect{0, 0, width + 6, height + 6}, nullptr,
-                    0);
-
-    CMultiPlotCtrl chart(prefs, state, slots);
-    chart.SetGridCounts({.vertical = 9, .horizontal = 9});
-    chart.SetLabelMargin(1);
-    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
-    chart.Create(kStyle, CRect{0, 0, width + 6, height + 6}, parent.m_hWnd, 1);
-    CMultiPlotCtrl blueChart(prefs, state, slots);
-    blueChart.SetGridCounts({.vertical = 9, .horizontal = 9});
-    blueChart.SetLabelMargin(1);
-    blueChart.SetBackgroundColor(0x281400);
-    blueChart.Create(kStyle, CRect{0, 0, width + 6, height + 6}, parent.m_hWnd, 5);
-
-    test::BareChart::Look look{.width = width,
-                               .height = height,
-                               .plotLeft = 54,
-                               .gridLines = 9,
-                               .penWidth = 0,
-                               .background = kBlack,
-                               .grid = kWhite,
-                               .traces = prefs.lineColor,
-                               .lower = {},
-                               .upper = {}};
-    look.upper.fill(100.0);
-    test::BareChart bare(look);
-    CWnd direct;
-    direct.CreateEx(0, L"ChartBench", "", kStyle, CRect{0, 0, width, height}, parent.m_hWnd, 2);
-    BareWindow painted(bare, &test::BareChart::Show);
-    painted.CreateEx(0, L"ChartBench", "", kStyle, CRect{0, 0, width, height}, parent.m_hWnd, 3);
-    BareWindow paintedAnew(bare, &test::BareChart::ShowByNewBitmap);
-    paintedAnew.CreateEx(0, L"ChartBench", "", kStyle, CRect{0, 0, width, height}, parent.m_hWnd, 4);
-    const CClientDC directDc(direct.m_hWnd);
-
-    std::array contenders = {
-        Contender{"bare calls, no messages", direct.m_hWnd,
-                  [&](const TraceValues& values) {
-                      bare.Append(values, kShift);
-                      bare.Show(directDc);
-                  }},
-        Contender{"bare calls through WM_PAINT, kept bitmap", painted.m_hWnd,
-                  [&](const TraceValues& values) {
-                      bare.Append(values, kShift);
-                      painted.Invalidate();
-                      DispatchAll();
-                  }},
-        Contender{"bare calls through WM_PAINT, new bitmap", paintedAnew.m_hWnd,
-                  [&](const TraceValues& values) {
-                      bare.Append(values, kShift);
-                      paintedAnew.Invalidate();
-                      DispatchAll();
-                  }},
-        Contender{"CMultiPlotCtrl", chart.m_hWnd,
-                  [&](const TraceValues& values) {
-                      chart.AppendPoints(values);
-                      DispatchAll();
-                  }},
-        // If the background is not black, every pixel of the chart counts as grid.
-        Contender{"CMultiPlotCtrl on dark blue", blueChart.m_hWnd,
-                  [&](const TraceValues& values) {
-                      blueChart.AppendPoints(values);
-                      DispatchAll();
-                  }},
-    };
+    Ring ring(width, height);
+    auto contenders = ring.Contenders();
     for (std::size_t round = 0; round < kRounds; ++round) {
         for (Contender& contender : contenders) Measure(contender, round);
     }
@@ -176,11 +202,7 @@ void Compare(int width, int height) {
                     contender.MedianUs(), contender.MedianUs() / contenders[0].MedianUs(),
                     contender.MedianUs() / contenders[1].MedianUs());
     }
-
-    const double start = NowUs();
-    constexpr int kRedraws = 50;
-    for (int i = 0; i < kRedraws; ++i) chart.InvalidateCtrl();
-    std::printf("  %-42s %8.1f us\n", "a full redraw, without painting", (NowUs() - start) / kRedraws);
+    std::printf("  %-42s %8.1f us\n", "a full redraw, without painting", ring.RedrawUs());
     std::fflush(stdout);
 }
 

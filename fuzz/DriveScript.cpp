@@ -1,6 +1,7 @@
 #include "fuzz/DriveScript.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "tests/unit/support/ScriptedPipe.h"
@@ -13,76 +14,78 @@ constexpr std::size_t kMaxPortions = 200;
 constexpr std::size_t kMaxClicks = 40;
 constexpr int kMaxPauseCs = 500;
 
-void AddLine(std::string& file, std::string_view line) {
-    file.append(line) += '\n';
-}
-
 }  // namespace
 
 DriveScript::DriveScript(std::string_view text) {
-    double nowMs = 0.0;
-    const auto write = [this](std::string bytes) {
-        if (portions.size() < kMaxPortions) portions.push_back(std::move(bytes));
-    };
     while (!text.empty()) {
-        std::string_view line = text.substr(0, text.find('\n'));
+        const std::string_view line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(line.size() + 1, text.size()));
-        if (line.empty()) continue;
-        const char kind = line.front();
-        line.remove_prefix(1);
-        switch (kind) {
-            case 'h':
-                hostRuns = true;
-                break;
-            case 'r':
-                write(test::BlockOf(line));
-                break;
-            case 'b':
-                if (!line.empty()) write(std::string(line));
-                break;
-            case 'i':
-                write("\xFF");
-                break;
-            case 'x':
-                write("\xFE");
-                break;
-            case 'c':
-                write("\xFD");
-                break;
-            case 'w':
-                write({});
-                break;
-            case 'e':
-                AddLine(exchangeFile, line);
-                break;
-            case 'd':
-                AddLine(defaults, line);
-                break;
-            case 'f':
-                AddLine(ranges, line);
-                break;
-            case 'g':
-                AddLine(prefs, line);
-                break;
-            case 'k':
-                AddLine(labels, line);
-                break;
-            case 'l':
-                AddLine(log, line);
-                break;
-            case 'z':
-                log += line;
-                break;
-            case 't': {
-                constexpr int kMsPerCs = 10;
-                nowMs += kMsPerCs * std::clamp(ParseDecimal(line), 0, kMaxPauseCs);
-                line.remove_prefix(std::min(line.find_first_not_of("0123456789"), line.size()));
-                if (clicks.size() < kMaxClicks) clicks.push_back({nowMs, std::string(line)});
-                break;
-            }
-            default:
-                break;
-        }
+        if (!line.empty()) Take(line.front(), line.substr(1));
+    }
+}
+
+void DriveScript::Take(char kind, std::string_view line) {
+    switch (kind) {
+        case 'h':
+            hostRuns = true;
+            break;
+        case 'r':
+            Write(test::BlockOf(line));
+            break;
+        case 'b':
+            if (!line.empty()) Write(std::string(line));
+            break;
+        case 'i':
+            Write("\xFF");
+            break;
+        case 'x':
+            Write("\xFE");
+            break;
+        case 'c':
+            Write("\xFD");
+            break;
+        case 'w':
+            Write({});
+            break;
+        case 't':
+            AddClick(line);
+            break;
+        case 'z':
+            log += line;
+            break;
+        default:
+            if (std::string* const file = FileOf(kind)) file->append(line) += '\n';
+            break;
+    }
+}
+
+void DriveScript::Write(std::string bytes) {
+    if (portions.size() < kMaxPortions) portions.push_back(std::move(bytes));
+}
+
+void DriveScript::AddClick(std::string_view line) {
+    constexpr int kMsPerCs = 10;
+    m_nowMs += kMsPerCs * std::clamp(ParseDecimal(line), 0, kMaxPauseCs);
+    line.remove_prefix(std::min(line.find_first_not_of("0123456789"), line.size()));
+    if (clicks.size() < kMaxClicks) clicks.push_back({m_nowMs, std::string(line)});
+}
+
+std::string* DriveScript::FileOf(char kind) {
+    switch (kind) {
+        case 'e':
+            return &exchangeFile;
+        case 'd':
+            return &defaults;
+        case 'f':
+            return &ranges;
+        case 'g':
+            return &prefs;
+        case 'k':
+            return &labels;
+        case 'l':
+            return &log;
+        default:
+            return nullptr;
     }
 }
 

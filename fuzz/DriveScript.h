@@ -41,6 +41,14 @@ struct DriveScript {
     std::string labels;
     std::string log;
     std::vector<Click> clicks;
+
+private:
+    void Take(char kind, std::string_view line);
+    void Write(std::string bytes);
+    void AddClick(std::string_view line);
+    std::string* FileOf(char kind);
+
+    double m_nowMs = 0.0;
 };
 
 // The module that has a scaling and a label file from the start.

@@ -66,6 +66,7 @@ check_functions() {
         FNR == 1 { begin = 0 }
         /^[A-Za-z_]/ { if (!begin) { begin = FNR; name = $0 } }
         /^(namespace|class|struct|enum|union|extern "C")/ || /^(BEGIN|END)_MESSAGE_MAP/ || /[;,]$/ && begin == FNR { begin = 0 }
+        /^[^(]* =( |$)/ && begin == FNR { begin = 0 }  # a value, such as a table
         /^}/ {
             if (begin && /^}$/ && FNR - begin + 1 > longest) {
                 printf "%s:%d: %d lines, over %d: %s\n", FILENAME, begin, FNR - begin + 1, longest, name

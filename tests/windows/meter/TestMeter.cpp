@@ -68,6 +68,11 @@ bool HasSomethingToPaint(const CMeterWnd& meter) {
     return ::GetUpdateRect(meter.m_hWnd, nullptr, FALSE) != 0;
 }
 
+COLORREF ColourShown(const CMeterWnd& meter, int x, int y) {
+    const CClientDC dc{meter.m_hWnd};
+    return ::GetPixel(dc, x, y);
+}
+
 Ticker::Ticker(std::function<void()> run)
     : m_run(std::move(run)), m_timer(::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &OnTick)) {
     Tickers()[m_timer] = this;

@@ -19,6 +19,9 @@ constexpr CRect kMeterRect{32, 64, 232, 264};
 // from them (and so closes their menus) at its own time.
 constexpr DWORD kHiddenMeterStyle = kFieldMeterStyle & ~static_cast<DWORD>(WS_VISIBLE);
 
+// Device context, bitmap, font and region of the dial; device context and bitmap of the surface.
+constexpr int kObjectsOfAMeter = 6;
+
 // A window to hold meters; the display does not move, size or map the windows inside it.
 class Stage {
 public:
@@ -90,6 +93,9 @@ bool DispatchUntil(const std::function<bool()>& holds);
 void Settle(CMeterWnd& meter);
 
 bool HasSomethingToPaint(const CMeterWnd& meter);
+
+// The colour on the screen at a place of the client area.
+COLORREF ColourShown(const CMeterWnd& meter, int x, int y);
 
 // While a ticker exists, `run` is called every few milliseconds, even inside the message loops of menus and
 // dialogs.
