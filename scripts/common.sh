@@ -24,7 +24,7 @@ die() {
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
 test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev locales)
-fuzz_packages=(clang libclang-rt-dev)
+clang_packages=(clang libclang-rt-dev)  # for the presets native and fuzz
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
 package_packages=(git zip unzip cmark-gfm nsis imagemagick)
 
@@ -153,6 +153,7 @@ build_preset() {
     shift
     if command -v ccache >/dev/null; then
         export CCACHE_BASEDIR=$root CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+        export CCACHE_SLOPPINESS=pch_defines,time_macros  # or it gives up on precompiled headers
     fi
     watched cmake -S "$root" --preset "$preset" -DPLOTVANE_WERROR="${PLOTVANE_WERROR:-OFF}" \
         >"$logs/configure-$preset.log" 2>&1 || {

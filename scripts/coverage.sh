@@ -27,7 +27,7 @@ say "counting"
 # Leaves out branches that only an exception takes, because no source line contains them.
 counts=$coverage/counts.json
 gcovr --root "$root" --exclude-throw-branches --exclude-unreachable-branches \
-    --filter '(model|files|scaling|logs|plot|meter|link|app|tools)/' --json "$counts" "$coverage" \
+    --filter '(base|model|scaling|logs|plot|meter|link|app|tools)/' --json "$counts" "$coverage" \
     >"$logs/gcovr.log" 2>&1 || { cat "$logs/gcovr.log" >&2; die "gcovr failed"; }
 mkdir -p "$coverage/report"
 gcovr --root "$root" -a "$counts" --branches --txt -

@@ -17,7 +17,7 @@ fi
 [[ $seconds =~ ^[1-9][0-9]*$ ]] || die "fuzz.sh [SECONDS [TARGET...]]"
 targets=("$@")
 
-need_packages g++ cmake ninja-build "${fuzz_packages[@]}"
+need_packages g++ cmake ninja-build "${clang_packages[@]}"
 exec 8>"$build/.fuzz-lock"
 flock -n 8 || die "another fuzz.sh is running in $root"
 say "building the fuzzers (build/fuzz)"

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 source scripts/common.sh
 
 case ${1:-} in
-    "") need_packages "${build_packages[@]}" "${test_packages[@]}" clang lld clang-format clang-tidy cppcheck ;;
+    "") need_packages "${build_packages[@]}" "${test_packages[@]}" "${clang_packages[@]}" lld clang-format clang-tidy cppcheck ;;
     quick) need_packages clang-format ;;
     *) die "lint.sh [quick]" ;;
 esac
@@ -47,7 +47,7 @@ sources_with_files() {
     ninja -C "$build/$1" -t deps | awk -v root="$root/" '
         function finish() { if (line != "") print line; line = "" }
         /^[^ ]/ { finish() }
-        /^ / && (sub("^ *" root, "") || sub("^ *[.][.]/[.][.]/", "")) { line = line (line == "" ? "" : " ") $0 }
+        /^ / && (sub("^ *" root, "") || sub("^ *[.][.]/[.][.]/", "")) && !/^build[/]/ { line = line (line == "" ? "" : " ") $0 }
         END { finish() }' | sort -u
 }
 tidy() {

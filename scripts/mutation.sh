@@ -15,7 +15,7 @@ count=${1:-40}
 seed=${2:-$(date +%F)}
 [[ $# -le 2 && $count =~ ^[1-9][0-9]*$ ]] || die "mutation.sh [COUNT [SEED]]"
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" lld
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${clang_packages[@]}" lld
 work=$build/mutation
 tree=$work/tree        # the copy
 objects=$work/objects  # what is built of it
@@ -33,30 +33,32 @@ git ls-files -z --cached --others --exclude-standard | tar --null --ignore-faile
 say "building the unit tests without a fault"
 if command -v ccache >/dev/null; then
     export CCACHE_BASEDIR=$root CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    export CCACHE_SLOPPINESS=pch_defines,time_macros
 fi
 # Quick to build. The library's own checks of its indices stand in for the sanitizers.
 watched cmake -S "$tree" -B "$objects" -G Ninja -D CMAKE_BUILD_TYPE= -D CMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld \
-    -D CMAKE_CXX_FLAGS="-O0 -D_GLIBCXX_ASSERTIONS" >"$logs/configure-mutation.log" 2>&1 ||
+    -D CMAKE_C_COMPILER=clang -D CMAKE_CXX_COMPILER=clang++ -D CMAKE_CXX_FLAGS="-O0 -D_GLIBCXX_ASSERTIONS" >"$logs/configure-mutation.log" 2>&1 ||
     die "configuring failed, see $logs/configure-mutation.log"
-build_tests() { watched ninja -C "$objects" unit_tests >"$logs/build-mutation.log" 2>&1; }
+build_tests() { watched ninja -C "$objects" unit_tests kept_input_tests >"$logs/build-mutation.log" 2>&1; }
 build_tests || die "the sources do not build, see $logs/build-mutation.log"
 export CCACHE_READONLY=1  # nobody will ask for the faulty ones again
 
 # The tests' folders go where they can be swept away, whatever a faulty program leaves there.
 scratch=$(mktemp -d)
 export TMPDIR=$scratch
-# run_tests SECONDS FILTER: 0 if every test passes, 124 if the time was over. A faulty program may want all memory or
-# disk.
+# run_tests SECONDS PROGRAM [FILTER]: 0 if every test passes, 124 if the time was over. A faulty program may want all
+# memory or disk.
 run_tests() {
     local status=0
     watched timeout -k 5 "$1" bash -c 'ulimit -v 4000000 -f 200000 -c 0; cd "$TMPDIR"; exec "$0" "$@"' \
-        "$objects/unit_tests" --gtest_fail_fast --gtest_brief=1 --gtest_filter="$2" \
+        "$objects/$2" --gtest_fail_fast --gtest_brief=1 --gtest_filter="${3:-*}" \
         >"$logs/test-mutation.log" 2>&1 || status=$?
     find "$scratch" -mindepth 1 -delete
     return "$status"
 }
 began=$SECONDS
-run_tests 600 '*' || die "a test fails without any fault, see $logs/test-mutation.log"
+run_tests 600 unit_tests && run_tests 600 kept_input_tests ||
+    die "a test fails without any fault, see $logs/test-mutation.log"
 limit=$((10 + 5 * (SECONDS - began)))
 
 # All faults: file, line, offset, length, kind, replacement.
@@ -81,7 +83,8 @@ while ((tried < count)) && IFS=$'\t' read -r file line offset length kind new <&
         tried=$((tried + 1))
         status=0
         # The source's own tests first: they are quick, and notice most.
-        { run_tests "$limit" "$(basename "$file" .cpp)*" && run_tests "$limit" '*'; } || status=$?
+        { run_tests "$limit" unit_tests "$(basename "$file" .cpp)*" && run_tests "$limit" unit_tests &&
+            run_tests "$limit" kept_input_tests; } || status=$?
         if ((status == 0)); then
             lives=$((lives + 1))
             printf '%s:%d: nobody notices (%s)\n' "$file" "$line" "$kind"

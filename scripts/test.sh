@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" "${fuzz_packages[@]}" "${package_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" "${clang_packages[@]}" "${package_packages[@]}"
 take_turn
 
 say "building the portable code with sanitizers (build/native)"

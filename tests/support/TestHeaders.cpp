@@ -1,0 +1,1 @@
+// Empty: it carries the precompiled headers of the tests.
