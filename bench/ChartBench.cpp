@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "plot/chart/MultiPlotCtrl.h"
-#include "tests/windows/plot/chart/BareChart.h"
+#include "tests/support/BareChart.h"
 
 namespace plotvane {
 namespace {

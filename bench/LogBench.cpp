@@ -1,5 +1,5 @@
-// log_bench LOG...: how soon the real program plays a log, from the moment at which its user has chosen it to
-// the first value on the screen, and what memory it holds while it plays at eight times the speed.
+// log_bench LOG...: how long the real program takes from the choice of a log to the first value on the
+// screen, and how much memory it holds while it plays at eight times the speed.
 #include <windows.h>
 
 #include <chrono>
@@ -8,8 +8,8 @@
 #include <optional>
 
 #include "res/resource.h"
-#include "tests/system/support/Resources.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/Resources.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane {
 namespace {

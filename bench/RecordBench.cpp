@@ -17,7 +17,8 @@
 #include "link/BlockReader.h"
 #include "link/RecordParser.h"
 #include "plot/binding/TraceScaling.h"
-#include "tests/unit/support/WholeWay.h"
+#include "tests/support/Records.h"
+#include "tests/support/WholeWay.h"
 #include "tools/drives/DriveRecord.h"
 #include "tools/drives/ScriptedDrive.h"
 #include "tools/samples/SampleLogs.h"
@@ -57,7 +58,7 @@ std::vector<std::string> Blocks(RecordForm form) {
     return blocks;
 }
 
-// Measures from the sample after which everything is warm to the last sample that is certain to come.
+// Measures from the end of the warm-up to the last sample that is certain to come.
 class Stopwatch {
 public:
     std::function<void(const TraceValues&)> OnSample() {
@@ -149,7 +150,7 @@ double ParsedUs(const std::vector<std::string>& records, bool bind) {
 
 double TracesUs() {
     Bound bound;
-    fuzz::LineChart chart(bound.data.prefs, bound.data.state, bound.data.slots);
+    test::LineChart chart(bound.data.prefs, bound.data.state, bound.data.slots);
     chart.onSample = [](const TraceValues&) {};
     TraceValues values{};
     const double began = NowUs();

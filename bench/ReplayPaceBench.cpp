@@ -5,7 +5,7 @@
 
 #include "link/WindowPump.h"
 #include "plot/binding/ReplayPacing.h"
-#include "tests/unit/support/FakeViews.h"
+#include "tests/support/FakeViews.h"
 
 namespace plotvane {
 namespace {

@@ -1,10 +1,10 @@
 // From the start of the process to the first painted chart, and to the controls below it, against a bare
 // dialog made from the same template, in turns; and the private memory. Prints medians and ratios.
 //
-// "Painted" is what a person would call so, and the same for both: a place is looked at on the screen itself
-// every few milliseconds. A chart is there when its place holds its grid on its background and nothing else;
-// the bare dialog, when that place has the colour of dialogs and nothing else; the controls, when there is a
-// text on the colour of dialogs where the last of them stands.
+// "Painted" means the same for both, and what a person would mean: the bench looks at a place on the screen
+// itself every few milliseconds. A chart is there when its place holds its grid on its background and nothing
+// else; the bare dialog, when that place has the colour of dialogs and nothing else; the controls, when there
+// is a text on the colour of dialogs where the last of them stands.
 #include <windows.h>
 
 #include <algorithm>
@@ -15,10 +15,10 @@
 
 #include "scaling/Prefs.h"
 #include "tests/support/TempFolder.h"
-#include "tests/system/support/Await.h"
-#include "tests/system/support/ChildProcess.h"
-#include "tests/system/support/RemoteWindow.h"
-#include "tests/system/support/Resources.h"
+#include "tests/support/system/Await.h"
+#include "tests/support/system/ChildProcess.h"
+#include "tests/support/system/RemoteWindow.h"
+#include "tests/support/system/Resources.h"
 
 namespace plotvane {
 namespace {
@@ -28,7 +28,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kRounds = 21;
 constexpr DWORD kLookEveryMs = 2;
 constexpr std::chrono::milliseconds kPatience{20'000};
-constexpr DWORD kSettleMs = 500;  // behind which the memory is looked at
+constexpr DWORD kSettleMs = 500;  // until the memory is read
 
 // Inside the plot in both programs: away from labels, frame and whatever lies below.
 RECT PlaceOfChart(const RECT& client) {

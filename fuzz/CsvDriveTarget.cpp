@@ -3,19 +3,23 @@
 #include <string>
 
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
 #include "link/RecordParser.h"
 #include "logs/LogCheck.h"
 #include "logs/LogReader.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 #include "tools/drives/DriveRecord.h"
 #include "tools/drives/PlainCsv.h"
 #include "tools/drives/RecordText.h"
 #include "tools/samples/SampleLogs.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+
 namespace {
 
 constexpr std::string_view kModule = "038 906 019 FT";

@@ -3,13 +3,18 @@
 #include <string>
 
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
 #include "scaling/DefaultScaling.h"
 #include "scaling/ScalingTokens.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+using test::ScratchPath;
+
 namespace {
 
 using Loader = void (DefaultScaling::*)();

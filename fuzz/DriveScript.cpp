@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/Numbers.h"
-#include "tests/unit/support/ScriptedPipe.h"
+#include "tests/support/Records.h"
 
 namespace plotvane::fuzz {
 namespace {

@@ -6,21 +6,27 @@
 #include <string>
 
 #include "fuzz/DriveScript.h"
-#include "fuzz/DriveViews.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
 #include "fuzz/SampleCheck.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
 #include "link/Acquisition.h"
 #include "link/ExchangeFile.h"
 #include "logs/ModuleKey.h"
 #include "scaling/PrefsFile.h"
-#include "tests/unit/support/FakeDialog.h"
-#include "tests/unit/support/ScriptedPipe.h"
+#include "tests/support/DriveViews.h"
+#include "tests/support/FakeDialog.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
+#include "tests/support/ScriptedPipe.h"
 
 namespace plotvane::fuzz {
+
+using test::LineChart;
+using test::OpenMeters;
+using test::Require;
+using test::ScratchPath;
+
 namespace {
 
 constexpr const char* kLogName = "drive.csv";

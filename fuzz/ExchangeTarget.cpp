@@ -3,12 +3,16 @@
 
 #include "base/TextInput.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
 #include "link/ExchangeFile.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+
 namespace {
 
 std::string ReadThrough(const std::filesystem::path& path) {

@@ -1,10 +1,14 @@
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 #include "tools/sim/HostScript.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+
 namespace {
 
 void RequireSaneStep(const ScriptStep& step) {

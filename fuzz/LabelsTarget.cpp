@@ -4,13 +4,18 @@
 
 #include "base/FileName.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
 #include "logs/LabelFile.h"
 #include "logs/ModuleKey.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+using test::ScratchPath;
+
 namespace {
 
 constexpr int kLastGroup = 255;

@@ -4,15 +4,19 @@
 #include <vector>
 
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
 #include "link/RecordParser.h"
 #include "logs/LogCheck.h"
 #include "logs/LogReader.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+
 namespace {
 
 constexpr std::size_t kMaxParsedText = 100;  // of a value and of a unit in a record

@@ -3,11 +3,14 @@
 
 #include "base/FileName.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
 #include "fuzz/Targets.h"
 #include "logs/ModuleKey.h"
+#include "tests/support/Promise.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+
 namespace {
 
 // The name must not lead out of its folder on any system.

@@ -2,13 +2,18 @@
 
 #include "base/FileName.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
 #include "logs/ModuleKey.h"
 #include "scaling/ModuleScaling.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+using test::ScratchPath;
+
 namespace {
 
 constexpr int kFieldsAsked = 10;  // a record's field is one digit

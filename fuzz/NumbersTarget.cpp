@@ -11,10 +11,13 @@
 
 #include "base/Numbers.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
 #include "fuzz/Targets.h"
+#include "tests/support/Promise.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+
 namespace {
 
 constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";

@@ -3,13 +3,16 @@
 #include <utility>
 
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
 #include "link/BlockReader.h"
 #include "link/RecordParser.h"
+#include "tests/support/Promise.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+
 namespace {
 
 constexpr int kStopNow = 255;  // as a cut: the user stops the run and then starts the next one

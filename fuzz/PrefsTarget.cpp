@@ -4,12 +4,16 @@
 #include <string>
 
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
 #include "scaling/PrefsFile.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+
 namespace {
 
 // The value of a hexadecimal digit in either case.

@@ -1,13 +1,16 @@
 #include <algorithm>
 
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
 #include "link/RecordParser.h"
 #include "model/RecordBuffer.h"
+#include "tests/support/Promise.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+
 namespace {
 
 void RequireSaneAnswer(std::string_view text, std::size_t position) {

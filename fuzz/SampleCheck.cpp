@@ -4,9 +4,12 @@
 #include <cstdio>
 #include <string>
 
-#include "fuzz/Promise.h"
+#include "tests/support/Promise.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+
 namespace {
 
 std::string Printed(const char* format, double value) {

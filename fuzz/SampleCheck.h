@@ -5,7 +5,7 @@
 #include "link/DriveData.h"
 #include "plot/binding/FuelFigures.h"
 #include "plot/chart/TraceChart.h"
-#include "tests/unit/support/FakeViews.h"
+#include "tests/support/FakeViews.h"
 
 namespace plotvane::fuzz {
 

@@ -5,10 +5,13 @@
 #include <charconv>
 #include <cmath>
 
-#include "fuzz/Promise.h"
 #include "model/RecordBuffer.h"
+#include "tests/support/Promise.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+
 namespace {
 
 constexpr std::size_t kMaxText = 100;

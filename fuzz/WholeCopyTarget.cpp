@@ -3,11 +3,15 @@
 #include "base/AtomicFile.h"
 #include "base/WholeCopy.h"
 #include "fuzz/Inputs.h"
-#include "fuzz/Promise.h"
-#include "fuzz/ScratchFolder.h"
 #include "fuzz/Targets.h"
+#include "tests/support/Promise.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace plotvane::fuzz {
+
+using test::Require;
+using test::ScratchFile;
+
 namespace {
 
 std::string Read(const ScratchFile& file) {
@@ -25,7 +29,7 @@ bool IsMarked(std::string_view copy) {
 
 }  // namespace
 
-// Two parts: a settings file, and what stands in the place of its whole copy.
+// Two parts: a settings file, and what lies where its whole copy belongs.
 int FuzzWholeCopy(Bytes input) {
     std::string_view rest = AsText(input);
     const std::string_view bytes = TakePart(rest);

@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "tests/allocations/CountedNew.h"
-#include "tests/unit/support/WholeWay.h"
+#include "tests/support/Records.h"
+#include "tests/support/WholeWay.h"
 #include "tools/drives/DriveRecord.h"
 #include "tools/drives/ScriptedDrive.h"
 #include "tools/samples/SampleLogs.h"
 
 // Nothing is allocated for a record once every text has grown as long as it gets: counted over a thousand
-// records of the whole portable way, behind as many that warm it up.
+// records of the whole portable way, after as many that warm it up.
 namespace plotvane {
 namespace {
 

@@ -65,7 +65,7 @@ inline double Distance(Colour a, Colour b, Eyes eyes) {
     return 100.0 * std::hypot(first[0] - second[0], first[1] - second[1], first[2] - second[2]);
 }
 
-// The same for the eyes that see the two colours as most alike.
+// The same for the eyes that tell the two colours apart least.
 inline double LeastDistance(Colour a, Colour b) {
     return std::min({Distance(a, b, Eyes::All), Distance(a, b, Eyes::NoRed), Distance(a, b, Eyes::NoGreen)});
 }

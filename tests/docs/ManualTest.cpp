@@ -17,8 +17,8 @@
 #include "plot/binding/FuelFigures.h"
 #include "scaling/DefaultScaling.h"
 #include "tests/docs/Page.h"
+#include "tests/support/FakeViews.h"
 #include "tests/support/TempFolder.h"
-#include "tests/unit/support/FakeViews.h"
 
 namespace plotvane::test {
 namespace {

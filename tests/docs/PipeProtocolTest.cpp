@@ -10,9 +10,9 @@
 #include "model/LoopRun.h"
 #include "tests/docs/Page.h"
 #include "tests/docs/Records.h"
+#include "tests/support/FakePump.h"
+#include "tests/support/ScriptedPipe.h"
 #include "tests/support/TempFolder.h"
-#include "tests/unit/support/FakePump.h"
-#include "tests/unit/support/ScriptedPipe.h"
 #include "tools/sim/HostScript.h"
 
 namespace plotvane::test {

@@ -51,7 +51,7 @@ TEST_P(HeldWrite, FailsWhereTheCopysNameIsTakenByALinkOrAFolder) {
     EXPECT_TRUE(IsOld());
 }
 
-// Left behind by a run that was killed.
+// What a killed run has left.
 TEST_P(HeldWrite, FinishesAnEarlierOneFirst) {
     WriteBytes(File(), m_old.substr(0, 3));
     WriteBytes(Copy(), m_old + MarkOf(m_old));
@@ -107,7 +107,7 @@ protected:
     static constexpr int kSaves = 40;
 
     static std::string TextOf(int program) {
-        return std::string(200 * (program + 1), static_cast<char>('a' + program));
+        return std::string(static_cast<std::size_t>(200 * (program + 1)), static_cast<char>('a' + program));
     }
 
     void SaveAgainAndAgain(int program) const {

@@ -3,7 +3,7 @@
 #include <new>
 
 #include "tests/memory/FailingNew.h"
-#include "tests/windows/plot/chart/ChartFixture.h"
+#include "tests/support/ChartFixture.h"
 
 namespace plotvane::test {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "plot/chart/GridOverlay.h"
 #include "tests/memory/FailingNew.h"
+#include "tests/support/AcquisitionFixture.h"
 #include "tests/support/OpenFile.h"
-#include "tests/unit/support/AcquisitionFixture.h"
 
 // What was begun is not left half done when memory ends: each request for memory fails once, from the first
 // to the last, and after each time it goes on as if nothing had been.

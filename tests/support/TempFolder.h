@@ -9,7 +9,7 @@
 
 namespace plotvane::test {
 
-// An empty folder of the test's own, gone with the object.
+// An empty folder for one test; the destructor deletes it with all that is in it.
 class TempFolder {
 public:
     TempFolder() {

@@ -2,9 +2,10 @@
 // test runs once in each of several such places, in a folder named in the letters of others.
 #include <cstdlib>
 
-#include "tests/system/support/Meters.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Replay.h"
+#include "tests/support/DegreeSign.h"
+#include "tests/support/system/Meters.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {
@@ -54,8 +55,8 @@ TEST_F(CodePage, ALogIsShownAndPlayedByItsOwnNameAndWithPoints) {
     EXPECT_TRUE(
         Becomes([this] { return BytesOf(session.Scaling(kScalingFile)); }, ScalingBytes(3, kUnitRanges)));
     EXPECT_EQ(BytesOf(session.Scaling("Defaults.cfg")),
-              "/min,0,6000,\r\nV,0,20,\r\n\xB0"
-              "C,-10,120,\r\nmg/str,0,1500,\r\n%,-50,150,\r\n"
+              "/min,0,6000,\r\nV,0,20,\r\n" DEGREES_C
+              ",-10,120,\r\nmg/str,0,1500,\r\n%,-50,150,\r\n"
               "km/h,0,250,\r\nmbar,900,2500,\r\nNm,0,400,\r\n\xB0,-50,50,\r\nms,0,30,\r\n");
     EXPECT_TRUE(session.Closes());
 }
@@ -66,8 +67,8 @@ TEST_F(CodePage, NamesUnitsAndLabelsFromTheHostAreThoseOfWindows1252) {
                "001,1,K\xFChlmittel \x80\r\n001,2,Luft,gem\xE4\xDF\r\n");
     StartLive();
     session.Host().SendRecord(RecordOf("M\xDCL 906 \xA9\xB5\x9F",
-                                       "G001,F0,90.5,\xB0"
-                                       "C,G001,F1,12.25,\xB5g/m\xB3,G001,F2,3,k\xA7,G001,F3,4.2,l/h,"));
+                                       "G001,F0,90.5," DEGREES_C
+                                       ",G001,F1,12.25,\xB5g/m\xB3,G001,F2,3,k\xA7,G001,F3,4.2,l/h,"));
     ASSERT_TRUE(session.Shows(3, L"4.2 l/h"));
     EXPECT_EQ(session.ValueText(0),
               L"90.5 \u00B0"
@@ -86,9 +87,7 @@ TEST_F(CodePage, NamesUnitsAndLabelsFromTheHostAreThoseOfWindows1252) {
 
 TEST_F(CodePage, UnitsInThePreferencesAreThoseOfWindows1252) {
     std::filesystem::create_directory(session.Scaling(""));
-    WriteBytes(session.Scaling("Defaults.cfg"),
-               "\xB0"
-               "C,-10,120,\r\nm/s\xB2,0,10,\r\n");
+    WriteBytes(session.Scaling("Defaults.cfg"), DEGREES_C ",-10,120,\r\nm/s\xB2,0,10,\r\n");
     Start();
     main.Post(WM_SYSCOMMAND, ID_SYSMENU_PREFERENCES);
     const RemoteWindow dialog = session.DialogWith(IDC_PREFS_ROW_UNIT);
@@ -100,9 +99,7 @@ TEST_F(CodePage, UnitsInThePreferencesAreThoseOfWindows1252) {
     dialog.Type(IDC_PREFS_ROW_UNIT, L"\u00B5\u20ACm\u00B3");
     dialog.PostClick(IDOK);
     ASSERT_TRUE(Becomes([&] { return dialog.Exists(); }, false));
-    EXPECT_EQ(BytesOf(session.Scaling("Defaults.cfg")),
-              "\xB0"
-              "C,-10,120,\r\n\xB5\x80m\xB3,0,10,\r\n");
+    EXPECT_EQ(BytesOf(session.Scaling("Defaults.cfg")), DEGREES_C ",-10,120,\r\n\xB5\x80m\xB3,0,10,\r\n");
     EXPECT_TRUE(session.Closes());
 }
 

@@ -1,9 +1,9 @@
 // What the run buttons offer while the host sends.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/Records.h"
-#include "tests/system/support/RunButtons.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/RunButtons.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

@@ -2,10 +2,11 @@
 // buttons.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Meters.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/DegreeSign.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Meters.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {
@@ -38,8 +39,7 @@ TEST_F(LiveControls, ALimitThatIsBeingTypedWhenTheWindowClosesIsKept) {
 // Lambda in the first slot, in a group that measures it.
 std::string LambdaRecord(const std::string& lambda, const std::string& unit = "") {
     return RecordOf("038 906 019 FT", "G031,F0," + lambda + "," + unit +
-                                          ",G031,F1,90.0,\xB0"
-                                          "C,G031,F2,50,km/h,G031,F3,4.2,l/h,");
+                                          ",G031,F1,90.0," DEGREES_C ",G031,F2,50,km/h,G031,F3,4.2,l/h,");
 }
 
 class AirFuel : public LiveControls {

@@ -1,6 +1,6 @@
 // Preferences and About left open while the host goes on. The acquisition runs below them on the same stack
 // and stands still on purpose: what the host sends meanwhile waits in the pipe.
-#include "tests/system/support/ProgramState.h"
+#include "tests/support/system/ProgramState.h"
 
 namespace plotvane::test {
 namespace {

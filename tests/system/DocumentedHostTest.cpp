@@ -1,7 +1,7 @@
 // The host that docs/pipe-protocol.md shows to those who write one; the build takes it from the page.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/Session.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

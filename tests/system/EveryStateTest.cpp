@@ -1,5 +1,5 @@
 // People in a hurry: every button and every key that ends something, in every state of the program.
-#include "tests/system/support/ProgramState.h"
+#include "tests/support/system/ProgramState.h"
 
 namespace plotvane::test {
 namespace {
@@ -23,7 +23,7 @@ protected:
         return ids;
     }
 
-    // As a mouse does it, down and up; answers are waited for behind it.
+    // Down and up, as a mouse does; the test waits for the answer afterwards.
     ::testing::AssertionResult PressAndAnswer(int id) {
         main.Control(id).Post(BM_CLICK);
         for (int turn = 0; turn < 3; ++turn) {
@@ -73,7 +73,7 @@ TEST_P(EveryState, EachButtonThatChangesNoRunCanBePressed) {
 }
 
 // Of Stop, Pause and Load log file those that a state offers. What they do is said elsewhere; here nothing
-// may get stuck behind them.
+// may get stuck after them.
 struct OfferedButton {
     int id;
     const char* name;

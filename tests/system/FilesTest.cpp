@@ -3,9 +3,10 @@
 
 #include <set>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/DegreeSign.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {
@@ -86,8 +87,8 @@ TEST(Files, TheFirstRecordOfAModuleMakesItsScalingFileAndTheDefaults) {
     ASSERT_TRUE(session.Shows(3, L"4.2 l/h"));
     EXPECT_EQ(BytesOf(session.Scaling(kScalingFile)), ScalingBytes(3, kUntouchedRanges));
     EXPECT_EQ(BytesOf(session.Scaling("Defaults.cfg")),
-              "/min,0,6000,\r\nV,0,20,\r\n\xB0"
-              "C,-10,120,\r\nmg/str,0,1500,\r\n%,-50,150,\r\n"
+              "/min,0,6000,\r\nV,0,20,\r\n" DEGREES_C
+              ",-10,120,\r\nmg/str,0,1500,\r\n%,-50,150,\r\n"
               "km/h,0,250,\r\nmbar,900,2500,\r\nNm,0,400,\r\n\xB0,-50,50,\r\nms,0,30,\r\n");
 }
 

@@ -1,7 +1,7 @@
 // Working folders of every kind.
-#include "tests/system/support/Records.h"
-#include "tests/system/support/RefusingFolder.h"
-#include "tests/system/support/Replay.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/RefusingFolder.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {

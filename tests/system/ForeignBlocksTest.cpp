@@ -6,9 +6,9 @@
 #include <optional>
 #include <random>
 
-#include "tests/system/support/Feed.h"
-#include "tests/system/support/Prompt.h"
-#include "tests/system/support/RunButtons.h"
+#include "tests/support/system/Feed.h"
+#include "tests/support/system/Prompt.h"
+#include "tests/support/system/RunButtons.h"
 
 namespace plotvane::test {
 namespace {
@@ -29,7 +29,7 @@ int Below(Random& random, int bound) {
     return static_cast<int>(random() % static_cast<unsigned>(bound));
 }
 
-// A drive record with up to four bits turned over, anywhere in its text or behind it.
+// A drive record with up to four bits flipped, anywhere in its text or after it.
 std::string Flipped(Random& random, int number) {
     std::string block = DriveRecord(number);
     block.resize(kBlockBytes, '\0');

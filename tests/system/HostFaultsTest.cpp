@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "tests/system/support/Feed.h"
-#include "tests/system/support/Prompt.h"
-#include "tests/system/support/RunButtons.h"
+#include "tests/support/system/Feed.h"
+#include "tests/support/system/Prompt.h"
+#include "tests/support/system/RunButtons.h"
 
 namespace plotvane::test {
 namespace {

@@ -1,9 +1,9 @@
 // A host that stops, closes, falls silent, breaks off or dies: the window goes on answering.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/Prompt.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/Prompt.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <map>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {
@@ -40,14 +40,14 @@ protected:
     void SetUp() override {
         m_session.Start();
         m_main = m_session.Main();
-        // The start-up decision is behind us: what it shows is shown.
+        // The start-up decision has been made, so the controls that it shows are there.
         ASSERT_TRUE(Becomes([this] { return m_main.IsShown(IDC_LOAD_LOG); }, true));
         m_size = m_main.Size();
     }
 
     RECT Place(int id) const { return PlaceIn(m_main, id); }
     std::map<int, RECT> ControlPlaces() const { return ControlPlacesIn(m_main); }
-    // The chart is made anew by each relayout, so its handle tells them apart.
+    // Each relayout makes a new chart, so the handle tells them apart.
     HWND Chart() const { return m_main.Control(IDC_CHART).Get(); }
     ::testing::AssertionResult RelaysOut(HWND before) const {
         return Becomes(
@@ -168,7 +168,7 @@ TEST(LiveLayout, AResizeWhilePlottingKeepsPlotting) {
             return now != nullptr && now != chart;
         },
         true));
-    // A relayout clears the picture once more with the next sample; from the one after that it draws.
+    // A relayout clears the picture again with the next sample; the one after that is drawn.
     for (const auto& record : {kSecondRecord, kFirstRecord, kFirstRecord}) session.Host().SendRecord(record);
     const ChartOnScreen grown(main);
     const int row = grown.RowOf(780, 0, 6000);

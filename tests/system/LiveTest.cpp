@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

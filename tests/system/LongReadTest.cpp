@@ -4,10 +4,10 @@
 // After it, whose types it needs.
 #include <winioctl.h>
 
-#include "tests/system/support/Handle.h"
-#include "tests/system/support/Prompt.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Replay.h"
+#include "tests/support/system/Handle.h"
+#include "tests/support/system/Prompt.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {
@@ -30,7 +30,7 @@ void Lengthen(const std::filesystem::path& path, std::uintmax_t size) {
 
 class LongRead : public Replay {
 protected:
-    // A file with that beginning, and nothing behind it.
+    // A file with that beginning and nothing more.
     std::filesystem::path WriteWithNothingBehind(const std::filesystem::path& name,
                                                  std::string_view beginning) {
         const auto path = WriteLog(name, beginning);

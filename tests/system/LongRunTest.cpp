@@ -2,11 +2,11 @@
 // scripts/soak.sh is the same for an hour.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Meters.h"
-#include "tests/system/support/Prompt.h"
-#include "tests/system/support/Replay.h"
-#include "tests/system/support/Resources.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Meters.h"
+#include "tests/support/system/Prompt.h"
+#include "tests/support/system/Replay.h"
+#include "tests/support/system/Resources.h"
 
 namespace plotvane::test {
 namespace {

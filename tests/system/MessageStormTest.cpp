@@ -2,8 +2,8 @@
 // does.
 #include <cstdlib>
 
-#include "tests/system/support/MessageStorm.h"
-#include "tests/system/support/ProgramState.h"
+#include "tests/support/system/MessageStorm.h"
+#include "tests/support/system/ProgramState.h"
 
 namespace plotvane::test {
 namespace {

@@ -1,10 +1,10 @@
 // Meters of the fields, opened by a right click and fed by the drive.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Meters.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Meters.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {
@@ -142,8 +142,8 @@ TEST_F(Meters, ANewLimitReachesTheMeterWithTheNextRecord) {
     ASSERT_EQ(OpenMeters(main).size(), 1u);
     const RemoteWindow meter = OpenMeters(main).front();
     session.Host().SendRecord(SpeedRecord(1200));
-    // With other slots in use the first one is selected anew, and with it comes the old limit: the record has
-    // to be through before anything is typed.
+    // With other slots in use the first one is selected again, and with it comes the old limit: the record
+    // has to be through before anything is typed.
     ASSERT_TRUE(session.Shows(0, L"1200 /min"));
     EXPECT_TRUE(Becomes([&] { return SideOfNeedle(meter, kFirstTraceColour); }, -1));
     main.Type(IDC_SCALE_MAX, L"1300");

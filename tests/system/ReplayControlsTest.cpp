@@ -1,5 +1,5 @@
 // The box "Time- Speed", and the fuel buttons that lie below it.
-#include "tests/system/support/Replay.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {
@@ -64,7 +64,7 @@ TEST_F(ReplayControls, AJumpInTimeLeavesAGapInsteadOfALongWait) {
                                        {"1005", kIdle}})));
     EXPECT_TRUE(session.Shows(0, L"1240 /min"));
     EXPECT_TRUE(session.Shows(0, L"780 /min"));
-    // Thirty pixels, and the new trace with its three behind them.
+    // Thirty pixels, then the new trace with its three.
     const ChartOnScreen chart(main);
     const int right = chart.PlotRight();
     EXPECT_TRUE(Becomes([&] { return chart.Rows(right - 2, kFirstTraceColour).empty(); }, false));

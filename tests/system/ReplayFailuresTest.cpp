@@ -1,7 +1,7 @@
 // What a replay says when a file is not what it should be: each message with its text and caption, and what
 // is left afterwards.
-#include "tests/system/support/Handle.h"
-#include "tests/system/support/Replay.h"
+#include "tests/support/system/Handle.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {

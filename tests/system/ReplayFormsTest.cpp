@@ -1,7 +1,8 @@
 // The forms in which the host writes its logs, and what the program shows of each.
 #include <array>
 
-#include "tests/system/support/Replay.h"
+#include "tests/support/DegreeSign.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {
@@ -35,8 +36,7 @@ TEST_F(ReplayForms, ThreeChartRowsOfOneGroupEach) {
                   ",Row A,'001,,,,Row B,'003,,,,Row C,none\n"
                   ",,Speed,Coolant,Flow,Lambda,,Speed,Mass,Mass,Duty,,,,,\n"
                   ",,actual,temp.,,bank 1,,actual,spec.,actual,EGR,,,,,\n"
-                  "mark,time, /min,\xB0"
-                  "C, l/h,,time, /min, mg/str, mg/str, %,time,,,,\n"
+                  "mark,time, /min," DEGREES_C ", l/h,,time, /min, mg/str, mg/str, %,time,,,,\n"
                   "0,0.00,780,90.0,0.9,1.02,0.12,780,240.5,238.0,12.5,,,,,\n"
                   "1,0.05,1240,90.0,4.2,0.98,0.62,1240,310.0,305.5,40.1,,,,,\n"
                   "2,0.10,n/a,91.8,6.5,1.00,3.62,2110,322.5,320.0,38.0,,,,,"));  // no last line end
@@ -82,8 +82,8 @@ TEST_F(ReplayForms, FieldsOfTheUsersChoice) {
                   ",,G001,F0,G001,F1,G001,F3,G003,F0,G003,F2,G000,F0,G000,F0,G000,F0,G000,F0,G000,F0,G000,F0,"
                   "G000,F0,\n"
                   "names 1\nnames 2\nnames 3\n"
-                  "mark,time, /min,time,\xB0"
-                  "C,time, km/h,time, /min,time, mg/str,time,,time,,time,,time,,time,,time,,time,,\n"
+                  "mark,time, /min,time," DEGREES_C
+                  ",time, km/h,time, /min,time, mg/str,time,,time,,time,,time,,time,,time,,time,,\n"
                   "0,0.00,780,0.03,90.0,0.06,0,0.09,780,0.12,240.5,,,,,,,,,,,,,,,\n"
                   "1,0.05,1240,0.53,90.0,0.56,12,0.59,1240,0.62,310.0,,,,,,,,,,,,,,,\n"
                   "2,0.10,2110,3.53,91.8,3.56,31,3.59,2110,3.62,322.5,,,,,,,,,,,,,,,\n"));
@@ -100,8 +100,8 @@ TEST_F(ReplayForms, GenericObdData) {
                   "Friday,20,November,2026,10:15:30\n"
                   "OBD-II,generic data\n"
                   "mark,time,PID- 012,time,PID- 013,time,PID- 005,time,PID- 000\n"
-                  "mark,time,Engine speed (/min),time,Vehicle speed (km/h),time,Coolant (\xB0"
-                  "C),time,none\n"
+                  "mark,time,Engine speed (/min),time,Vehicle speed (km/h),time,Coolant (" DEGREES_C
+                  "),time,none\n"
                   "0,0.00,780,0.05,0,0.10,90,,\n"
                   "1,0.05,1240,0.55,12,0.60,90,,\n"
                   "2,0.10,2110,3.55,31,3.60,91,,\n"));

@@ -1,6 +1,6 @@
 // Numbers are written with a point, whatever the user's system writes.
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Replay.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Replay.h"
 
 namespace plotvane::test {
 namespace {

@@ -1,5 +1,5 @@
 // Load, Stop and Pause from state to state: what the buttons offer, and what they do.
-#include "tests/system/support/Replay.h"
+#include "tests/support/system/Replay.h"
 
 #include <dlgs.h>
 
@@ -68,7 +68,7 @@ TEST_F(ReplayStates, WhileALogPlaysItCanBeStoppedAndHeld) {
 TEST_F(ReplayStates, WhileALogPlaysLoadIsIgnored) {
     PlayUpToTheLongPause();
     main.PostClick(IDC_LOAD_LOG);
-    EXPECT_TRUE(main.Answers(5000ms));  // behind the click
+    EXPECT_TRUE(main.Answers(5000ms));  // after the click
     EXPECT_FALSE(HasDialog());
     EXPECT_TRUE(IsPlaying());
 }

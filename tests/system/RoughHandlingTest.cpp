@@ -1,9 +1,9 @@
 // Every meter open, a window that is pulled about, and copies started over and over.
 #include <random>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Meters.h"
-#include "tests/system/support/ProgramState.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Meters.h"
+#include "tests/support/system/ProgramState.h"
 
 namespace plotvane::test {
 namespace {
@@ -26,7 +26,8 @@ protected:
         }
         ASSERT_EQ(OpenMeters(main).size(), kAllMeters);
     }
-    // Waits until what was posted to the window has been handled: a press that is posted behind it shows.
+    // Waits until what was posted to the window has been handled: the effect of a press that is posted after
+    // it shows that.
     ::testing::AssertionResult HandlesAll() {
         const std::wstring before = main.Text(IDC_SHIFT_LABEL);
         main.PostClick(before.ends_with(L":3") ? IDC_SHIFT_UP : IDC_SHIFT_DOWN);
@@ -182,7 +183,7 @@ TEST_P(FloodOfRequests, OpensOneWindow) {
 INSTANTIATE_TEST_SUITE_P(For, FloodOfRequests, ::testing::ValuesIn(kRequests),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// Presses that were posted behind a close must not start what the close has ended: the program would go on
+// Presses that were posted after a close must not start what the close has ended: the program would go on
 // without a window.
 TEST_F(RoughHandling, PressesBehindACloseKeepNothingAlive) {
     for (const ProgramState state : {ProgramState::LiveRunning, ProgramState::LiveHeld}) {

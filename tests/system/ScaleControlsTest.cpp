@@ -1,9 +1,9 @@
 // The boxes "Vertical scale" and "Horizontal scale", used while a drive is plotted.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

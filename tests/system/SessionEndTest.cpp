@@ -1,8 +1,8 @@
 // The user logs off or shuts the machine down while the program runs: what a close would have saved is saved.
 #include <optional>
 
-#include "tests/system/support/ProgramState.h"
-#include "tests/system/support/Records.h"
+#include "tests/support/system/ProgramState.h"
+#include "tests/support/system/Records.h"
 
 namespace plotvane::test {
 namespace {

@@ -1,9 +1,9 @@
 // The stand-in host and the program together, as run.sh and people use them: a pipe inherited for real.
 #include <gtest/gtest.h>
 
-#include "tests/system/support/Prompt.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
+#include "tests/support/system/Prompt.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

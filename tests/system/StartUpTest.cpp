@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "tests/system/support/Session.h"
+#include "tests/support/system/Session.h"
 
 namespace plotvane::test {
 namespace {

@@ -1,9 +1,9 @@
 // Settings files that cannot be written: what the program says, and what is on the disk afterwards.
 #include "base/WholeCopy.h"
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Records.h"
-#include "tests/system/support/Session.h"
-#include "tests/system/support/WriteFault.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Session.h"
+#include "tests/support/system/WriteFault.h"
 
 namespace plotvane::test {
 namespace {

@@ -21,9 +21,9 @@
 #include <string_view>
 
 #include "res/resource.h"
-#include "tests/system/support/AnswerWatch.h"
-#include "tests/system/support/MainDialog.h"
-#include "tests/system/support/Resources.h"
+#include "tests/support/system/AnswerWatch.h"
+#include "tests/support/system/MainDialog.h"
+#include "tests/support/system/Resources.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "tests/support/DegreeSign.h"
 #include "tests/support/TempFolder.h"
 #include "tools/drives/DriveRecord.h"
 #include "tools/drives/RecordText.h"
@@ -189,9 +190,7 @@ TEST_F(Simulator, SendsTheDocumentedExampleToTheByte) {
     const std::string stream = Received();
     ASSERT_EQ(stream.size(), 0x205u);
     EXPECT_EQ(stream.substr(0, 0x10), "038 906 019 FT,G");
-    EXPECT_EQ(stream.substr(0x2C, 4),
-              ",\xB0"
-              "C,");
+    EXPECT_EQ(stream.substr(0x2C, 4), "," DEGREES_C ",");
     EXPECT_EQ(stream.substr(0x8E, 3), std::string(",,,"));
     EXPECT_EQ(stream.substr(0x91, 0x170), std::string(0x170, '\0'));
     EXPECT_EQ(stream.substr(0x201), "\xFF\xFF\xFE\xFD");
@@ -206,9 +205,7 @@ TEST_F(Simulator, ComplainsAboutAWrongScript) {
 TEST_F(Simulator, PlaysAPlainCsv) {
     test::WriteBytes(m_folder / "d.csv", "t,rpm,coolant_c\n0,780,90.5\n60,790,91\n");
     EXPECT_EQ(Run(L"--seconds 0.1 --csv \"" + WideOf(m_folder / "d.csv") + L"\" --module \"A 1\""), 0);
-    EXPECT_TRUE(
-        Received().starts_with("A 1,G001,F0,780,/min,G001,F1,90.5,\xB0"
-                               "C,G000,,,,"))
+    EXPECT_TRUE(Received().starts_with("A 1,G001,F0,780,/min,G001,F1,90.5," DEGREES_C ",G000,,,,"))
         << Received();
 }
 

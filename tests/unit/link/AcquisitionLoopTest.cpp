@@ -5,7 +5,7 @@
 #include <string>
 
 #include "res/resource.h"
-#include "tests/unit/support/AcquisitionFixture.h"
+#include "tests/support/AcquisitionFixture.h"
 
 namespace plotvane {
 namespace {

@@ -4,8 +4,9 @@
 
 #include <algorithm>
 
-#include "tests/unit/support/FakePump.h"
-#include "tests/unit/support/ScriptedPipe.h"
+#include "tests/support/FakePump.h"
+#include "tests/support/Records.h"
+#include "tests/support/ScriptedPipe.h"
 
 namespace plotvane {
 namespace {

@@ -1,8 +1,8 @@
 #include "link/RunControl.h"
 
 #include "res/resource.h"
+#include "tests/support/AcquisitionFixture.h"
 #include "tests/support/OpenFile.h"
-#include "tests/unit/support/AcquisitionFixture.h"
 
 namespace plotvane {
 namespace {

@@ -190,7 +190,7 @@ TEST_F(LogHeaderTest, MarksAnObdLogAndReadsItsUnits) {
     Open(kObdHeader);
     EXPECT_EQ(m_reader.ModuleName(), "OBD");
     EXPECT_TRUE(m_state.obdFile);
-    ExpectSlot(0, 0, 0, "/min");  // groups 0 and 1 stand in until the first row
+    ExpectSlot(0, 0, 0, "/min");  // groups 0 and 1 until the first row
     ExpectSlot(1, -1, 0, "km/h");
     ExpectSlot(2, -1, 0, DEGREES_C);
     ExpectSlot(3, -1, 0, "");
@@ -217,7 +217,7 @@ TEST_F(LogHeaderTest, FindsTheUnitsOfAnObdLogInWhateverLines) {
           "names\nPID- 012,PID- 013\nPID- 005,PID- 017\nnames\n,A (a),B (b)\n,C (c),D (d)\n",
           "-\n012-\n013-,005- 017 (not yet)\n\n)(a)((b)(c))(d)\n"}) {
         Open(FIRST_LINE "OBD\n" + std::string(head), "0,0.00,1,0.05,2,0.10,3,0.15,4\n");
-        const std::string second = head.starts_with("-\n") ? "(b" : "b";  // a "(" may stand in a unit
+        const std::string second = head.starts_with("-\n") ? "(b" : "b";  // a unit may hold a "("
         EXPECT_EQ(NextRecord(),
                   "OBD.LBL,G012,F0,1,a,G013,F0,2," + second + ",G005,F0,3,c,G017,F0,4,d," + test::Empty(8));
     }

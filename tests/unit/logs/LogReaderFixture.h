@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "logs/LogReader.h"
+#include "tests/support/LogSamples.h"
+#include "tests/support/Records.h"
 #include "tests/support/TempFolder.h"
-#include "tests/unit/logs/LogSamples.h"
 
 namespace plotvane::test {
 

@@ -108,7 +108,7 @@ TEST_F(LogReaderTest, ReadsAnObdLogWhoseHeadGoesOverMoreLines) {
     EXPECT_EQ(Next(), LogRow::Ended);
 }
 
-// By the letter of the format the rows begin behind the last unit.
+// By the letter of the format the rows begin after the last unit.
 TEST_F(LogReaderTest, ReadsTheFirstRowOfAnObdLogFromTheLineOfTheUnits) {
     Open(FIRST_LINE "OBD\n- 012- 000- 000- 000\n(/min),0.5,780\n", "1,0.75,790\n");
     EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11));

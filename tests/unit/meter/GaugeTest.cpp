@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "tests/support/DegreeSign.h"
+
 namespace plotvane {
 namespace {
 
@@ -236,21 +238,13 @@ TEST(Gauge, SwapsFaceAndTicksAndForgetsTheChosenColours) {
 TEST(Gauge, WritesValueAndPeakWithTheirUnit) {
     Gauge gauge;
     gauge.SetValueDecimals(1);
-    gauge.SetUnits(
-        "\xB0"
-        "C");
+    gauge.SetUnits(DEGREES_C);
     gauge.SetValue(50);
-    EXPECT_EQ(ValueText(gauge),
-              "50.0 \xB0"
-              "C");
-    EXPECT_EQ(PeakText(gauge),
-              "peak: 50.0 \xB0"
-              "C");
+    EXPECT_EQ(ValueText(gauge), "50.0 " DEGREES_C);
+    EXPECT_EQ(PeakText(gauge), "peak: 50.0 " DEGREES_C);
     gauge.SetValueDecimals(0);
     gauge.SetValue(1234.6);
-    EXPECT_EQ(ValueText(gauge),
-              "1235 \xB0"
-              "C");
+    EXPECT_EQ(ValueText(gauge), "1235 " DEGREES_C);
 }
 
 TEST(Gauge, WritesTheEndsOfTheScaleAsWholeNumbersWhenTold) {

@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kEngine = "038-906-019-FT.SCL";
 constexpr const char* kObd = "OBD.SCL";
 
-// A file as the program writes it: first line, then each group 1..255 with the same numbers behind it.
+// A file as the program writes it: first line, then each group 1..255 with the same numbers.
 std::string FileOf(int pixelShift, const std::string& numbers) {
     std::string text = std::to_string(pixelShift) + ",\r\n";
     for (int group = 1; group <= 255; ++group) text += std::to_string(group) + "," + numbers + "\r\n";
@@ -322,7 +322,7 @@ TEST_F(ModuleScalingTest, AFileThatCanBeNeitherReadNorCreatedFails) {
     EXPECT_FALSE(m_module.IsLoadedWhole());
     ExpectRange(1, 0, 1, 2);  // kept
     EXPECT_EQ(m_state.pixelShift, 9);
-    // Current all the same, and not tried again until the next start of the loop.
+    // It still counts as loaded, and is not tried again until the next start of the loop.
     EXPECT_EQ(m_module.LoadedName(), "folder.SCL");
     EXPECT_EQ(m_module.LoadModuleScaling("folder.SCL"), ModuleLoad::AlreadyLoaded);
     EXPECT_FALSE(m_module.IsLoadedWhole());
@@ -346,7 +346,7 @@ TEST_F(ModuleScalingTest, AFileThatCannotBeOpenedNowIsNotReplacedByANewOne) {
 TEST_F(ModuleScalingTest, FailsWhereTheScalingFolderCannotBeMade) {
     test::WriteBytes(m_scaling, "a file in the folder's place");
     EXPECT_EQ(m_module.LoadModuleScaling(kEngine), ModuleLoad::Failed);
-    EXPECT_EQ(m_defaults.LastIndex(), 9);  // the built-in table serves all the same
+    EXPECT_EQ(m_defaults.LastIndex(), 9);  // the built-in table is used instead
     ExpectRange(1, 0, 0, 100);
 }
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/FakeViews.h"
 #include "tests/support/TempFolder.h"
-#include "tests/unit/support/FakeViews.h"
 
 namespace plotvane::test {
 namespace {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "framework/Text.h"
+#include "tests/support/DegreeSign.h"
 #include "tests/windows/app/MainDialogFixture.h"
 #include "tests/windows/framework/TestWnd.h"
 
@@ -109,10 +110,7 @@ protected:
 };
 
 TEST_F(ValueBoxTest, LooksAsAPlainEditDoes) {
-    for (const char* text : {"780 l/h", "12.5 V",
-                             "-7 \xB0"
-                             "C",
-                             "98.4 %", "0", "1.013e+06 Pascals", ""}) {
+    for (const char* text : {"780 l/h", "12.5 V", "-7 " DEGREES_C, "98.4 %", "0", "1.013e+06 Pascals", ""}) {
         ShowBoth(text);
         ExpectTheSamePixels(text);
         EXPECT_EQ(InkIn(edit).pixels > 0, *text != 0) << text;
@@ -230,10 +228,7 @@ TEST_F(ValueBoxTest, TakesOverTheTextThatTheEditHas) {
 }
 
 TEST_F(ValueBoxTest, ItsTextIsWhatItShows) {
-    for (const char* text : {"780 l/h",
-                             "-7 \xB0"
-                             "C",
-                             ""}) {
+    for (const char* text : {"780 l/h", "-7 " DEGREES_C, ""}) {
         box.Show(text);
         EXPECT_EQ(::SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0),
                   static_cast<LRESULT>(std::string(text).size()));

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "tests/support/DegreeSign.h"
 #include "tests/windows/framework/TestWnd.h"
 #include "tests/windows/support/test_dialogs.h"
 
@@ -56,16 +57,12 @@ TEST(Dialog, FillsItsControlsFromTheMembers) {
         ticked = self.IsDlgButtonChecked(IDC_TEST_CHECK);
         self.EndDialog(7);
     }};
-    dialog.text =
-        "21 \xB0"
-        "C";
+    dialog.text = "21 " DEGREES_C;
     dialog.checked = 1;
 
     EXPECT_EQ(dialog.DoModal(), 7);
 
-    EXPECT_EQ(shown,
-              "21 \xB0"
-              "C");
+    EXPECT_EQ(shown, "21 " DEGREES_C);
     EXPECT_TRUE(ticked);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
 }

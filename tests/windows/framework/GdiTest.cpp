@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "tests/windows/support/Canvas.h"
+#include "tests/support/Canvas.h"
 
 namespace {
 

@@ -59,7 +59,7 @@ TEST(Paint, AnExceptionWhilePaintingEndsThePainting) {
     EXPECT_GT(wnd.paints, 0);
 }
 
-// Without an end this test would never come back: an update region left behind brings WM_PAINT for ever.
+// If the end were missing, this test would never return: as long as an update region is left, WM_PAINT comes.
 TEST(Paint, AnExceptionBeforePaintingDoesNotBringThePaintingBack) {
     PaintedWnd wnd;
     wnd.paint = [](HWND) { throw std::runtime_error("before painting"); };

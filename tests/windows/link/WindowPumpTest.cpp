@@ -10,7 +10,7 @@
 namespace plotvane {
 namespace {
 
-constexpr int kLongMs = 60'000;  // nobody waits for its end here
+constexpr int kLongMs = 60'000;  // no test here waits for its end
 constexpr UINT kMessage = WM_APP + 1;
 
 class Listener : public CWnd {
@@ -98,7 +98,7 @@ TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
     EXPECT_EQ(window.heard, 3);
 }
 
-// A window that asks for a message behind each one, or another program that floods this one.
+// A window that posts a message for each that it gets, or another program that floods this one.
 TEST_F(WindowPumpTest, MessagesWithoutAnEndDoNotHoldTheDataUp) {
     constexpr int kMany = 10'000'000;
     window.onMessage = [this] {

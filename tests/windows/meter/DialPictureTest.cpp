@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/windows/support/Canvas.h"
+#include "tests/support/Canvas.h"
 
 namespace plotvane {
 namespace {

@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-#include "tests/windows/support/Canvas.h"
+#include "tests/support/Canvas.h"
 
 namespace plotvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/windows/support/Canvas.h"
+#include "tests/support/Canvas.h"
 
 namespace plotvane {
 namespace {

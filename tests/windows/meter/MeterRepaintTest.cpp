@@ -7,6 +7,7 @@
 
 #include "framework/Gdi.h"
 #include "meter/MeterWnd.h"
+#include "tests/support/DegreeSign.h"
 #include "tests/windows/meter/TestMeter.h"
 
 namespace plotvane {
@@ -147,16 +148,8 @@ TEST(MeterRepaint, MakesANewDialForEveryColourAndForWholeLabels) {
 TEST(MeterRepaint, SetsItsTitleWithoutPainting) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
-    EXPECT_EQ(RepaintAfter(meter,
-                           [&] {
-                               meter.SetTitle(
-                                   " Temperature \xB0"
-                                   "C");
-                           }),
-              Repaint::Nothing);
-    EXPECT_EQ(meter.GetWindowText(),
-              " Temperature \xB0"
-              "C");
+    EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetTitle(" Temperature " DEGREES_C); }), Repaint::Nothing);
+    EXPECT_EQ(meter.GetWindowText(), " Temperature " DEGREES_C);
 }
 
 TEST(MeterRepaint, MakesANewDialWhenItIsResized) {

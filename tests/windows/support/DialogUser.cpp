@@ -174,7 +174,7 @@ bool DialogUser::SeesBox(const Box& expected) const {
 }
 
 bool DialogUser::IsAtRest() const {
-    // The marker comes behind all that was posted before it. If a box is up by then it was taken by the loop
+    // The marker comes after all that was posted before it. If a box is up by then it was taken by the loop
     // of that box, which keeps the dialog disabled.
     const int before = g_markerCount;
     ::PostMessageW(m_dialog, kMarker, 0, 0);

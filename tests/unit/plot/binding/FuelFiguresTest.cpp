@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit/support/FakeViews.h"
+#include "tests/support/FakeViews.h"
 
 namespace plotvane {
 namespace {

@@ -1,6 +1,6 @@
 #include "plot/binding/ReplayPacing.h"
 
-#include "tests/unit/support/PlotFixture.h"
+#include "tests/support/PlotFixture.h"
 
 namespace plotvane {
 namespace {

@@ -6,6 +6,8 @@
 #include <array>
 #include <string>
 
+#include "tests/support/DegreeSign.h"
+
 namespace plotvane {
 namespace {
 
@@ -54,22 +56,15 @@ TEST_F(ChartLabelsTest, NothingIsWrittenBeforeTheFirstRecord) {
 
 TEST_F(ChartLabelsTest, LimitsAreElevenPixelsApart) {
     Assign(0, "/min");
-    Assign(1,
-           "\xB0"
-           "C");
+    Assign(1, DEGREES_C);
     Assign(2, "km/h");
     Assign(3, "l/h");
     SetRange(0, 0, 6000);
     SetRange(1, -10, 120);
     SetRange(2, 0, 250);
-    EXPECT_THAT(Labels(), ElementsAre(Maximum("6000 /min", 1, 5),
-                                      Maximum("120 \xB0"
-                                              "C",
-                                              2, 16),
+    EXPECT_THAT(Labels(), ElementsAre(Maximum("6000 /min", 1, 5), Maximum("120 " DEGREES_C, 2, 16),
                                       Maximum("250 km/h", 3, 27), Maximum("100 l/h", 4, 38),
-                                      Minimum("-10 \xB0"
-                                              "C",
-                                              2, 301)));
+                                      Minimum("-10 " DEGREES_C, 2, 301)));
 }
 
 TEST_F(ChartLabelsTest, MinimaStackUpwards) {

@@ -2,20 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/DegreeSign.h"
+
 namespace plotvane {
 namespace {
 
 TEST(RecordText, WritesFieldsAndEmptySlots) {
     RecordText record("038 906 019 FT");
     record.AddField(1, 0, "780", "/min");
-    record.AddField(31, 3, "90.0",
-                    "\xB0"
-                    "C");
+    record.AddField(31, 3, "90.0", DEGREES_C);
     record.AddEmptySlot();
     record.AddField(120, 9, "1.02", "");
     EXPECT_EQ(record.Text(),
-              "038 906 019 FT,G001,F0,780,/min,G031,F3,90.0,\xB0"
-              "C,G000,,,,G120,F9,1.02,,");
+              "038 906 019 FT,G001,F0,780,/min,G031,F3,90.0," DEGREES_C ",G000,,,,G120,F9,1.02,,");
 }
 
 TEST(RecordText, WritesObdFields) {

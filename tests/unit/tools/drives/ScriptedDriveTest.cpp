@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tests/support/DegreeSign.h"
 #include "tools/drives/DriveRecord.h"
 #include "tools/drives/RecordText.h"
 
@@ -35,9 +36,7 @@ protected:
     const ScriptedDrive m_drive;
     const int m_rpm = SlotWith(m_drive, "/min");
     const int m_speed = SlotWith(m_drive, "km/h");
-    const int m_coolant = SlotWith(m_drive,
-                                   "\xB0"
-                                   "C");
+    const int m_coolant = SlotWith(m_drive, DEGREES_C);
     const int m_fuel = SlotWith(m_drive, "l/h");
     const int m_lambda = SlotWith(m_drive, "");
 };
@@ -51,17 +50,8 @@ TEST_F(ScriptedDriveTest, FillsThreeGroupsAndHasEveryUnit) {
         units.insert(channel.unit);
     }
     EXPECT_EQ(groups.size(), 3u);
-    const std::set<std::string> wanted = {"/min",
-                                          "km/h",
-                                          "\xB0"
-                                          "C",
-                                          "V",
-                                          "mg/str",
-                                          "%",
-                                          "mbar",
-                                          "\xB0",
-                                          "l/h",
-                                          ""};
+    const std::set<std::string> wanted = {"/min", "km/h", DEGREES_C, "V",   "mg/str",
+                                          "%",    "mbar", "\xB0",    "l/h", ""};
     EXPECT_EQ(units, wanted);
 }
 

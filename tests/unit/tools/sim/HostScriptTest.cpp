@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/DegreeSign.h"
 #include "tests/support/TempFolder.h"
 #include "tests/unit/tools/sim/ScriptedLink.h"
 
@@ -37,14 +38,9 @@ private:
 };
 
 TEST_F(HostScriptTest, RecordIsABlock) {
-    const std::string block = BytesOf(
-        "record M,G001,F0,90,\xB0"
-        "C,");
+    const std::string block = BytesOf("record M,G001,F0,90," DEGREES_C ",");
     EXPECT_EQ(block.size(), 513u);
-    EXPECT_EQ(block,
-              "M,G001,F0,90,\xB0"
-              "C," +
-                  std::string(497, '\0'));
+    EXPECT_EQ(block, "M,G001,F0,90," DEGREES_C "," + std::string(497, '\0'));
 }
 
 TEST_F(HostScriptTest, RecordTakesAnyByteAsAnEscape) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "tests/windows/plot/chart/ChartFixture.h"
+#include "tests/support/ChartFixture.h"
 
 namespace plotvane::test {
 namespace {

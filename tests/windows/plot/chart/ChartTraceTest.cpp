@@ -4,7 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "tests/windows/plot/chart/ChartFixture.h"
+#include "tests/support/ChartFixture.h"
 
 namespace plotvane::test {
 namespace {

@@ -8,8 +8,8 @@
 #include <tuple>
 #include <utility>
 
-#include "tests/windows/plot/chart/BareChart.h"
-#include "tests/windows/plot/chart/ChartFixture.h"
+#include "tests/support/BareChart.h"
+#include "tests/support/ChartFixture.h"
 
 namespace plotvane::test {
 namespace {
@@ -38,7 +38,7 @@ TEST_F(MultiPlotCtrl, CreationFailureIsAnswered) {
     EXPECT_EQ(shown.At(5, 5), kUntouched);
 }
 
-// Bits of trace and grid mix wherever both have one.
+// Where trace and grid meet, their bits mix.
 TEST_F(MultiPlotCtrl, TracesAreOredOverTheGrid) {
     chart.SetBackgroundColor(0x402000);
     chart.SetGridColor(0x008040);

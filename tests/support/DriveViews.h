@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "meter/Gauge.h"
+#include "model/RunState.h"
+#include "plot/binding/MeterBoard.h"
+#include "plot/chart/ChartGeometry.h"
+#include "plot/chart/PlotTrace.h"
+#include "plot/chart/TraceChart.h"
+#include "scaling/Prefs.h"
+
+namespace plotvane::test {
+
+// The chart down to its lines and labels, without pixels: everything that is computed for a sample is, and
+// looked at.
+class LineChart : public TraceChart {
+public:
+    LineChart(const Prefs& prefs, const RunState& state, const SlotTable& slots);
+
+    void SetRange(double lower, double upper, int trace) override;
+    Colour GetTraceColor(int trace) const override;
+    void AppendPoints(const TraceValues& values) override;
+    void AppendGap(const TraceValues& values) override;
+    void InvalidateCtrl() override;
+    void SetRedraw(bool on) noexcept override { m_redraw = on; }
+
+    // Called with each sample before it is drawn.
+    std::function<void(const TraceValues&)> onSample;
+
+private:
+    void TakeValues(const TraceValues& values);
+
+    const Prefs& m_prefs;
+    const RunState& m_state;
+    const SlotTable& m_slots;
+    ChartGeometry m_geometry{620, 310};
+    std::array<PlotTrace, kTraceCount> m_traces;
+    bool m_redraw = true;
+};
+
+// Every meter open, down to the needle's angle and the texts.
+class OpenMeters : public MeterBoard {
+public:
+    void SetSlotValue(int slot, double value) override { Show(m_slots.at(At(slot)), value); }
+    void SetSlotRange(int slot, double minimum, double maximum) override;
+    void SetSlotUnits(int slot, std::string_view units) override { m_slots.at(At(slot)).SetUnits(units); }
+    void SetObdValue(int field, double value) override { Show(m_obd.at(At(field)), value); }
+    void SetFuelValue(Fuel meter, double value) override { Show(Of(meter), value); }
+    void SetFuelScale(Fuel meter, std::string_view units, double maximum, int decimals) override;
+    void CloseFuelMeters() override;
+
+private:
+    static std::size_t At(int index) { return static_cast<std::size_t>(index); }
+    void Show(Gauge& gauge, double value);
+    Gauge& Of(Fuel meter) { return meter == Fuel::Mileage ? *m_mileage : *m_consumption; }
+
+    std::array<Gauge, kSlotCount> m_slots;
+    std::array<Gauge, kObdFieldCount> m_obd;
+    std::optional<Gauge> m_mileage{std::in_place};
+    std::optional<Gauge> m_consumption{std::in_place};
+    std::string m_text;  // kept for its memory
+};
+
+}  // namespace plotvane::test

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "tests/support/system/AnswerWatch.h"
+#include "tests/support/system/Session.h"
+
+namespace plotvane::test {
+
+// Ends the watch. Success if all its answers came in time; the failure message says how late they were.
+::testing::AssertionResult AnsweredPromptly(AnswerWatch& watch);
+
+// Success if the window answers in time for as long as `during`.
+::testing::AssertionResult KeepsAnswering(const RemoteWindow& window,
+                                          std::chrono::milliseconds during = std::chrono::seconds(1));
+
+// Success if the program, which has just been asked to close, ends within a second and with exit code 0. On a
+// busy machine the second is longer, as the limit for answers is.
+::testing::AssertionResult EndsPromptly(const Session& session);
+
+// The same, after closing the main window.
+::testing::AssertionResult ClosesPromptly(const Session& session);
+
+}  // namespace plotvane::test
