@@ -328,6 +328,9 @@ TEST_F(ModuleScalingTest, AFileThatCanBeNeitherReadNorCreatedFails) {
     EXPECT_FALSE(m_module.IsLoadedWhole());
     m_module.ForgetLoadedName();
     EXPECT_EQ(m_module.LoadModuleScaling("folder.SCL"), ModuleLoad::Failed);
+    EXPECT_EQ(m_module.LoadModuleScaling(kEngine), ModuleLoad::Loaded);
+    EXPECT_EQ(m_module.LoadModuleScaling("../unsafe.SCL"), ModuleLoad::Failed);
+    EXPECT_FALSE(m_module.IsLoadedWhole());
 }
 
 #ifdef _WIN32

@@ -52,6 +52,15 @@ TEST(FarLine, ALineThatIsNotFarStaysAsItIs) {
         EXPECT_EQ(ShortenFarLine(line, kTop, kBottom), line);
 }
 
+TEST(FarLine, IsFarFromTwiceTheRowsForEachColumnOn) {
+    constexpr PixelPoint kFrom{606, -1000};
+    constexpr int kMost = 2 * kRows * 3;  // in three columns
+    const PixelLine near{kFrom, {609, kFrom.y + kMost}};
+    EXPECT_EQ(ShortenFarLine(near, kTop, kBottom), near);
+    const PixelLine far{kFrom, {609, kFrom.y + kMost + 1}};
+    EXPECT_NE(ShortenFarLine(far, kTop, kBottom), far);
+}
+
 TEST(FarLine, AnEndInsideStaysAndTheLineGoesOnTheSameWay) {
     EXPECT_EQ(ShortenFarLine({{606, 150}, {609, -1'000'000}}, kTop, kBottom),
               (PixelLine{{606, 150}, {607, 150 - 2 * kRows}}));
