@@ -1,8 +1,5 @@
 #include "link/WindowPump.h"
 
-// timeapi.h wants a type that only the multimedia header declares.
-#include <mmsystem.h>
-
 namespace plotvane {
 namespace {
 
@@ -17,14 +14,7 @@ double MsPerCount() {
 
 }  // namespace
 
-// Without the finer timer a wait of one millisecond may last sixteen.
-WindowPump::WindowPump(RunState& state) : m_state(state), m_msPerCount(MsPerCount()) {
-    ::timeBeginPeriod(1);
-}
-
-WindowPump::~WindowPump() {
-    ::timeEndPeriod(1);
-}
+WindowPump::WindowPump(RunState& state) : m_state(state), m_msPerCount(MsPerCount()) {}
 
 double WindowPump::NowMs() {
     LARGE_INTEGER count;
@@ -34,6 +24,7 @@ double WindowPump::NowMs() {
 
 void WindowPump::SleepAndDispatch(int ms) {
     if (ms > 0) {
+        if (!m_timer) m_timer.emplace();
         // By itself the wait would sleep on over a message that somebody has seen and left in the queue.
         ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }

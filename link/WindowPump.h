@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <optional>
+
+#include "link/FineTimer.h"
 #include "model/MessagePump.h"
 #include "model/RunState.h"
 
@@ -14,7 +17,6 @@ namespace plotvane {
 class WindowPump : public MessagePump {
 public:
     explicit WindowPump(RunState& state);
-    ~WindowPump() override;
     WindowPump(const WindowPump&) = delete;
     WindowPump& operator=(const WindowPump&) = delete;
 
@@ -30,6 +32,7 @@ private:
     RunState& m_state;
     HWND m_dialog = nullptr;
     double m_msPerCount;
+    std::optional<FineTimer> m_timer;  // from the first wait on: the start is no place to load a library
 };
 
 }  // namespace plotvane
