@@ -61,7 +61,7 @@ void Session::StartThroughDocumentedHost() {
 }
 
 void Session::Launch(std::vector<BYTE> descriptors) {
-    const std::wstring program = (ProgramFolder() / "plotvane.exe").wstring();
+    const std::wstring program = (m_programFolder / "plotvane.exe").wstring();
     m_process = std::make_unique<ChildProcess>(L'"' + program + L'"', Folder(), std::move(descriptors));
 }
 

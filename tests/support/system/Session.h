@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "res/resource.h"
@@ -21,6 +22,9 @@ class Session {
 public:
     // `below` is a folder under the one of the session's own, or a whole path; it is made if it is missing.
     explicit Session(const std::filesystem::path& below = {});
+
+    // The program as it lies in that folder, instead of the one beside the tests.
+    void RunFrom(std::filesystem::path programFolder) { m_programFolder = std::move(programFolder); }
 
     // Without a host the program offers logs to replay; with one it plots live.
     void Start();
@@ -71,6 +75,7 @@ private:
 
     TempFolder m_folder;
     const std::filesystem::path m_workingFolder;
+    std::filesystem::path m_programFolder = ProgramFolder();
     std::unique_ptr<PipeHost> m_host;
     std::unique_ptr<ChildProcess> m_process;
     bool m_throughHost = false;  // the process is a host, and the program another one

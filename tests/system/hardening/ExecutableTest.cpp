@@ -1,0 +1,93 @@
+// What the finished program says of itself to Windows, and what compiler and linker have built into it.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstring>
+
+#include "tests/support/system/ChildProcess.h"
+#include "tests/support/system/Executable.h"
+#include "tests/support/system/KnownLibraries.h"
+
+namespace plotvane::test {
+namespace {
+
+const Executable& Program() {
+    static const Executable program(ProgramFolder() / "plotvane.exe");
+    return program;
+}
+
+TEST(Executable, IsLoadedAtAnotherAddressInEachRunAnywhereIn64Bits) {
+    EXPECT_TRUE(Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
+    EXPECT_TRUE(Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA);
+    EXPECT_TRUE(Program().FileFlags() & IMAGE_FILE_LARGE_ADDRESS_AWARE);
+    // Without these Windows would have to leave it where it was linked for.
+    EXPECT_FALSE(Program().FileFlags() & IMAGE_FILE_RELOCS_STRIPPED);
+    EXPECT_GT(Program().SizeOfDirectory(IMAGE_DIRECTORY_ENTRY_BASERELOC), 0u);
+}
+
+TEST(Executable, HasNothingThatCanBeBothWrittenAndRun) {
+    EXPECT_TRUE(Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
+    constexpr DWORD kBoth = IMAGE_SCN_MEM_WRITE | IMAGE_SCN_MEM_EXECUTE;
+    for (const Executable::Section& section : Program().Sections()) {
+        EXPECT_NE(section.flags & kBoth, kBoth) << section.name;
+    }
+}
+
+TEST(Executable, NeedsNoShimsOnATerminalServer) {
+    EXPECT_TRUE(Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_TERMINAL_SERVER_AWARE);
+}
+
+TEST(Executable, GuardsItsCallsWhereTheCompilerCan) {
+#ifdef PLOTVANE_GUARDED_CALLS
+    constexpr bool kGuarded = true;
+#else
+    constexpr bool kGuarded = false;
+#endif
+    EXPECT_EQ((Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_GUARD_CF) != 0, kGuarded);
+}
+
+// Every other library Windows would look for beside the program first.
+TEST(Executable, ImportsOnlyWhatWindowsTakesFromItsOwnFolder) {
+    const std::set<std::string> imports = Program().Imports();
+    EXPECT_TRUE(imports.contains("kernel32.dll"));
+    for (const std::string& library : imports) {
+        EXPECT_TRUE(library == kCommonControls || KnownLibraries().contains(library)) << library;
+    }
+    EXPECT_EQ(Program().SizeOfDirectory(IMAGE_DIRECTORY_ENTRY_DELAY_IMPORT), 0u);
+    EXPECT_EQ(Program().SizeOfDirectory(IMAGE_DIRECTORY_ENTRY_BOUND_IMPORT), 0u);
+}
+
+// Which comes from the store of libraries side by side, because the manifest says which one it is.
+TEST(Executable, NamesTheCommonControlsInItsManifest) {
+    EXPECT_TRUE(Program().Imports().contains(kCommonControls));
+    EXPECT_TRUE(Program().Contains("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""));
+    EXPECT_TRUE(Program().Contains("publicKeyToken=\"6595b64144ccf1df\""));
+}
+
+// Where a check of the stack has failed: mov ecx, 2; int 29h.
+constexpr std::string_view kEndOfOverrun("\xB9\x02\x00\x00\x00\xCD\x29", 7);
+
+// The calls and jumps, by a distance of 32 bits, to an offset in a run of code.
+int CountCalls(std::string_view code, std::size_t to) {
+    int calls = 0;
+    for (std::size_t at = 0; at + 5 <= code.size(); ++at) {
+        if (code[at] != '\xE8' && code[at] != '\xE9') continue;
+        std::int32_t distance = 0;
+        std::memcpy(&distance, code.data() + at + 1, sizeof distance);
+        if (static_cast<std::int64_t>(at) + 5 + distance == static_cast<std::int64_t>(to)) ++calls;
+    }
+    return calls;
+}
+
+TEST(Executable, ChecksItsStackInHundredsOfFunctions) {
+    const std::string_view code = Program().BytesOf(".text");
+    int calls = 0;
+    for (std::size_t at = code.find(kEndOfOverrun); at != std::string_view::npos;
+         at = code.find(kEndOfOverrun, at + 1)) {
+        calls += CountCalls(code, at);
+    }
+    EXPECT_GT(calls, 100);
+}
+
+}  // namespace
+}  // namespace plotvane::test

@@ -1,0 +1,131 @@
+// Somebody has put libraries of Windows' own names beside the program and in its working folder, such as a
+// folder of logs that came by mail. None of them may ever be loaded.
+#include <algorithm>
+
+#include "tests/support/system/KnownLibraries.h"
+#include "tests/support/system/Meters.h"
+#include "tests/support/system/Records.h"
+#include "tests/support/system/Replay.h"
+
+namespace plotvane::test {
+namespace {
+
+constexpr WPARAM kPreferencesCommand = 16;
+
+// Every library of the system but those that Windows guards itself, which other systems may not.
+const std::set<std::string>& NamesToPlant() {
+    static const std::set<std::string> names = [] {
+        std::set<std::string> libraries = SystemLibraries();
+        for (const std::string& guarded : GuardedLibraries()) libraries.erase(guarded);
+        libraries.insert(kCommonControls);
+        return libraries;
+    }();
+    return names;
+}
+
+// Wine takes its own libraries in place of any others of the same names, unless it is told that the program
+// has come with better ones. For as long as the object lives, it is told so. Elsewhere this means nothing.
+class ForeignLibrariesFirst {
+public:
+    explicit ForeignLibrariesFirst(const std::set<std::string>& names) {
+        constexpr char kOrder[] = "native,builtin";
+        for (const std::string& name : names) {
+            const std::string value = name.ends_with(".dll") ? name.substr(0, name.size() - 4) : name;
+            ::RegSetKeyValueA(HKEY_CURRENT_USER, kKey, value.c_str(), REG_SZ, kOrder, sizeof kOrder);
+        }
+    }
+    ~ForeignLibrariesFirst() { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
+    ForeignLibrariesFirst(const ForeignLibrariesFirst&) = delete;
+    ForeignLibrariesFirst& operator=(const ForeignLibrariesFirst&) = delete;
+
+private:
+    static constexpr const char* kKey = "Software\\Wine\\AppDefaults\\plotvane.exe\\DllOverrides";
+};
+
+std::vector<std::string> MarksIn(const std::filesystem::path& folder) {
+    std::vector<std::string> marks;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".loaded") marks.push_back(entry.path().filename().string());
+    }
+    return marks;
+}
+
+// A folder in which a library of every name lies.
+class PlantedFolder {
+public:
+    PlantedFolder() {
+        const std::string library = BytesOf(ProgramFolder() / "planted.dll");
+        for (const std::string& name : NamesToPlant()) WriteBytes(m_folder / name, library);
+    }
+    const std::filesystem::path& Path() const { return m_folder.Path(); }
+
+private:
+    TempFolder m_folder;
+};
+
+class PlantedLibraries : public Replay {
+protected:
+    PlantedLibraries() : Replay(s_folders->working.Path()) { session.RunFrom(s_folders->program.Path()); }
+
+    static void SetUpTestSuite() {
+        s_folders = std::make_unique<Folders>();
+        std::filesystem::copy_file(ProgramFolder() / "plotvane.exe",
+                                   s_folders->program.Path() / "plotvane.exe");
+    }
+    static void TearDownTestSuite() { s_folders.reset(); }
+
+    void ExpectNoneLoaded() const {
+        EXPECT_EQ(MarksIn(s_folders->program.Path()), std::vector<std::string>());
+        EXPECT_EQ(MarksIn(s_folders->working.Path()), std::vector<std::string>());
+    }
+    // Through the system menu, and away again.
+    void OpenAndCancelPreferences() {
+        main.Post(WM_SYSCOMMAND, kPreferencesCommand);
+        const RemoteWindow preferences = session.DialogWith(IDC_PREFS_TRACE_LIST);
+        preferences.PostClick(IDCANCEL);
+        EXPECT_TRUE(Becomes([&] { return preferences.Exists(); }, false));
+    }
+
+private:
+    struct Folders {
+        PlantedFolder program;
+        PlantedFolder working;
+        ForeignLibrariesFirst order{NamesToPlant()};
+    };
+    static inline std::unique_ptr<Folders> s_folders;
+};
+
+TEST(APlantedLibrary, LeavesAMarkWhereItIsLoaded) {
+    const TempFolder folder;
+    std::filesystem::copy_file(ProgramFolder() / "planted.dll", folder / "stranger.dll");
+    const HMODULE loaded = ::LoadLibraryW((folder / "stranger.dll").c_str());
+    ASSERT_TRUE(loaded);
+    ::FreeLibrary(loaded);
+    EXPECT_EQ(MarksIn(folder.Path()), std::vector<std::string>{"stranger.dll.loaded"});
+    EXPECT_TRUE(NamesToPlant().contains("winmm.dll"));
+    EXPECT_GT(NamesToPlant().size(), 100u);
+}
+
+TEST_F(PlantedLibraries, AreNotLoadedWhileAHostSends) {
+    session.StartWithHost();
+    main = session.Main();
+    session.Host().SendRecord(kFirstRecord);
+    ASSERT_TRUE(session.Shows(0, L"780 /min"));
+    RightClick(main, IDC_SWATCH_FIRST);
+    EXPECT_EQ(OpenMeters(main).size(), 1u);
+    OpenAndCancelPreferences();
+    EXPECT_TRUE(session.Closes());
+    ExpectNoneLoaded();
+}
+
+// The dialogs of Windows itself load the most.
+TEST_F(PlantedLibraries, AreNotLoadedByTheDialogForFiles) {
+    Start();
+    Load(WriteLog("x.csv", LogThatLingersAt(kDriving)));
+    EXPECT_TRUE(session.Shows(0, L"1240 /min"));
+    EXPECT_TRUE(session.Closes());
+    ExpectNoneLoaded();
+}
+
+}  // namespace
+}  // namespace plotvane::test
