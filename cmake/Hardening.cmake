@@ -1,5 +1,5 @@
 # What compiler and linker do against input that finds a mistake after all. Every library of the program is built
-# with it, and tests/system/ExecutableTest.cpp reads from the finished program that it is there.
+# with it, and tests/system/hardening/ExecutableTest.cpp reads from the finished program that it is there.
 add_library(plotvane_hardening INTERFACE)
 
 if(WIN32)
