@@ -136,6 +136,7 @@ TextInput OpenWholeFile(const std::filesystem::path& path) {
         case WholeFile::Unknown:
             return {};
     }
+    if (SizeOfFile(file) > kLargestSettingsFile) return {};
     return TextInput(path);
 }
 

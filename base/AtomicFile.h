@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -25,8 +26,12 @@ namespace plotvane {
 // then: a file that another program has made meanwhile is left alone.
 [[nodiscard]] bool CreateTextFile(const std::filesystem::path& path, std::string_view text);
 
-// Opens a file that these functions write. Not open if it cannot be read, or if another program is in the
-// middle of writing it.
+// Bytes. Settings files have a few thousand. The reader of a number looks for its comma up to the end of the
+// file, and the window stands still meanwhile: over gigabytes without a comma, for many seconds.
+constexpr std::uint64_t kLargestSettingsFile = std::uint64_t{16} << 20;
+
+// Opens a file that these functions write. Not open if it cannot be read, if it is longer than
+// kLargestSettingsFile, or if another program is in the middle of writing it.
 TextInput OpenWholeFile(const std::filesystem::path& path);
 
 }  // namespace plotvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <vector>
 
@@ -19,6 +20,9 @@ enum class FileKind {
 FileKind KindOf(const std::filesystem::path& path);
 
 bool IsFolder(const std::filesystem::path& path);
+
+// The length of a file in bytes; 0 if it is missing or cannot be asked about.
+std::uint64_t SizeOfFile(const std::filesystem::path& path);
 
 // Makes a folder and those above it as far as they are missing. Says nothing on failure: who then writes into
 // it fails and says so.

@@ -46,6 +46,11 @@ bool IsFolder(const std::filesystem::path& path) {
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+std::uint64_t SizeOfFile(const std::filesystem::path& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
 std::filesystem::path FinalPathOf(const std::filesystem::path& path) {
     if (const auto file = Resolved(path)) return *file;
     const auto folder = Resolved(path.has_parent_path() ? path.parent_path() : ".");

@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/FileOperations.h"
@@ -34,6 +35,17 @@ bool SaysMissing(DWORD error) {
     return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
 }
 
+// Nothing if the handle is not open or the system cannot tell.
+std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const SystemHandle& file) {
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!file.IsOpen() || ::GetFileInformationByHandle(file.Get(), &information) == 0) return std::nullopt;
+    return information;
+}
+
+bool IsFolder(const BY_HANDLE_FILE_INFORMATION& information) {
+    return (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 // A link that leads nowhere opens as if it were missing itself; its attributes are its own.
 bool IsLinkToNowhere(const std::filesystem::path& path) {
     return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
@@ -55,18 +67,21 @@ FileKind KindOf(const std::filesystem::path& path) {
     if (!file.IsOpen()) {
         return SaysMissing(::GetLastError()) && !IsLinkToNowhere(path) ? FileKind::Missing : FileKind::Other;
     }
-    BY_HANDLE_FILE_INFORMATION information{};
-    const bool isKnown = ::GetFileInformationByHandle(file.Get(), &information) != 0;
-    const DWORD attributes = information.dwFileAttributes;
-    if (!isKnown || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return FileKind::Other;
-    return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? FileKind::Protected : FileKind::File;
+    const auto information = InformationOf(file);
+    if (!information || IsFolder(*information)) return FileKind::Other;
+    return (information->dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0 ? FileKind::Protected
+                                                                          : FileKind::File;
 }
 
 bool IsFolder(const std::filesystem::path& path) {
-    const SystemHandle folder(OpenToAsk(path));
-    BY_HANDLE_FILE_INFORMATION information{};
-    return folder.IsOpen() && ::GetFileInformationByHandle(folder.Get(), &information) != 0 &&
-           (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const auto information = InformationOf(SystemHandle(OpenToAsk(path)));
+    return information && IsFolder(*information);
+}
+
+std::uint64_t SizeOfFile(const std::filesystem::path& path) {
+    const auto information = InformationOf(SystemHandle(OpenToAsk(path)));
+    if (!information) return 0;
+    return std::uint64_t{information->nFileSizeHigh} << 32 | information->nFileSizeLow;
 }
 
 std::filesystem::path FinalPathOf(const std::filesystem::path& path) {

@@ -29,6 +29,16 @@ TEST(FileOperations, SeeThatAFileIsProtected) {
     std::filesystem::permissions(folder / "a.cfg", std::filesystem::perms::owner_all);
 }
 
+TEST(FileOperations, TellTheSizeOfAFileBeyondFourGigabytesToo) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "a.cfg", "12345");
+    EXPECT_EQ(SizeOfFile(folder / "a.cfg"), 5u);
+    EXPECT_EQ(SizeOfFile(folder / "b.cfg"), 0u);
+    constexpr std::uint64_t kHuge = (std::uint64_t{1} << 32) + 3;
+    std::filesystem::resize_file(folder / "a.cfg", kHuge);  // holds no bytes on the disk
+    EXPECT_EQ(SizeOfFile(folder / "a.cfg"), kHuge);
+}
+
 TEST(FileOperations, MakeEveryFolderThatIsMissing) {
     const test::TempFolder folder;
     MakeFolders(folder / "a" / "b" / "c");
