@@ -62,6 +62,11 @@ TakenFile TakeOnceNobodyWrites(const std::filesystem::path& path) {
     return taken;
 }
 
+// Whether the disk refused to give up the copy: nobody knows then whose it is.
+bool HasFailed(const TakenFile& taken) {
+    return taken.file && std::ferror(taken.file.get()) != 0;
+}
+
 std::optional<std::size_t> SizeOf(std::FILE* file) {
     if (std::fseek(file, 0, SEEK_END) != 0) return std::nullopt;
     const long size = std::ftell(file);
@@ -114,7 +119,7 @@ WholeFile FinishInterrupted(const std::filesystem::path& file) {
     TakenFile taken = TakeOnceNobodyWrites(copy);
     if (taken.isHeld) return WholeFile::Unknown;
     const auto text = taken.file ? TextOfCopy(taken.file.get()) : std::nullopt;
-    if (!text) return WholeFile::Itself;
+    if (!text) return HasFailed(taken) ? WholeFile::Unknown : WholeFile::Itself;
     if (Overwrite(file, *text) != Overwritten::Whole) return WholeFile::Copy;
     RemoveOwnFile(std::move(taken.file), copy);
     return WholeFile::Itself;
@@ -124,7 +129,7 @@ bool RemoveWholeCopy(const std::filesystem::path& file) {
     const std::filesystem::path copy = WholeCopyOf(file);
     TakenFile taken = TakeOnceNobodyWrites(copy);
     if (taken.isHeld) return false;
-    if (!taken.file || !TextOfCopy(taken.file.get())) return true;
+    if (!taken.file || !TextOfCopy(taken.file.get())) return !HasFailed(taken);
     RemoveOwnFile(std::move(taken.file), copy);
     return KindOf(copy) == FileKind::Missing;
 }

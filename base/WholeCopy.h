@@ -32,15 +32,15 @@ enum class Overwritten {
 enum class WholeFile {
     Itself,  // the file is whole, now that any unfinished work is done
     Copy,    // only the copy is whole; the file cannot be written now
-    Unknown  // another program is writing
+    Unknown  // another program is writing, or the copy cannot be read
 };
 
 // Finishes what another run left unfinished, and says where the whole text is. Waits up to 80 ms for a
 // program that is writing.
 WholeFile FinishInterrupted(const std::filesystem::path& file);
 
-// Removes a copy whose file has been replaced since. False if it cannot be removed: readers would use it
-// instead of the file.
+// Removes a copy whose file has been replaced since. False if it cannot be removed, or if a file
+// of its name cannot be read and may be one: readers would use it instead of the file.
 [[nodiscard]] bool RemoveWholeCopy(const std::filesystem::path& file);
 
 }  // namespace plotvane

@@ -1,5 +1,6 @@
 // A disk that fails while a file is read: what could not be read whole counts as not read.
-#include "base/TextInput.h"
+#include "base/AtomicFile.h"
+#include "base/WholeCopy.h"
 #include "link/ExchangeFile.h"
 #include "logs/LabelFile.h"
 #include "logs/LogCheck.h"
@@ -130,6 +131,43 @@ TEST_P(RangesReadError, ChangesNothingAndTheFileStays) {
 
 INSTANTIATE_TEST_SUITE_P(Of, RangesReadError, testing::Values("038-906-019-FT.SCL", "OBD.SCL"),
                          [](const auto& info) { return info.index == 0 ? "Groups" : "Obd"; });
+
+// The file is torn, and what it should hold is in the copy.
+class WholeCopyReadError : public testing::Test {
+protected:
+    WholeCopyReadError() {
+        WriteBytes(m_file, "Bac");
+        WriteBytes(m_copy, m_copyBytes);
+    }
+
+    const TempFolder m_folder;
+    const std::filesystem::path m_file = m_folder / "Prefs.cfg";
+    const std::filesystem::path m_copy = m_folder / "Prefs.cf~";
+    const std::string m_whole = "BackColor=12\r\nGridColor=34\r\n";
+    const std::string m_copyBytes = m_whole + MarkOf(m_whole);
+};
+
+TEST_F(WholeCopyReadError, MakesTheFileUnreadableAndTouchesNeither) {
+    for (std::size_t readable = 0; readable <= m_copyBytes.size(); ++readable) {
+        const ReadError error(readable);
+        ASSERT_FALSE(OpenWholeFile(m_file).IsOpen()) << readable;
+        ASSERT_EQ(BytesOf(m_file), "Bac") << readable;
+        ASSERT_EQ(BytesOf(m_copy), m_copyBytes) << readable;
+    }
+    EXPECT_TRUE(OpenWholeFile(m_file).IsOpen());
+    EXPECT_EQ(BytesOf(m_file), m_whole);
+}
+
+// Readers will go by the copy again as soon as they can read it.
+TEST_F(WholeCopyReadError, MakesASaveFail) {
+    for (const std::size_t readable : {std::size_t{0}, m_copyBytes.size()}) {
+        const ReadError error(readable);
+        EXPECT_FALSE(ReplaceTextFile(m_file, "new")) << readable;
+        EXPECT_EQ(BytesOf(m_copy), m_copyBytes) << readable;
+    }
+    EXPECT_TRUE(OpenWholeFile(m_file).IsOpen());
+    EXPECT_EQ(BytesOf(m_file), m_whole);
+}
 
 class LabelReadError : public testing::Test {
 protected:

@@ -39,6 +39,12 @@ int Close(void* cookie) {
     return result;
 }
 
+std::FILE* ReadThroughFaults(std::FILE* file, std::string_view mode) {
+    if (file == nullptr || !bytesUntilError || mode != "rb") return file;
+    const cookie_io_functions_t functions{.read = Read, .write = nullptr, .seek = nullptr, .close = Close};
+    return fopencookie(new FailingFile{file, *bytesUntilError}, "rb", functions);
+}
+
 }  // namespace
 
 // The linker leads the program's own calls here: see CMakeLists.txt.
@@ -46,16 +52,19 @@ extern "C" {
 
 std::FILE* __real_fopen(const char* path, const char* mode);
 std::FILE* __wrap_fopen(const char* path, const char* mode);
+std::FILE* __real_fdopen(int descriptor, const char* mode);
+std::FILE* __wrap_fdopen(int descriptor, const char* mode);
 int __real_renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags);
 int __wrap_renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags);
 int __real_nanosleep(const timespec* time, timespec* left);
 int __wrap_nanosleep(const timespec* time, timespec* left);
 
 std::FILE* __wrap_fopen(const char* path, const char* mode) {
-    std::FILE* const file = __real_fopen(path, mode);
-    if (file == nullptr || !bytesUntilError || std::string_view(mode) != "rb") return file;
-    const cookie_io_functions_t functions{.read = Read, .write = nullptr, .seek = nullptr, .close = Close};
-    return fopencookie(new FailingFile{file, *bytesUntilError}, mode, functions);
+    return ReadThroughFaults(__real_fopen(path, mode), mode);
+}
+
+std::FILE* __wrap_fdopen(int descriptor, const char* mode) {
+    return ReadThroughFaults(__real_fdopen(descriptor, mode), mode);
 }
 
 int __wrap_renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
