@@ -321,13 +321,7 @@ void CPlotvaneDlg::ShowPreferences() {
 
 // The window ends only once: a message box or the default handling may bring a second close.
 void CPlotvaneDlg::OnClose() {
-    if (m_closing) return;
-    m_closing = true;
-    ::EndMenu();                // an open one has a loop on the stack too
-    CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
-    ::SetFocus(nullptr);        // a limit that was typed and not left yet counts: its edit is left now
-    Stop();
-    SaveAndEnd();
+    if (!m_closing) SaveAndEnd();
 }
 
 // Of the session: of Windows, when the user logs off or shuts the machine down. Windows may end the process
@@ -336,13 +330,16 @@ void CPlotvaneDlg::OnClose() {
 void CPlotvaneDlg::OnEndSession(bool isEnding) {
     if (!isEnding) return;
     m_sessionEnding = true;
-    if (!m_closing) return OnClose();
-    // A close has begun and has not come to its end: it waits for the answer to a message.
-    CloseOwnedWindows(m_hWnd);
-    SaveAndEnd();
+    SaveAndEnd();  // also where a close has begun, which waits for the answer to a message
 }
 
+// All of it can be done twice.
 void CPlotvaneDlg::SaveAndEnd() {
+    m_closing = true;
+    ::EndMenu();                // an open one has a loop on the stack too
+    CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
+    ::SetFocus(nullptr);        // a limit that was typed and not left yet counts: its edit is left now
+    Stop();
     // Only the user may write over a file that could not be read.
     if (m_data.prefs.saveWindowSize && m_arePrefsKnown) {
         // A run without the host has made no folder yet; what the user set must not be lost for that.

@@ -215,6 +215,19 @@ protected:
         ASSERT_NE(held->Get(), INVALID_HANDLE_VALUE);
     }
 
+    void CloseWithAMessage() {
+        StartAndHoldTheRanges();
+        ASSERT_FALSE(HasFatalFailure());
+        main.Close();
+        ASSERT_TRUE(Becomes([this] { return HasDialog(); }, true));
+    }
+    bool HasMenu() const {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        ::GetGUIThreadInfo(::GetWindowThreadProcessId(main.Get(), nullptr), &info);
+        return (info.flags & GUI_INMENUMODE) != 0;
+    }
+
     std::optional<Handle> held;
 };
 
@@ -226,11 +239,21 @@ TEST_F(SessionEndWithoutRanges, SaysNothingAndSavesTheRest) {
 }
 
 TEST_F(SessionEndWithoutRanges, InACloseThatWaitsForItsMessageSavesTheRest) {
-    StartAndHoldTheRanges();
+    CloseWithAMessage();
     ASSERT_FALSE(HasFatalFailure());
-    main.Close();
-    ASSERT_TRUE(Becomes([this] { return HasDialog(); }, true));
     EndTheSession();
+    ExpectTheSizeSaved();
+}
+
+// The system menu of the message box has a loop of its own.
+TEST_F(SessionEndWithoutRanges, InACloseWhoseMessageHasItsMenuOpenEndsTheProgramInGoodOrder) {
+    CloseWithAMessage();
+    ASSERT_FALSE(HasFatalFailure());
+    const RemoteWindow message(::GetLastActivePopup(main.Get()));
+    message.Post(WM_SYSCOMMAND, SC_KEYMENU, L' ');
+    ASSERT_TRUE(Becomes([this] { return HasMenu(); }, true));
+    EXPECT_TRUE(Answer(main, WM_ENDSESSION, TRUE));
+    EXPECT_TRUE(EndsPromptly(session));
     ExpectTheSizeSaved();
 }
 
