@@ -1,19 +1,14 @@
 #include "tests/support/system/RefusingFolder.h"
 
-#include <windows.h>
+#include <gtest/gtest.h>
 
-#include "tests/support/system/Await.h"
-#include "tests/support/system/LinuxProgram.h"
+#include "tests/support/system/LinuxShell.h"
 
 namespace plotvane::test {
 namespace {
 
 // Folders of Linux itself, in which not even root can make anything.
 constexpr const wchar_t* kSystemFolders[] = {L"Z:\\sys", L"Z:\\proc"};
-
-bool IsProtected(const std::filesystem::path& folder) {
-    return (::GetFileAttributesW(folder.c_str()) & FILE_ATTRIBUTE_READONLY) != 0;
-}
 
 bool Refuses(const std::filesystem::path& folder) {
     std::error_code ignored;
@@ -41,13 +36,11 @@ RefusingFolder::~RefusingFolder() {
 
 // Windows knows no write protection of folders, and Wine's attribute changes nothing about one.
 void RefusingFolder::Protect() const {
-    StartLinuxProgram(L"chmod", L"a-w protected", m_above.Path());
-    EXPECT_TRUE(Becomes([this] { return IsProtected(m_own); }, true));
+    EXPECT_TRUE(RunInShell(m_above.Path(), L"chmod a-w protected"));
 }
 
 void RefusingFolder::Unprotect() const {
-    StartLinuxProgram(L"chmod", L"u+w protected", m_above.Path());
-    EXPECT_TRUE(Becomes([this] { return IsProtected(m_own); }, false));
+    EXPECT_TRUE(RunInShell(m_above.Path(), L"chmod u+w protected"));
 }
 
 }  // namespace plotvane::test

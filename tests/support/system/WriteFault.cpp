@@ -1,42 +1,15 @@
 #include "tests/support/system/WriteFault.h"
 
-#include <chrono>
 #include <stdexcept>
 #include <utility>
 
-#include "tests/support/system/Await.h"
+#include "tests/support/system/LinuxShell.h"
 
 namespace plotvane::test {
 namespace {
 
 // The longest short settings file and the shortest long one lie far on either side.
 constexpr int kRoomForShortFiles = 4096;
-
-constexpr const wchar_t* kDone = L"linux-is-done";
-
-std::wstring Escaped(const std::wstring& text) {
-    std::wstring escaped;
-    for (const wchar_t c : text) {
-        if (c == L'"') escaped += L'\\';
-        escaped += c;
-    }
-    return escaped;
-}
-
-// Has Linux's shell run a command in the folder. What starts is no Windows process, so we cannot wait for
-// it; it says itself that it has come to its end.
-bool RunInShell(const std::filesystem::path& folder, const std::wstring& command) {
-    std::wstring line = L"sh -c \"" + Escaped(command + L" && : >" + kDone) + L'"';
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION started{};
-    ::CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(),
-                     &startup, &started);
-    const auto done = Becomes([&] { return std::filesystem::exists(folder / kDone); }, true);
-    EXPECT_TRUE(done) << "the shell did not do its work";
-    std::filesystem::remove(folder / kDone);
-    return static_cast<bool>(done);
-}
 
 // Limits how long the program's files may grow. The program ignores the signal that comes with it: see
 // scripts/wine-run.sh. False if no program runs in the folder.
