@@ -12,19 +12,23 @@
 #            it is left out
 #   blocks   ten thousand blocks of random and of bit-flipped text in an hour, over some hundred runs of the
 #            program: it answers, or has closed because a block said so
+#   killed   program and host are killed at a hundred random moments an hour; after each, every settings file is whole
+#   modules  a thousand modules in an hour, one after the other, and as many label files that redirect in a circle
+#   meters   sixty thousand meters in an hour are opened and closed, and nothing of them may stay
 #
 # scripts/test.sh has a short form of each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-usage="usage: scripts/soak.sh [MINUTES [live|replay|tenfold|blocks]...]"
+all_runs=(live replay tenfold blocks killed modules meters)
+usage="usage: scripts/soak.sh [MINUTES [$(IFS='|'; echo "${all_runs[*]}")]...]"
 minutes=${1:-60}
 [[ $minutes =~ ^[1-9][0-9]*$ ]] || die "$usage"
 runs=("${@:2}")
-((${#runs[@]})) || runs=(live replay tenfold blocks)
+((${#runs[@]})) || runs=("${all_runs[@]}")
 for run in "${runs[@]}"; do
-    [[ $run =~ ^(live|replay|tenfold|blocks)$ ]] || die "$usage"
+    [[ " ${all_runs[*]} " == *" $run "* ]] || die "$usage"
 done
 
 warm_up=15 # seconds: every buffer has its size, the chart is full, the title stands
@@ -36,11 +40,11 @@ for run in "${runs[@]}"; do
 done
 take_turn
 say "building (build/windows)"
-build_preset windows plotvane diagnel-sim plotvane-remote stress_tests
+build_preset windows plotvane diagnel-sim plotvane-remote stress_tests surroundings_tests
 # Copies: what is built in the meantime must not disturb the runs.
 for run in "${runs[@]}"; do
     mkdir -p "$build/soak/$run"
-    cp build/windows/{plotvane,diagnel-sim,plotvane-remote,stress_tests}.exe "$build/soak/$run"
+    cp build/windows/{plotvane,diagnel-sim,plotvane-remote,stress_tests,surroundings_tests}.exe "$build/soak/$run"
 done
 exec 9>&- # others may build and test now
 
@@ -103,10 +107,17 @@ replay() {
     close
 }
 
-blocks() {
-    PLOTVANE_BLOCKS=$((minutes * 10000 / 60 / 2)) wine "$bin/stress_tests.exe" \
-        --gtest_brief=1 --gtest_filter='ForeignBlocks.*' 2>/dev/null
+# tests PROGRAM FILTER: cases of a test program, as often as a variable of its own asks for.
+tests() { wine "$bin/$1.exe" --gtest_brief=1 --gtest_filter="$2" 2>/dev/null; }
+
+blocks() { PLOTVANE_BLOCKS=$((minutes * 10000 / 60 / 2)) tests stress_tests 'ForeignBlocks.*'; }
+killed() { PLOTVANE_KILLS=$((minutes * 100 / 60 + 1)) tests surroundings_tests 'Killed.*'; }
+# With each stop Wine puts some bitmaps aside for ever, and has room for those of some 1700 stops.
+modules() {
+    PLOTVANE_MODULES=$((20 + (minutes < 60 ? minutes * 1000 / 60 : 1000))) \
+        tests surroundings_tests 'OverAndOver.TheModuleChanges:OverAndOver.LabelFiles*'
 }
+meters() { PLOTVANE_METERS=$((minutes * 1000)) tests surroundings_tests 'OverAndOver.AMeter*'; }
 
 # soak RUN: in a shell of its own, which the first step that fails ends.
 soak() {
