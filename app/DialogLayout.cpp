@@ -12,8 +12,7 @@ CRect PlaceOfControl(const CWnd& dialog, int id) {
 
 void MoveControlsDown(CWnd& dialog, int firstId, int lastId, int pixels) {
     if (pixels == 0) return;
-    const CRect origin =
-        dialog.ScreenToClient(CRect());  // asked for once, not for each of a hundred controls
+    const CRect origin = dialog.ScreenToClient(CRect());  // once, not for each of a hundred controls
     HDWP moves = ::BeginDeferWindowPos(lastId - firstId + 1);
     for (int id = firstId; id <= lastId && moves; ++id) {
         CRect place;
@@ -32,7 +31,7 @@ void GrowControl(CWnd& dialog, int id, int width, int height) {
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
 }
 
-// The size comes from a file: one that no screen holds would leave a window that cannot be used.
+// The size comes from a file. Nobody could use a window that is larger than the screen.
 void ResizeOnTop(CWnd& dialog, int width, int height) {
     const int widest = ::GetSystemMetrics(SM_CXVIRTUALSCREEN);
     const int highest = std::max(::GetSystemMetrics(SM_CYVIRTUALSCREEN), kLeastHeight);

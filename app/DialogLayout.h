@@ -13,7 +13,7 @@ void GrowControl(CWnd& dialog, int id, int width, int height);
 // A control's rectangle in the dialog's client pixels.
 CRect PlaceOfControl(const CWnd& dialog, int id);
 
-// Resizes the window to its wanted outer size as far as the screen holds it, without moving it, on top.
+// Gives the window an outer size, as far as the screen holds it, without moving it, and puts it on top.
 void ResizeOnTop(CWnd& dialog, int width, int height);
 
 // Below this outer height in pixels the window is not laid out.

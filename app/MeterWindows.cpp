@@ -13,16 +13,16 @@ constexpr DWORD kFuelStyle = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU;
 
 constexpr int kMileageTrace = 1;  // whose colours the fuel needles have
 constexpr int kConsumptionTrace = 2;
-constexpr double kObdMaximum = 255.0;
+constexpr double kChannelMaximum = 255.0;
 
 }  // namespace
 
-MeterWindows::MeterWindows(CWnd& owner, const DriveData& data, const TraceChart& chart, MeterTexts texts)
+MeterWindows::MeterWindows(CWnd& owner, const ProgramData& data, const TraceChart& chart, MeterTexts texts)
     : m_owner(owner), m_data(data), m_chart(chart), m_texts(std::move(texts)) {}
 
 void MeterWindows::OpenSlotMeter(int slot, const LabelTable& labels) {
-    CMeterWnd* const meter = Open(m_slots.at(static_cast<std::size_t>(slot)), RowOf(slot) * kCascade,
-                                  ColumnOf(slot) * kCascade, kFieldStyle);
+    CMeterWnd* const meter =
+        Open(m_slots[slot], RowOf(slot) * kCascade, ColumnOf(slot) * kCascade, kFieldStyle);
     const FieldSlot& field = m_data.slots[slot];
     if (!meter || !field.IsActive()) return;
     Paint(*meter, slot);
@@ -34,15 +34,14 @@ void MeterWindows::OpenSlotMeter(int slot, const LabelTable& labels) {
     meter->SetRangeDecimalsZero();
 }
 
-void MeterWindows::OpenObdMeter(int field) {
-    CMeterWnd* const meter =
-        Open(m_obdFields.at(static_cast<std::size_t>(field)), field * kCascade, 0, kFieldStyle);
+void MeterWindows::OpenChannelMeter(int channel) {
+    CMeterWnd* const meter = Open(m_channels[channel], channel * kCascade, 0, kFieldStyle);
     if (!meter) return;
-    Paint(*meter, field);
+    Paint(*meter, channel);
     std::string title = m_texts.field;
-    AppendDecimal(title, field + 1);
+    AppendDecimal(title, channel + 1);
     meter->SetTitle(title);
-    meter->SetRange(0.0, kObdMaximum);
+    meter->SetRange(0.0, kChannelMaximum);
     meter->SetValueDecimals(0);
     meter->SetRangeDecimalsZero();
 }
@@ -59,7 +58,7 @@ void MeterWindows::OpenFuelMeter(Fuel which) {
     meter->SetRangeDecimalsZero();
 }
 
-// The meter is its own to delete, when its window goes. One that never got a window keeps its place.
+// The meter deletes itself when its window is destroyed. If it never got a window, the pointer to it stays.
 CMeterWnd* MeterWindows::Open(CMeterWnd*& place, int left, int top, DWORD style) {
     if (place) return nullptr;
     place = new CMeterWnd(&place);
@@ -83,26 +82,26 @@ std::string MeterWindows::TitleOf(const FieldSlot& slot, const LabelTable& label
 
 void MeterWindows::ApplyPrefs() {
     for (int slot = 0; slot < kSlotCount; ++slot) {
-        if (CMeterWnd* const meter = m_slots[static_cast<std::size_t>(slot)]) Paint(*meter, slot);
+        if (CMeterWnd* const meter = m_slots[slot]) Paint(*meter, slot);
     }
     if (m_mileage) m_mileage->SetRange(0.0, m_data.prefs.maxMileage);
     if (m_consumption) m_consumption->SetRange(0.0, m_data.prefs.maxConsumption);
 }
 
 void MeterWindows::SetSlotValue(int slot, double value) {
-    if (CMeterWnd* const meter = m_slots[static_cast<std::size_t>(slot)]) meter->SetValue(value);
+    if (CMeterWnd* const meter = m_slots[slot]) meter->SetValue(value);
 }
 
 void MeterWindows::SetSlotRange(int slot, double minimum, double maximum) {
-    if (CMeterWnd* const meter = m_slots[static_cast<std::size_t>(slot)]) meter->SetRange(minimum, maximum);
+    if (CMeterWnd* const meter = m_slots[slot]) meter->SetRange(minimum, maximum);
 }
 
 void MeterWindows::SetSlotUnits(int slot, std::string_view units) {
-    if (CMeterWnd* const meter = m_slots[static_cast<std::size_t>(slot)]) meter->SetUnits(units);
+    if (CMeterWnd* const meter = m_slots[slot]) meter->SetUnits(units);
 }
 
-void MeterWindows::SetObdValue(int field, double value) {
-    if (CMeterWnd* const meter = m_obdFields[static_cast<std::size_t>(field)]) meter->SetValue(value);
+void MeterWindows::SetChannelValue(int channel, double value) {
+    if (CMeterWnd* const meter = m_channels[channel]) meter->SetValue(value);
 }
 
 void MeterWindows::SetFuelValue(Fuel which, double value) {
@@ -117,7 +116,7 @@ void MeterWindows::SetFuelScale(Fuel which, std::string_view units, double maxim
     meter->SetValueDecimals(valueDecimals);
 }
 
-// The windows empty the places themselves.
+// Each window clears its pointer here itself.
 void MeterWindows::CloseFuelMeters() {
     if (m_mileage) m_mileage->DestroyWindow();
     if (m_consumption) m_consumption->DestroyWindow();

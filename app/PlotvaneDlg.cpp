@@ -3,8 +3,7 @@
 #include <array>
 
 #include "app/AboutDlg.h"
-#include "app/DialogLayout.h"
-#include "app/TitleHint.h"
+#include "app/OwnedWindows.h"
 #include "app/Version.h"
 #include "base/FileOperations.h"
 #include "base/Numbers.h"
@@ -24,10 +23,6 @@ constexpr UINT_PTR kModeTimer = 1;
 constexpr UINT_PTR kLayoutTimer = 2;
 constexpr UINT_PTR kHintTimer = 3;
 constexpr UINT kTimerMs = 100;
-
-constexpr int kLeastClientHeight = 200;  // smaller resizes are ignored
-constexpr GridCounts kGridCounts{9, 9};
-constexpr int kLabelMargin = 1;  // characters
 
 // What the template leaves hidden because it serves replay only.
 constexpr std::array kLogControls = {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED,
@@ -49,19 +44,6 @@ MeterTexts LoadMeterTexts() {
             LoadText(IDS_CONSUMPTION_CAPTION),
             LoadText(IDS_MPG),
             LoadText(IDS_LITRES_PER_100KM)};
-}
-
-// Asks the windows that belong to a window to close, the topmost first: meters, and dialogs and messages that
-// are open over it. Each of these may have a loop of its own on the stack, in which the program would go on
-// for ever.
-void CloseOwnedWindows(HWND owner) {
-    const auto closeOne = [](HWND window, LPARAM its) -> BOOL {
-        if (::GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(its)) return TRUE;
-        CloseOwnedWindows(window);
-        ::SendMessageW(window, WM_CLOSE, 0, 0);
-        return TRUE;
-    };
-    ::EnumThreadWindows(::GetCurrentThreadId(), closeOne, reinterpret_cast<LPARAM>(owner));
 }
 
 AcquisitionTexts LoadAcquisitionTexts() {
@@ -110,31 +92,25 @@ CPlotvaneDlg::CPlotvaneDlg()
       m_panel(*this, LoadText(IDS_PIXEL_SHIFT)),
       m_meters(*this, m_data, m_chart, LoadMeterTexts()),
       m_buttons(*this),
+      m_layout(*this, m_chart, m_panel, m_data.state),
+      m_titleBar(*this, ToWide(std::string("Plotvane v") + kVersion), LoadText(IDS_TITLE_HINT)),
       m_pump(m_data.state),
-      m_acquisition(m_data, {m_chart, m_panel, m_meters, m_buttons, *this, *this, *this}, m_pipe, m_pump,
-                    LoadAcquisitionTexts()),
-      m_title(ToWide(std::string("Plotvane v") + kVersion)),
-      m_hintText(LoadText(IDS_TITLE_HINT)) {}
+      m_acquisition(m_data, {{m_chart, m_panel, m_meters}, m_buttons, *this}, m_pipe, m_pump,
+                    LoadAcquisitionTexts()) {}
 
 BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
     AppendSystemMenu();
     m_arePrefsKnown = LoadPrefs(m_data.PrefsFile(), m_data.prefs);
     m_chart.SetRedraw(false);  // its picture is drawn once, at its final size
-    CreateChart();
+    m_layout.CreateChart();
+    ApplyColours();
     SetIcons();
     m_panel.SetUp();
     m_buttons.SetUp();
     m_panel.ShowPixelShift(m_data.state.pixelShift);
     m_pump.SetDialog(m_hWnd);
-
-    const CRect natural = GetWindowRect();
-    m_lastWidth = natural.Width();
-    m_lastHeight = natural.Height();
-    m_data.state.width = m_lastWidth;
-    m_data.state.height = m_lastHeight;
-    ResizeOnTop(*this, m_data.prefs.width, m_data.prefs.height);
-    Relayout();
+    m_layout.SetUp(m_data.prefs.width, m_data.prefs.height);
     m_chart.SetRedraw(true);
     SetTimer(kModeTimer, kTimerMs);
     return TRUE;
@@ -147,16 +123,6 @@ void CPlotvaneDlg::AppendSystemMenu() {
     ::AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     ::AppendMenuW(menu, MF_STRING, ID_SYSMENU_PREFERENCES, ToWide(preferences).c_str());
     ::AppendMenuW(menu, MF_STRING, ID_SYSMENU_ABOUT, ToWide(LoadText(IDS_MENU_ABOUT)).c_str());
-}
-
-void CPlotvaneDlg::CreateChart() {
-    m_chart.Create(WS_CHILD | WS_VISIBLE, PlaceOfControl(*this, IDC_CHART_FRAME), m_hWnd, IDC_CHART);
-    m_chart.SetGridCounts(kGridCounts);
-    m_chart.SetLabelMargin(kLabelMargin);
-    m_chart.SetSamplesPerScreen(0);
-    m_chart.SetXUnits("", "", "");
-    m_chart.SetYUnits("", "", "");
-    ApplyColours();
 }
 
 void CPlotvaneDlg::ApplyColours() {
@@ -184,18 +150,18 @@ void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
             ShowOrDecideMode();
             break;
         case kLayoutTimer:
-            Relayout();
+            m_layout.Relayout();
             break;
         case kHintTimer:
-            StepTitleHint();
+            if (m_titleBar.StepHint()) SetTimer(kHintTimer, kTimerMs);
             break;
     }
 }
 
-// Windows shows a dialog when its message queue is first empty. If the start took long, this timer is due
-// before that, and a run that begins here would leave the window hidden for as long as data flows. The timer
-// comes once more, so that Windows can note that the dialog is shown: it would show it again behind the run,
-// and that undoes what the user has done to its size meanwhile.
+// Windows shows a dialog when its message queue is first empty. After a slow start this timer comes before
+// that, and a run that began here would leave the window hidden for as long as data flows. So the dialog
+// shows itself and starts the timer once more. Meanwhile Windows notes that the dialog is shown. Otherwise it
+// would show it after the run, and undo what the user has done to its size.
 void CPlotvaneDlg::ShowOrDecideMode() {
     if (::IsWindowVisible(m_hWnd)) return DecideMode();
     ShowWindow(SW_SHOWNORMAL);
@@ -211,67 +177,22 @@ void CPlotvaneDlg::DecideMode() {
     m_data.state.hostRunning = IsHostRunning();
     SetTimer(kHintTimer, kTimerMs);
     if (m_data.state.hostRunning) {
-        m_buttons.EnablePause(true);
-        m_buttons.ShowPause(PauseImage::Pause);
-        m_acquisition.loop.Start();
+        m_acquisition.control.StartLive();
     } else {
         for (const int id : kLogControls) ::ShowWindow(GetDlgItem(id), SW_SHOWNORMAL);
     }
 }
 
-void CPlotvaneDlg::StepTitleHint() {
-    int& countdown = m_data.state.titleHintCountdown;
-    if (countdown > 0) {
-        --countdown;
-        SetWindowText(TitleHint(countdown, m_hintText));
-        SetTimer(kHintTimer, kTimerMs);
-    } else {
-        m_hintShown = false;
-        ::SetWindowTextW(m_hWnd, m_title.c_str());
-    }
-}
-
-// A module's name that arrives during the hint waits for its end.
-void CPlotvaneDlg::SetModuleTitle(std::u16string_view title) {
-    m_title.assign(title.begin(), title.end());
-    if (!m_hintShown) ::SetWindowTextW(m_hWnd, m_title.c_str());
-}
-
 void CPlotvaneDlg::OnSize(UINT type, int width, int height) {
-    if (type == SIZE_MINIMIZED || height < kLeastClientHeight) return;
+    if (type == SIZE_MINIMIZED || height < MainLayout::kLeastClientHeight) return;
     CDialog::OnSize(type, width, height);
-    m_data.state.relayoutPending = true;
     SetTimer(kLayoutTimer, kTimerMs);
-}
-
-// The control rows keep their distance to the bottom edge, at their columns; only the chart stretches.
-void CPlotvaneDlg::Relayout() {
-    m_data.state.relayoutPending = false;
-    const CRect window = GetWindowRect();
-    if (IsIconic() || window.Height() < kLeastHeight) return;
-    m_data.state.width = window.Width();
-    m_data.state.height = window.Height();
-    const int wider = window.Width() - m_lastWidth;
-    const int higher = window.Height() - m_lastHeight;
-    if (wider == 0 && higher == 0) return;
-
-    MoveControlsDown(*this, IDC_MOVED_FIRST, IDC_MOVED_LAST, higher);
-    m_panel.PlaceSwatches();
-    m_chart.ReleasePictures();
-    m_chart.DestroyWindow();
-    GrowControl(*this, IDC_CHART_FRAME, wider, higher);
-    m_chart.Create(WS_CHILD | WS_VISIBLE, PlaceOfControl(*this, IDC_CHART_FRAME), m_hWnd, IDC_CHART);
-    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-
-    m_lastWidth = window.Width();
-    m_lastHeight = window.Height();
-    m_data.state.redrawRequest = true;
 }
 
 void CPlotvaneDlg::OnPaint() {
     if (!IsIconic()) {
         Default();
-        // The chart comes to the screen ahead of the hundred controls below it, and need not wait for them.
+        // The chart comes to the screen first: it need not wait for the hundred controls below it.
         ::UpdateWindow(m_chart.m_hWnd);
         ::GdiFlush();
         return;
@@ -284,15 +205,15 @@ void CPlotvaneDlg::OnPaint() {
     ::DrawIcon(dc.GetSafeHdc(), x, y, m_icon);
 }
 
-// While a dialog or a message is over the window, nobody can press anything in it; what is posted nonetheless
-// would open one over another until the stack is full. And once the window closes, nothing begins any more
-// that would keep the program running without it.
+// While a dialog or a message is over the window, nobody can press anything in it. A message that is posted
+// all the same would open one dialog over another until the stack is full. And once the window closes,
+// nothing may begin that would keep the program running without it.
 bool CPlotvaneDlg::MayBegin() const {
     return !m_closing && ::IsWindowEnabled(m_hWnd);
 }
 
 void CPlotvaneDlg::OnPause() {
-    if (MayBegin()) Pause();
+    if (MayBegin()) m_acquisition.control.Pause();
 }
 
 void CPlotvaneDlg::OnLoadLog() {
@@ -324,25 +245,25 @@ void CPlotvaneDlg::OnClose() {
     if (!m_closing) SaveAndEnd();
 }
 
-// Of the session: of Windows, when the user logs off or shuts the machine down. Windows may end the process
-// as soon as this handler returns, so all that a close saves is saved in it, and nothing waits for the user.
-// The question beforehand, whether the session may end, gets the usual yes.
+// The user logs off or shuts the machine down. Windows may end the process as soon as this handler returns,
+// so it saves all that a close saves and does not wait for the user. Windows has asked before whether the
+// session may end, and got the usual yes.
 void CPlotvaneDlg::OnEndSession(bool isEnding) {
     if (!isEnding) return;
     m_sessionEnding = true;
-    SaveAndEnd();  // also where a close has begun, which waits for the answer to a message
+    SaveAndEnd();  // even if a close has begun, which waits for the answer to a message
 }
 
-// All of it can be done twice.
+// Each step may run twice: once for a close, once for the end of the session.
 void CPlotvaneDlg::SaveAndEnd() {
     m_closing = true;
-    ::EndMenu();                // an open one has a loop on the stack too
-    CloseOwnedWindows(m_hWnd);  // first: edits that are not saved go with the Preferences dialog
-    ::SetFocus(nullptr);        // a limit that was typed and not left yet counts: its edit is left now
-    Stop();
+    ::EndMenu();                // an open menu has a loop on the stack too
+    CloseOwnedWindows(m_hWnd);  // first, because the Preferences dialog drops edits that are not saved
+    ::SetFocus(nullptr);        // so that a limit still being typed counts
+    OnStop();
     // Only the user may write over a file that could not be read.
     if (m_data.prefs.saveWindowSize && m_arePrefsKnown) {
-        // A run without the host has made no folder yet; what the user set must not be lost for that.
+        // Without a run there is no folder yet.
         MakeFolders(m_data.PrefsFile().parent_path());
         static_cast<void>(
             SavePrefs(m_data.PrefsFile(), m_data.prefs, m_data.state.width, m_data.state.height));
@@ -357,10 +278,10 @@ void CPlotvaneDlg::ShowMessage(int textId, int captionId) {
 }
 
 void CPlotvaneDlg::OnContextMenu(HWND window, POINT screen) {
-    if (m_data.state.obdNow) {
-        const int field = m_panel.ObdFieldAt(screen);
-        if (field < 0) return CDialog::OnContextMenu(window, screen);
-        if (m_panel.IsObdTraceShown(field)) m_meters.OpenObdMeter(field);
+    if (m_data.state.tenChannels) {
+        const int channel = m_panel.ChannelAt(screen);
+        if (channel < 0) return CDialog::OnContextMenu(window, screen);
+        if (m_panel.IsChannelShown(channel)) m_meters.OpenChannelMeter(channel);
     } else {
         const int slot = m_panel.SlotAt(screen);
         if (slot < 0) return CDialog::OnContextMenu(window, screen);
@@ -385,11 +306,11 @@ void CPlotvaneDlg::ShowReplaySpeed() {
 }
 
 void CPlotvaneDlg::OnScaleMinLeft() {
-    m_acquisition.selection.SetMinimum(GetDlgItemText(IDC_SCALE_MIN));
+    m_acquisition.loop.Selection().SetMinimum(GetDlgItemText(IDC_SCALE_MIN));
 }
 
 void CPlotvaneDlg::OnScaleMaxLeft() {
-    m_acquisition.selection.SetMaximum(GetDlgItemText(IDC_SCALE_MAX));
+    m_acquisition.loop.Selection().SetMaximum(GetDlgItemText(IDC_SCALE_MAX));
 }
 
 void CPlotvaneDlg::OnShiftDown() {
@@ -402,10 +323,10 @@ void CPlotvaneDlg::OnShiftUp() {
     m_panel.ShowPixelShift(m_data.state.pixelShift);
 }
 
-// The caret never stays in a value box; where the limits are locked, the button beside them takes it.
+// The caret never stays in a value box. If the limits are disabled, the button beside them gets the focus.
 void CPlotvaneDlg::OnValueFocus(UINT id) {
     const int slot = static_cast<int>(id) - IDC_VALUE_FIRST;
-    m_acquisition.selection.SelectSlot(RowOf(slot), ColumnOf(slot));
+    m_acquisition.loop.Selection().SelectSlot(RowOf(slot), ColumnOf(slot));
     const HWND maximum = GetDlgItem(IDC_SCALE_MAX);
     ::SetFocus(::IsWindowEnabled(maximum) ? maximum : GetDlgItem(IDC_SCALE_NEXT));
 }

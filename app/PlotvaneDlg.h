@@ -3,23 +3,25 @@
 #include <optional>
 #include <string>
 
+#include "app/MainLayout.h"
 #include "app/MeterWindows.h"
 #include "app/RunButtonControls.h"
 #include "app/SlotControls.h"
+#include "app/TitleBar.h"
 #include "framework/Dialog.h"
 #include "link/Acquisition.h"
-#include "link/DriveData.h"
 #include "link/InheritedPipe.h"
+#include "link/ProgramData.h"
 #include "link/WindowPump.h"
 #include "logs/LogFileDialog.h"
 #include "plot/chart/MultiPlotCtrl.h"
 
 namespace plotvane {
 
-// The main dialog: puts the rooms together, and passes on what the user does. It lives as long as the
-// program. The acquisition runs inside its handlers and dispatches its messages meanwhile, so any handler
-// may find a run below it on the stack.
-class CPlotvaneDlg : public CDialog, private LoopOwner, private TitleBar, private LogChooser {
+// The main dialog: puts the rooms together and passes on what the user does. It lives as long as the program.
+// The acquisition runs inside its handlers and dispatches messages while it waits, so any handler may find a
+// run below it on the stack.
+class CPlotvaneDlg : public CDialog, private MainWindow {
 public:
     CPlotvaneDlg();
 
@@ -29,17 +31,11 @@ protected:
     void OnCancel() override { OnClose(); }
 
 private:
-    // LoopOwner.
-    void Stop() override { m_acquisition.control.Stop(); }
-    void Pause() override { m_acquisition.control.Pause(); }
-    void Close() override { OnClose(); }
+    // MainWindow.
     void ShowMessage(int textId, int captionId) override;
-
-    // TitleBar.
-    void SetModuleTitle(std::u16string_view title) override;
-
-    // LogChooser.
     std::optional<std::filesystem::path> ChooseLog() override { return AskForLogFile(m_hWnd); }
+    void SetModuleTitle(std::u16string_view title) override { m_titleBar.SetTitle(title); }
+    void Close() override { OnClose(); }
 
     // The window.
     void OnClose();
@@ -52,15 +48,15 @@ private:
     void OnTimer(UINT_PTR timer);
 
     // Run buttons.
-    void OnStop() { Stop(); }
+    void OnStop() { m_acquisition.control.Stop(); }
     void OnPause();
     void OnLoadLog();
     void OnReplayFaster();
     void OnReplaySlower();
 
     // Scale boxes.
-    void OnScaleNext() { m_acquisition.selection.SelectNext(); }
-    void OnScalePrevious() { m_acquisition.selection.SelectPrevious(); }
+    void OnScaleNext() { m_acquisition.loop.Selection().SelectNext(); }
+    void OnScalePrevious() { m_acquisition.loop.Selection().SelectPrevious(); }
     void OnScaleMinLeft();
     void OnScaleMaxLeft();
     void OnShiftDown();
@@ -76,38 +72,32 @@ private:
 
     // Setting up.
     void AppendSystemMenu();
-    void CreateChart();
     void ApplyColours();
     void SetIcons();
 
     bool MayBegin() const;
     void ShowOrDecideMode();
     void DecideMode();
-    void StepTitleHint();
-    void Relayout();
     void SaveAndEnd();
     void ShowPreferences();
     void ShowReplaySpeed();
     DECLARE_MESSAGE_MAP()
 
-    DriveData m_data;
+    ProgramData m_data;
     CMultiPlotCtrl m_chart;
     SlotControls m_panel;
     MeterWindows m_meters;
     RunButtonControls m_buttons;
+    MainLayout m_layout;
+    TitleBar m_titleBar;
     InheritedPipe m_pipe;
     WindowPump m_pump;
     Acquisition m_acquisition;
 
     HICON m_icon = nullptr;  // shared, the system's to free
-    std::wstring m_title;    // of the window once the title-bar hint is over
-    std::string m_hintText;
-    bool m_hintShown = true;  // to come, or on
     bool m_closing = false;
-    bool m_sessionEnding = false;  // nobody is there to answer messages any more
+    bool m_sessionEnding = false;  // nobody can answer messages any more
     bool m_arePrefsKnown = false;  // read, or there are none
-    int m_lastWidth = 0;           // outer size in pixels for which the controls are placed
-    int m_lastHeight = 0;
 };
 
 }  // namespace plotvane

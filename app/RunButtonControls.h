@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "framework/Wnd.h"
-#include "link/RunControl.h"
+#include "link/RunButtons.h"
 
 namespace plotvane {
 
@@ -12,16 +12,12 @@ class RunButtonControls : public RunButtons {
 public:
     explicit RunButtonControls(CWnd& dialog) : m_dialog(dialog) {}
 
-    // Once the dialog has its controls: every button gets its image, Stop and Pause are disabled.
+    // Once the dialog has its controls: every button gets its image, and the run buttons look as at the
+    // start.
     void SetUp();
 
     // RunButtons.
-    void ShowStop(bool active) override;
-    void ShowPause(PauseImage image) override;
-    void ShowLoad(bool active) override;
-    void EnableStop(bool enabled) override;
-    void EnablePause(bool enabled) override;
-    void EnableLoad(bool enabled) override;
+    void Show(const RunButtonsLook& look) override;
 
 private:
     void SetImage(int button, int icon);

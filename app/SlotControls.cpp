@@ -22,12 +22,8 @@ int AirFuelIdOf(int slot) {
     return IDC_AIR_FUEL_FIRST + AirFuelButtonOf(slot);
 }
 
-std::size_t Index(int index) {
-    return static_cast<std::size_t>(index);
-}
-
-// What other controls leave of one, in its own pixels and the caller's to free; null if none lies on it.
-// Frames cover nothing.
+// The part of a control that no other control covers, in the control's own pixels; null if nothing lies on
+// it. The caller frees it. Frames cover nothing.
 HRGN UncoveredPart(HWND control) {
     CRect place;
     ::GetWindowRect(control, &place);
@@ -56,12 +52,12 @@ void SetColour(CColorBox& box, Colour colour) {
 void SlotControls::SetUp() {
     TakeOverValueBoxes();
     for (int slot = 0; slot < kSlotCount; ++slot) {
-        CreateSwatch(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot,
+        CreateSwatch(m_swatches[slot], IDC_SWATCH_FIRST + slot,
                      IDC_SWATCH_WINDOW_FIRST + static_cast<UINT>(slot), true);
     }
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        CreateSwatch(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field,
-                     IDC_OBD_SWATCH_WINDOW_FIRST + static_cast<UINT>(field), false);
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        CreateSwatch(m_channelSwatches[channel], IDC_OBD_SWATCH_FIRST + channel,
+                     IDC_OBD_SWATCH_WINDOW_FIRST + static_cast<UINT>(channel), false);
     }
 }
 
@@ -69,15 +65,15 @@ void SlotControls::TakeOverValueBoxes() {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const int id = IDC_VALUE_FIRST + slot;
         m_dialog.SendDlgItemMessage(id, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
-        m_values[Index(slot)].TakeOver(m_dialog.GetDlgItem(id));
+        m_values[slot].TakeOver(m_dialog.GetDlgItem(id));
     }
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        m_obdValues[Index(field)].TakeOver(m_dialog.GetDlgItem(IDC_OBD_VALUE_FIRST + field));
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        m_channelValues[channel].TakeOver(m_dialog.GetDlgItem(IDC_OBD_VALUE_FIRST + channel));
     }
     m_elapsed.TakeOver(m_dialog.GetDlgItem(IDC_ELAPSED));
 }
 
-// On top of its placeholder, which would paint over it otherwise.
+// On top of its placeholder, which would otherwise paint over it.
 void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id, bool shown) {
     SetColour(box, InactiveColour());
     box.Create(WS_CHILD | WS_CLIPSIBLINGS | (shown ? WS_VISIBLE : 0), PlaceOfControl(m_dialog, placeholder),
@@ -92,14 +88,15 @@ void SlotControls::Place(CColorBox& box, int placeholder) {
 }
 
 void SlotControls::PlaceSwatches() {
-    for (int slot = 0; slot < kSlotCount; ++slot) Place(m_swatches[Index(slot)], IDC_SWATCH_FIRST + slot);
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        Place(m_obdSwatches[Index(field)], IDC_OBD_SWATCH_FIRST + field);
+    for (int slot = 0; slot < kSlotCount; ++slot) Place(m_swatches[slot], IDC_SWATCH_FIRST + slot);
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        Place(m_channelSwatches[channel], IDC_OBD_SWATCH_FIRST + channel);
     }
     ShowFocus(m_focused);
 }
 
-// Around the check box and the swatch above it. One that a layout has hidden may still have the focus.
+// Around the check box and the swatch above it. A check box that a layout has hidden may still have the
+// focus.
 void SlotControls::ShowFocus(int checkBox) {
     m_focused = checkBox;
     if (!::IsWindowVisible(m_dialog.GetDlgItem(checkBox))) return m_dialog.ShowDlgItem(IDC_SHOW_FOCUS, false);
@@ -119,8 +116,8 @@ int SlotControls::SlotAt(POINT screen) const {
     return HitAmong(screen, IDC_SWATCH_FIRST, kSlotCount);
 }
 
-int SlotControls::ObdFieldAt(POINT screen) const {
-    return HitAmong(screen, IDC_OBD_SWATCH_FIRST, kObdFieldCount);
+int SlotControls::ChannelAt(POINT screen) const {
+    return HitAmong(screen, IDC_OBD_SWATCH_FIRST, kChannelCount);
 }
 
 int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const {
@@ -133,7 +130,7 @@ int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const 
 }
 
 void SlotControls::ShowValue(int slot, std::string_view text) {
-    m_values[Index(slot)].Show(text);
+    m_values[slot].Show(text);
 }
 
 bool SlotControls::IsTraceShown(int slot) const {
@@ -145,7 +142,7 @@ void SlotControls::SetTraceShown(int slot, bool shown) {
 }
 
 void SlotControls::SetSwatch(int slot, Colour colour) {
-    SetColour(m_swatches[Index(slot)], colour);
+    SetColour(m_swatches[slot], colour);
 }
 
 void SlotControls::ShowAirFuelButton(int slot, bool shown) {
@@ -158,8 +155,8 @@ void SlotControls::ShowAirFuelButton(int slot, bool shown) {
     } else if (!shown && place.Width() < kWideBox) {
         ::MoveWindow(box, place.left, place.top, place.Width() + kAirFuelWidth, place.Height(), TRUE);
     }
-    if (m_airFuelShown[Index(slot)] == shown) return;
-    m_airFuelShown[Index(slot)] = shown;
+    if (m_airFuelShown[slot] == shown) return;
+    m_airFuelShown[slot] = shown;
     m_dialog.ShowDlgItem(AirFuelIdOf(slot), shown);
 }
 
@@ -177,7 +174,7 @@ void SlotControls::ShowSelection(int slot, int minimum, int maximum) {
                              AirFuelIdOf(slot), IDC_SHOW_FOCUS}) {
             ::InvalidateRect(m_dialog.GetDlgItem(id), nullptr, TRUE);
         }
-        m_swatches[Index(slot)].Invalidate();
+        m_swatches[slot].Invalidate();
     }
     ShowLimit(IDC_SCALE_MIN, minimum);
     ShowLimit(IDC_SCALE_MAX, maximum);
@@ -189,7 +186,7 @@ void SlotControls::HideFrame(int slot) {
     m_frame = kNoFrame;
 }
 
-// The user types into these boxes, so what they show is asked of them.
+// The user types into these edits, so only the edits themselves know what they show.
 void SlotControls::ShowLimit(int id, int limit) {
     std::string text;
     AppendDecimal(text, limit);
@@ -198,14 +195,14 @@ void SlotControls::ShowLimit(int id, int limit) {
 
 void SlotControls::ApplyLayout(bool tenChannels) {
     ShowRowA(!tenChannels);
-    ShowObdRow(tenChannels);
-    MakeRoomForObdRow(tenChannels);
+    ShowChannelRow(tenChannels);
+    MakeRoomForChannelRow(tenChannels);
     m_dialog.EnableDlgItem(IDC_SCALE_MIN, !tenChannels);
     m_dialog.EnableDlgItem(IDC_SCALE_MAX, !tenChannels);
     PlaceSwatches();
     if (m_fuelButtonsShown) FitFuelButtons();
     for (CColorBox& box : m_swatches) SetColour(box, InactiveColour());
-    for (CColorBox& box : m_obdSwatches) SetColour(box, InactiveColour());
+    for (CColorBox& box : m_channelSwatches) SetColour(box, InactiveColour());
     // The group boxes are transparent: erasing the dialog below them wipes them out.
     ::RedrawWindow(m_dialog.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
@@ -219,41 +216,41 @@ void SlotControls::ShowRowA(bool shown) {
         m_dialog.ShowDlgItem(IDC_VALUE_FIRST + slot, shown);
         m_dialog.ShowDlgItem(IDC_SHOW_FIRST + slot, shown);
         m_dialog.ShowDlgItem(IDC_SWATCH_FIRST + slot, shown);
-        m_swatches[Index(slot)].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
+        m_swatches[slot].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
     }
 }
 
-void SlotControls::ShowObdRow(bool shown) {
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        m_dialog.ShowDlgItem(IDC_OBD_VALUE_FIRST + field, shown);
-        m_dialog.ShowDlgItem(IDC_OBD_SHOW_FIRST + field, shown);
-        m_dialog.ShowDlgItem(IDC_OBD_SWATCH_FIRST + field, shown);
-        m_obdSwatches[Index(field)].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
+void SlotControls::ShowChannelRow(bool shown) {
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        m_dialog.ShowDlgItem(IDC_OBD_VALUE_FIRST + channel, shown);
+        m_dialog.ShowDlgItem(IDC_OBD_SHOW_FIRST + channel, shown);
+        m_dialog.ShowDlgItem(IDC_OBD_SWATCH_FIRST + channel, shown);
+        m_channelSwatches[channel].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
     }
 }
 
-// The first two OBD values lie where the replay speed is set.
-void SlotControls::MakeRoomForObdRow(bool made) {
+// The boxes of the first two channels lie on the controls of the replay speed.
+void SlotControls::MakeRoomForChannelRow(bool made) {
     if (made) m_replaySpeedHidden = ::IsWindowVisible(m_dialog.GetDlgItem(IDC_REPLAY_SPEED)) != FALSE;
     if (!m_replaySpeedHidden) return;
     for (const int id : {IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_REPLAY_FASTER})
         m_dialog.ShowDlgItem(id, !made);
 }
 
-void SlotControls::ShowObdValue(int field, std::string_view text) {
-    m_obdValues[Index(field)].Show(text);
+void SlotControls::ShowChannelValue(int channel, std::string_view text) {
+    m_channelValues[channel].Show(text);
 }
 
-bool SlotControls::IsObdTraceShown(int field) const {
-    return m_dialog.IsDlgButtonChecked(IDC_OBD_SHOW_FIRST + field);
+bool SlotControls::IsChannelShown(int channel) const {
+    return m_dialog.IsDlgButtonChecked(IDC_OBD_SHOW_FIRST + channel);
 }
 
-void SlotControls::SetObdTraceShown(int field, bool shown) {
-    SetChecked(IDC_OBD_SHOW_FIRST + field, shown);
+void SlotControls::SetChannelShown(int channel, bool shown) {
+    SetChecked(IDC_OBD_SHOW_FIRST + channel, shown);
 }
 
-void SlotControls::SetObdSwatch(int field, Colour colour) {
-    SetColour(m_obdSwatches[Index(field)], colour);
+void SlotControls::SetChannelSwatch(int channel, Colour colour) {
+    SetColour(m_channelSwatches[channel], colour);
 }
 
 Colour SlotControls::InactiveColour() const {
@@ -272,9 +269,9 @@ void SlotControls::FitFuelButtons() {
     for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) FitFuelButton(id);
 }
 
-// In a replay the controls of its speed lie on the fuel buttons, with ten channels these do. What is left of
-// a button is shown and can be clicked; so that no part of a letter looks out, it wears a picture at its
-// right end in place of its text.
+// In a replay the controls of its speed cover the fuel buttons in part; in the ten-channel layout the
+// channels' boxes do. The uncovered part of a button is shown and can be clicked. It has a picture at its
+// right end in place of its text, because the text would be cut through.
 void SlotControls::FitFuelButton(int id) {
     const HWND button = m_dialog.GetDlgItem(id);
     const HRGN uncovered = UncoveredPart(button);

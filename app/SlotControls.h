@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 
 #include "controls/ColorBox.h"
@@ -16,19 +15,19 @@ public:
     SlotControls(CWnd& dialog, std::string pixelShiftText)
         : m_dialog(dialog), m_pixelShiftText(std::move(pixelShiftText)) {}
 
-    // Once the dialog has its controls: the swatch windows over their placeholders, and all of a value box's
-    // width for its text.
+    // Once the dialog has its controls: creates the swatch windows over their placeholders, and gives the
+    // text of a value box the box's whole width.
     void SetUp();
 
-    // Puts every swatch over its placeholder again, wherever that is now, and the mark of the focus around
-    // its check box. The caller has the dialog drawn again.
+    // Moves every swatch to where its placeholder is now, and the focus mark around its check box. The caller
+    // redraws the dialog.
     void PlaceSwatches();
 
-    // The slot or OBD field whose swatch lies under a point of the screen; -1 for none.
+    // The slot or channel whose swatch lies under a point of the screen; -1 for none.
     int SlotAt(POINT screen) const;
-    int ObdFieldAt(POINT screen) const;
+    int ChannelAt(POINT screen) const;
 
-    // Marks the check box that has the focus, by its id, of a slot or of an OBD field; 0 for none.
+    // Marks the check box that has the focus, by its id, of a slot or of a channel; 0 for none.
     void ShowFocus(int checkBox);
 
     // SlotPanel.
@@ -41,10 +40,10 @@ public:
     void ShowSelection(int slot, int minimum, int maximum) override;
     void HideFrame(int slot) override;
     void ApplyLayout(bool tenChannels) override;
-    void ShowObdValue(int field, std::string_view text) override;
-    bool IsObdTraceShown(int field) const override;
-    void SetObdTraceShown(int field, bool shown) override;
-    void SetObdSwatch(int field, Colour colour) override;
+    void ShowChannelValue(int channel, std::string_view text) override;
+    bool IsChannelShown(int channel) const override;
+    void SetChannelShown(int channel, bool shown) override;
+    void SetChannelSwatch(int channel, Colour colour) override;
     Colour InactiveColour() const override;
     void ShowFuelButtons(bool shown) override;
     void ShowPixelShift(int pixels) override;
@@ -58,8 +57,8 @@ private:
     void Place(CColorBox& box, int placeholder);
     int HitAmong(POINT screen, int firstPlaceholder, int count) const;
     void ShowRowA(bool shown);
-    void ShowObdRow(bool shown);
-    void MakeRoomForObdRow(bool made);
+    void ShowChannelRow(bool shown);
+    void MakeRoomForChannelRow(bool made);
     void ShowLimit(int id, int limit);
     void FitFuelButtons();
     void FitFuelButton(int id);
@@ -67,14 +66,14 @@ private:
 
     CWnd& m_dialog;
     const std::string m_pixelShiftText;
-    std::array<CValueBox, kSlotCount> m_values;
-    std::array<CValueBox, kObdFieldCount> m_obdValues;
-    std::array<CColorBox, kSlotCount> m_swatches;
-    std::array<CColorBox, kObdFieldCount> m_obdSwatches;
-    std::array<bool, kSlotCount> m_airFuelShown{};
+    IndexedArray<CValueBox, kSlotCount> m_values{};
+    IndexedArray<CValueBox, kChannelCount> m_channelValues{};
+    IndexedArray<CColorBox, kSlotCount> m_swatches{};
+    IndexedArray<CColorBox, kChannelCount> m_channelSwatches{};
+    IndexedArray<bool, kSlotCount> m_airFuelShown{};
     CValueBox m_elapsed;
     bool m_fuelButtonsShown = false;
-    bool m_replaySpeedHidden = false;  // it was shown, but the OBD row lies there now
+    bool m_replaySpeedHidden = false;  // it was shown, but the ten channels lie there now
     int m_frame = kNoFrame;            // the slot whose frame is shown
     int m_focused = 0;
 };

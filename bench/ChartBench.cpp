@@ -48,8 +48,8 @@ void Settle() {
 
 TraceValues Sample(int i) {
     TraceValues values{};
-    for (std::size_t k = 0; k < values.size(); ++k) {
-        values[k] = 50.0 + 45.0 * std::sin(i * 0.01 * static_cast<double>(k + 1) + static_cast<double>(k));
+    for (int k = 0; k < kTraceCount; ++k) {
+        values[k] = 50.0 + 45.0 * std::sin(i * 0.01 * (k + 1) + k);
     }
     return values;
 }

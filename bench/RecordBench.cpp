@@ -118,21 +118,22 @@ double BlocksUs(const std::vector<std::string>& blocks) {
     RecordBuffer record;
     const double began = NowUs();
     int count = 0;
-    while (reader.Read(record, run) == Block::Record) ++count;
+    while (!reader.Read(record, run)) ++count;
     return count == kRecords ? (NowUs() - began) / kRecords : -1;
 }
 
 // Slots, tables and views as in the program, without the loop.
 struct Bound {
     test::TempFolder folder;
-    DriveData data{folder.Path()};
+    ProgramData data{folder.Path()};
     test::FakeChart chart;
     test::FakePanel panel;
     test::FakeMeters meters;
-    TracePlot plot{data.state, data.slots, data.defaults, data.ranges, chart, panel, meters};
-    SlotSelection selection{plot};
+    Sample sample{data.state, data.prefs, data.slots, data.defaults, data.ranges};
+    Views views{chart, panel, meters};
+    SlotSelection selection{sample, panel};
     FuelFigures fuel{{"MPG", "L/100km", "Gal. per Hour"}};
-    TraceScaling scaling{plot, selection, fuel, data.prefs};
+    TraceScaling scaling{sample, views, selection};
 };
 
 double ParsedUs(const std::vector<std::string>& records, bool bind) {
@@ -143,7 +144,9 @@ double ParsedUs(const std::vector<std::string>& records, bool bind) {
     for (std::size_t i = 0; i < kRecords; ++i) {
         if (!ParseRecord(records[i % records.size()], position, bound.data.slots, bound.data.state))
             return -1;
-        if (bind) bound.scaling.UpdateSlots();
+        if (!bind) continue;
+        bound.fuel.UpdateFuel(bound.sample, bound.views);
+        bound.scaling.UpdateSlots();
     }
     return (NowUs() - began) / kRecords;
 }

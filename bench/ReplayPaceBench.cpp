@@ -29,9 +29,9 @@ double TakenMs(int periodMs) {
     test::FakeChart chart;
     test::FakePanel panel;
     test::FakeMeters meters;
-    TracePlot plot{state, slots, defaults, ranges, chart, panel, meters};
+    Sample sample{state, prefs, slots, defaults, ranges};
     WindowPump pump(state);
-    ReplayPacing pacing(plot, pump, prefs);
+    ReplayPacing pacing(sample, {chart, panel, meters}, pump);
     const LoopRun run(state);
 
     constexpr double kFirstStamp = 1.0;  // a stamp of 0 counts as none

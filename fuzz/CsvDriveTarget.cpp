@@ -47,7 +47,7 @@ void RequireSaneRecord(const Drive& drive, double seconds, RecordForm form) {
     SlotTable slots;
     RunState state;
     Require(ParseRecord(text, text.find(',') + 1, slots, state), "a record parses");
-    Require(state.obdNow == (form == RecordForm::Obd), "a record has the form asked for");
+    Require(state.tenChannels == (form == RecordForm::Obd), "a record has the form asked for");
     RequireSaneSlots(slots);
 }
 

@@ -20,7 +20,7 @@ namespace plotvane::fuzz {
 //   what the user does
 //   t  so many hundredths of a second later; then one character for each click:
 //      S Stop, P Pause, L Load, + - pixel shift, * / replay speed, > < next or previous slot,
-//      0..9 the check box of a slot and of an OBD field, A all A/F switches, M a limit: the rest of the line
+//      0..9 the check box of a slot and of a channel, A all A/F switches, M a limit: the rest of the line
 //      is typed as minimum and as maximum of the selected slot
 //
 // Other lines say nothing.

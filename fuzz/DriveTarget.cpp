@@ -149,7 +149,7 @@ public:
 
     void Run() {
         constexpr int kIdleMs = 10;
-        if (m_data.state.hostRunning) m_acquisition.loop.Start();
+        if (m_data.state.hostRunning) m_acquisition.control.StartLive();
         while (m_pump.HasClicks()) m_pump.SleepAndDispatch(kIdleMs);
         m_dialog.Close();
         RequireSane();
@@ -166,8 +166,8 @@ private:
     void Perform(std::string_view clicks) {
         for (std::size_t i = 0; i < clicks.size() && m_dialog.closes == 0; ++i) {
             if (clicks[i] == 'M') {
-                m_acquisition.selection.SetMinimum(clicks.substr(i + 1));
-                m_acquisition.selection.SetMaximum(clicks.substr(i + 1, 3));
+                m_acquisition.loop.Selection().SetMinimum(clicks.substr(i + 1));
+                m_acquisition.loop.Selection().SetMaximum(clicks.substr(i + 1, 3));
                 return;
             }
             Click(clicks[i]);
@@ -199,19 +199,19 @@ private:
                 if (state.replayPeriodMs < kReplayPeriodMaxMs) state.replayPeriodMs *= 2;
                 break;
             case '>':
-                m_acquisition.selection.SelectNext();
+                m_acquisition.loop.Selection().SelectNext();
                 break;
             case '<':
-                m_acquisition.selection.SelectPrevious();
+                m_acquisition.loop.Selection().SelectPrevious();
                 break;
             case 'A':
                 for (bool& on : m_panel.airFuelOn) on = !on;
                 break;
             default:
                 if (button < '0' || button > '9') break;
-                const auto index = static_cast<std::size_t>(button - '0');
-                m_panel.shown.at(index) = !m_panel.shown.at(index);
-                m_panel.obdShown.at(index) = !m_panel.obdShown.at(index);
+                const int box = button - '0';
+                m_panel.shown[box] = !m_panel.shown[box];
+                m_panel.channelsShown[box] = !m_panel.channelsShown[box];
                 break;
         }
     }
@@ -221,9 +221,9 @@ private:
         Require(state.stopped, "a closed program has stopped");
         Require(state.pixelShift >= kPixelShiftMin && state.pixelShift <= kPixelShiftMax,
                 "the pixel shift is 1..15");
-        Require(
-            std::isfinite(m_acquisition.fuel.Consumption()) && std::isfinite(m_acquisition.fuel.Mileage()),
-            "a fuel figure is finite");
+        Require(std::isfinite(m_acquisition.loop.Fuel().Consumption()) &&
+                    std::isfinite(m_acquisition.loop.Fuel().Mileage()),
+                "a fuel figure is finite");
         for (const std::string& text : m_panel.values) {
             constexpr std::size_t kLongest = 100 + 15;  // a "%g" number and a unit
             Require(text.size() <= kLongest, "a value box is bounded");
@@ -251,7 +251,7 @@ private:
         std::filesystem::remove(path);
     }
 
-    DriveData m_data{ScratchPath() / "Scaling"};
+    ProgramData m_data{ScratchPath() / "Scaling"};
     test::FakePanel m_panel;
     LineChart m_chart{m_data.prefs, m_data.state, m_data.slots};
     OpenMeters m_meters;
@@ -259,11 +259,11 @@ private:
     test::FakeDialog m_dialog;
     DrivePump m_pump{[this] { EndProgram(); }};
     Acquisition m_acquisition{m_data,
-                              {m_chart, m_panel, m_meters, m_dialog, m_dialog, m_dialog, m_dialog},
+                              {{m_chart, m_panel, m_meters}, m_dialog, m_dialog},
                               m_pipe,
                               m_pump,
                               {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}};
-    SampleCheck m_check{m_data, m_panel, m_acquisition.fuel};
+    SampleCheck m_check{m_data, m_panel, m_acquisition.loop.Fuel()};
 };
 
 }  // namespace

@@ -95,7 +95,7 @@ void RequireSaneRows(const Replay& replay) {
         // The unit of a generic OBD log may hold commas, and so anything.
         if (!whole || replay.obdFile || !FitsTheParser(record)) continue;
         Require(parsed, "a whole row is a record that parses");
-        if (state.obdNow) continue;
+        if (state.tenChannels) continue;
         for (int slot = 0; slot < kSlotCount; ++slot) {
             const FieldSlot& column = replay.slots[slot];
             Require(slots[slot].group == std::max(column.group, 0),

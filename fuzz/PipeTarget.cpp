@@ -75,22 +75,22 @@ private:
 
 // The next block that a reader must find in the stream, in whatever portions it arrives.
 struct Expected {
-    Block block = Block::HostStopped;
-    std::string_view bytes;  // of a record
+    std::optional<RunEnd> end = RunEnd::Stopped;  // nothing: a record
+    std::string_view bytes;                       // of a record
     bool hostGone = false;
 };
 
 Expected TakeExpected(std::string_view& stream) {
     stream.remove_prefix(std::min(stream.find_first_not_of('\xFF'), stream.size()));
     if (stream.starts_with('\xFE') || stream.starts_with('\xFD')) {
-        const Block block = stream.front() == '\xFE' ? Block::HostStopped : Block::HostClosing;
+        const RunEnd end = stream.front() == '\xFE' ? RunEnd::Stopped : RunEnd::Closing;
         stream.remove_prefix(1);
-        return {.block = block, .bytes = {}};
+        return {.end = end, .bytes = {}};
     }
     if (stream.size() < RecordBuffer::kBlockSize) return {.bytes = {}, .hostGone = true};
     const auto bytes = stream.substr(0, RecordBuffer::kBlockSize);
     stream.remove_prefix(bytes.size());
-    return {.block = Block::Record, .bytes = bytes};
+    return {.end = std::nullopt, .bytes = bytes};
 }
 
 // Reads a stream to its end, run by run, as the loop does, and compares each block with the stream.
@@ -102,18 +102,18 @@ public:
         StartRun();
         while (true) {
             const int dispatchesBefore = m_pump.dispatches;
-            const Block block = m_reader.Read(m_record, *m_run);
+            const auto end = m_reader.Read(m_record, *m_run);
             Require(m_pump.dispatches > dispatchesBefore, "every round dispatches messages");
-            if (block == Block::Ended) {
+            if (end == RunEnd::Interrupted) {
                 Require(m_state.stopped, "a run ends because it was stopped");
                 StartRun();
                 continue;
             }
             RequireRoundsOf50Ms();
             const Expected expected = TakeExpected(m_expected);
-            Require(block == expected.block, "a block is what its lead byte says");
+            Require(end == expected.end, "a block is what its lead byte says");
             if (expected.hostGone) return;
-            if (block != Block::Record) {
+            if (end) {
                 StartRun();
                 continue;
             }

@@ -16,18 +16,19 @@ namespace {
 void RequireSaneAnswer(std::string_view text, std::size_t position) {
     SlotTable slots;
     RunState state;
-    state.obdNow = true;
+    state.tenChannels = true;
     const bool whole = ParseRecord(text, position, slots, state);
     RequireSaneSlots(slots);
-    Require(state.obdPrevious, "the form of the record before is remembered");
+    Require(state.hadTenChannels, "the form of the record before is remembered");
 
     // Parses again into the used slots: no record may depend on the one before.
     SlotTable again = slots;
     RunState stateAgain;
     Require(ParseRecord(text, position, again, stateAgain) == whole, "the same record parses the same");
-    Require(AreEqual(slots, again) && state.obdNow == stateAgain.obdNow, "the same record parses the same");
+    Require(AreEqual(slots, again) && state.tenChannels == stateAgain.tenChannels,
+            "the same record parses the same");
 
-    if (!whole || state.obdNow) return;
+    if (!whole || state.tenChannels) return;
     const std::string rewritten = RecordOf(slots);
     if (rewritten.empty()) return;
     SlotTable reread;

@@ -26,7 +26,7 @@ std::string BoxOf(const FieldSlot& slot) {
 
 void SampleCheck::operator()(const TraceValues& values) {
     RequireFuel();
-    if (m_data.state.obdNow) {
+    if (m_data.state.tenChannels) {
         RequireChannels(values);
     } else {
         RequireSlots(values);
@@ -35,15 +35,14 @@ void SampleCheck::operator()(const TraceValues& values) {
 
 void SampleCheck::RequireSlots(const TraceValues& values) const {
     for (int k = 0; k < kSlotCount; ++k) {
-        const auto index = static_cast<std::size_t>(k);
         const FieldSlot& slot = m_data.slots[k];
-        if (m_panel.shown[index])
-            Require(slot.IsActive() && values[index] == slot.value, "a shown trace gets its slot's value");
+        if (m_panel.shown[k])
+            Require(slot.IsActive() && values[k] == slot.value, "a shown trace gets its slot's value");
         if (m_data.state.obdFile) continue;
-        const std::string& box = m_panel.values[index];
+        const std::string& box = m_panel.values[k];
         if (!slot.IsActive()) {
             Require(box.empty(), "the box of an empty slot is empty");
-        } else if (m_panel.airFuelOn[index] && slot.unit.empty()) {
+        } else if (m_panel.airFuelOn[k] && slot.unit.empty()) {
             Require(box == BoxOf(slot) || box == Printed("%1.1f", slot.value),
                     "a box shows the value or the ratio");
         } else {
@@ -54,16 +53,15 @@ void SampleCheck::RequireSlots(const TraceValues& values) const {
 
 void SampleCheck::RequireChannels(const TraceValues& values) const {
     constexpr double kNotDrawn = -1.0;
-    for (std::size_t field = 0; field < kObdFieldCount; ++field) {
-        const double value = m_data.slots.obdValues[field];
-        Require(m_panel.obdValues[field] == Printed("%g", value), "a small box shows its value");
-        Require(values[field] == (m_panel.obdShown[field] ? value : kNotDrawn),
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        const double value = m_data.slots.channelValues[channel];
+        Require(m_panel.channelValues[channel] == Printed("%g", value), "a small box shows its value");
+        Require(values[channel] == (m_panel.channelsShown[channel] ? value : kNotDrawn),
                 "a shown channel gets its value");
     }
     Require(values[10] == kNotDrawn && values[11] == kNotDrawn, "there are ten channels");
     for (int k = kSlotColumns; k < kSlotCount; ++k)
-        Require(m_panel.values[static_cast<std::size_t>(k)] == BoxOf(m_data.slots[k]),
-                "the other rows keep their boxes");
+        Require(m_panel.values[k] == BoxOf(m_data.slots[k]), "the other rows keep their boxes");
 }
 
 void SampleCheck::RequireFuel() {

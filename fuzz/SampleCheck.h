@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "link/DriveData.h"
+#include "link/ProgramData.h"
 #include "plot/binding/FuelFigures.h"
 #include "plot/chart/TraceChart.h"
 #include "tests/support/FakeViews.h"
@@ -13,7 +13,7 @@ namespace plotvane::fuzz {
 // rules that are written a second time here.
 class SampleCheck {
 public:
-    SampleCheck(const DriveData& data, const test::FakePanel& panel, const FuelFigures& fuel)
+    SampleCheck(const ProgramData& data, const test::FakePanel& panel, const FuelFigures& fuel)
         : m_data(data), m_panel(panel), m_fuel(fuel) {
         m_history.fill(kNoEntry);
     }
@@ -27,7 +27,7 @@ private:
     void RequireChannels(const TraceValues& values) const;
     void RequireFuel();
 
-    const DriveData& m_data;
+    const ProgramData& m_data;
     const test::FakePanel& m_panel;
     const FuelFigures& m_fuel;
     std::array<double, FuelFigures::kHistoryLength> m_history{};  // newest first

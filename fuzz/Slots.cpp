@@ -39,12 +39,12 @@ void RequireSaneSlots(const SlotTable& slots) {
         Require(slot.unit.find(',') == std::string::npos, "a unit ends at a comma");
         Require(slot.unit.find('\0') == std::string::npos, "a record ends at a NUL");
     }
-    Require(std::ranges::all_of(slots.obdValues, [](double value) { return std::isfinite(value); }),
-            "an OBD value is finite");
+    Require(std::ranges::all_of(slots.channelValues, [](double value) { return std::isfinite(value); }),
+            "the value of a channel is finite");
 }
 
 bool AreEqual(const SlotTable& a, const SlotTable& b) {
-    return std::ranges::equal(a.slots, b.slots, IsEqual) && a.obdValues == b.obdValues;
+    return std::ranges::equal(a.slots, b.slots, IsEqual) && a.channelValues == b.channelValues;
 }
 
 std::string RecordOf(const SlotTable& slots) {

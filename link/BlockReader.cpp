@@ -13,7 +13,7 @@ constexpr char kNothingNew = '\xFF';
 constexpr char kHostStops = '\xFE';
 constexpr char kHostCloses = '\xFD';
 
-// A host that idles faster than the rounds must not build a backlog, nor keep the window from answering.
+// A host that sends "nothing new" faster than the rounds must neither build a backlog nor block the window.
 constexpr int kMaxIdleFillsPerRound = 64;
 
 }  // namespace
@@ -24,33 +24,33 @@ void BlockReader::Attach(int descriptor) {
     m_pipe.Attach(descriptor);
 }
 
-Block BlockReader::Read(RecordBuffer& record, const LoopRun& run) {
+std::optional<RunEnd> BlockReader::Read(RecordBuffer& record, const LoopRun& run) {
     do {
         WaitOutTheRound(run);
-        if (run.Ended()) return Block::Ended;
-        if (!DropIdleBytes()) return Block::HostStopped;
+        if (run.Ended()) return RunEnd::Interrupted;
+        if (!DropIdleBytes()) return RunEnd::Stopped;
     } while (Kept() == 0);
 
     if (m_bytes[m_begin] == kHostStops || m_bytes[m_begin] == kHostCloses) {
-        return m_bytes[m_begin++] == kHostStops ? Block::HostStopped : Block::HostClosing;
+        return m_bytes[m_begin++] == kHostStops ? RunEnd::Stopped : RunEnd::Closing;
     }
 
     while (Kept() < RecordBuffer::kBlockSize) {
         const std::size_t before = Kept();
-        if (!Fill()) return Block::HostStopped;
+        if (!Fill()) return RunEnd::Stopped;
         if (Kept() > before) continue;
         m_pump.SleepAndDispatch(kHalfBlockMs);
-        if (run.Ended()) return Block::Ended;
+        if (run.Ended()) return RunEnd::Interrupted;
     }
     std::copy_n(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_begin), RecordBuffer::kBlockSize,
                 record.Block().begin());
     m_begin += RecordBuffer::kBlockSize;
-    return Block::Record;
+    return std::nullopt;
 }
 
-// Rounds follow one another without a gap, so that neither the time a record takes nor a late wake-up slows
-// the pace below twenty blocks a second; after a longer hold-up the count starts afresh. Messages are
-// dispatched at least once in every round.
+// Rounds follow one another without a gap. So neither the time that a record takes nor a late wake-up makes
+// the pace slower than twenty blocks a second. After a longer delay the rounds start again from now. Messages
+// are dispatched at least once in every round.
 void BlockReader::WaitOutTheRound(const LoopRun& run) {
     const double roundEndsMs = m_roundBeganMs + kRoundMs;
     double leftMs = roundEndsMs - m_pump.NowMs();
@@ -61,7 +61,7 @@ void BlockReader::WaitOutTheRound(const LoopRun& run) {
     m_roundBeganMs = -leftMs > kRoundMs ? m_pump.NowMs() : roundEndsMs;
 }
 
-// Drops the "nothing new" bytes in front, all that have arrived. False at the end of the stream.
+// Drops all "nothing new" bytes that have arrived before anything else. False at the end of the stream.
 bool BlockReader::DropIdleBytes() {
     for (int fills = 0;; ++fills) {
         while (Kept() > 0 && m_bytes[m_begin] == kNothingNew) ++m_begin;
@@ -71,8 +71,8 @@ bool BlockReader::DropIdleBytes() {
     }
 }
 
-// Takes what has arrived behind the bytes kept. False at the end of the stream; the rest of a block is then
-// dropped, because its other part will never come.
+// Appends what has arrived to the bytes kept. False at the end of the stream: what is there of a block is
+// then dropped, because the rest will never come.
 bool BlockReader::Fill() {
     std::move(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_begin),
               m_bytes.begin() + static_cast<std::ptrdiff_t>(m_end), m_bytes.begin());

@@ -3,32 +3,25 @@
 #include <array>
 
 #include "link/HostPipe.h"
-#include "model/LoopRun.h"
+#include "link/RecordSource.h"
 #include "model/MessagePump.h"
-#include "model/RecordBuffer.h"
 
 namespace plotvane {
 
-enum class Block {
-    Record,       // the record buffer holds a new block
-    HostStopped,  // the host has stopped sending, or is gone
-    HostClosing,
-    Ended,  // the run ended while waiting
-};
-
-// Takes the host's blocks out of the pipe: a lead byte, and behind any that is no control code the 512 other
-// bytes of a record. The window stays alive throughout, also when a block stops half-way. Bytes that have
-// arrived but are not used yet are kept from one run of the loop to the next, so a run that ends inside a
-// block never makes the next one take the rest for lead bytes.
+// Takes the host's blocks out of the pipe: a lead byte and, unless that is a control code, the 512 other
+// bytes of a record. The window stays alive throughout, even when a block stops half-way. Bytes that have
+// arrived but are not used yet are kept for the next run. So if a run ends inside a block, the next one does
+// not take the rest of it for lead bytes.
 class BlockReader {
 public:
     BlockReader(HostPipe& pipe, MessagePump& pump) : m_pipe(pipe), m_pump(pump) {}
 
-    // Reads from this descriptor; what is kept of another one is dropped.
+    // Reads from this descriptor. Bytes kept from another one are dropped.
     void Attach(int descriptor);
 
-    // Waits for the next block, at least the rest of the 50 ms round that began after the last wait.
-    Block Read(RecordBuffer& record, const LoopRun& run);
+    // Waits for the next block, at least for the rest of the 50 ms round that began after the last wait.
+    // Answers as RecordSource::Read does.
+    std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run);
 
 private:
     static constexpr std::size_t kBufferSize = 4096;

@@ -2,7 +2,7 @@
 
 namespace plotvane {
 
-// True if the host runs: it holds the mutex "DIAGNEL-Running". Leaves no trace of having asked.
+// True if the host runs: it holds the mutex "DIAGNEL-Running". Asking leaves nothing behind.
 bool IsHostRunning();
 
 }  // namespace plotvane

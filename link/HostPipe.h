@@ -10,7 +10,7 @@ struct HostPipe {
 
     virtual ~HostPipe() = default;
 
-    // From now on reads come from this descriptor of the C runtime; a bad one reads as a closed pipe.
+    // Reads from this descriptor of the C runtime from now on. A bad one reads as a closed pipe.
     virtual void Attach(int descriptor) = 0;
 
     // Takes what has already arrived, at most the buffer's size, and never waits for more: the count, 0 when

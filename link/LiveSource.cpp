@@ -11,18 +11,4 @@ bool LiveSource::Open() {
     return true;
 }
 
-Next LiveSource::Read(RecordBuffer& record, const LoopRun& run) {
-    switch (m_blocks.Read(record, run)) {
-        case Block::Record:
-            return Next::Record;
-        case Block::HostClosing:
-            return Next::Closing;
-        case Block::Ended:
-            return Next::Ended;
-        case Block::HostStopped:
-            break;
-    }
-    return Next::Stopped;
-}
-
 }  // namespace plotvane

@@ -13,7 +13,9 @@ public:
     // Reads the exchange file in the current folder. False if there is none.
     bool Open();
 
-    Next Read(RecordBuffer& record, const LoopRun& run) override;
+    std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run) override {
+        return m_blocks.Read(record, run);
+    }
 
 private:
     BlockReader m_blocks;

@@ -1,14 +1,23 @@
 #include "link/LogSource.h"
 
+#include <utility>
+
 #include "logs/LogCheck.h"
 #include "model/Meanwhile.h"
 #include "res/resource.h"
 
 namespace plotvane {
 
+LogSource::Opening LogSource::Open(SlotTable& slots) {
+    const Meanwhile opening(m_isOpening);
+    const std::uint32_t stops = m_state.stops;
+    if (OpenLogFile() != 1 || stops != m_state.stops) return Opening::NoLog;
+    return ReadHeader(slots) && stops == m_state.stops ? Opening::Done : Opening::BadHeader;
+}
+
 int LogSource::OpenLogFile() {
     if (!m_state.reopenLog) {
-        auto chosen = m_chooser.ChooseLog();
+        auto chosen = m_window.ChooseLog();
         if (!chosen) return 0;
         m_log = std::move(*chosen);
     }
@@ -16,42 +25,51 @@ int LogSource::OpenLogFile() {
         case LogCheck::HostLog:
             return 1;
         case LogCheck::Unreadable:
-            m_owner.ShowMessage(IDS_CANNOT_OPEN_FILE, IDS_ERROR);
+            m_window.ShowMessage(IDS_CANNOT_OPEN_FILE, IDS_ERROR);
             break;
         case LogCheck::SomethingElse:
-            m_owner.ShowMessage(IDS_NOT_A_LOG, IDS_DOH);
+            m_window.ShowMessage(IDS_NOT_A_LOG, IDS_DOH);
             break;
     }
     return -1;
 }
 
-int LogSource::ReadLogHeader(SlotTable& slots) {
-    const Meanwhile reading(m_isBeingRead);
-    return m_reader.ReadLogHeader(slots);
+bool LogSource::ReadHeader(SlotTable& slots) {
+    m_isStepDone = false;
+    if (!m_reader.Open(m_log)) {
+        m_window.ShowMessage(IDS_CANNOT_OPEN_FILE, IDS_ERROR);
+        return false;
+    }
+    if (m_reader.ReadLogHeader(slots) <= 0) {
+        m_window.ShowMessage(IDS_BAD_LOG_HEADER, IDS_PARSING_ERROR);
+        return false;
+    }
+    return true;
+}
+
+std::optional<RunEnd> LogSource::Read(RecordBuffer& record, const LoopRun& run) {
+    if (!std::exchange(m_isStepDone, false)) {
+        m_isStepDone = m_pacing.ReplayStep(m_reader.Stamps(), run);
+        if (run.Ended()) return RunEnd::Interrupted;
+        if (m_isStepDone) return RunEnd::Halted;
+    }
+    const LogRow row = ReadRow(record);
+    if (run.Ended()) return RunEnd::Interrupted;  // a long row dispatches messages
+    switch (row) {
+        case LogRow::Complete:
+            return std::nullopt;
+        case LogRow::Ended:
+            break;
+        case LogRow::Short:
+            m_window.ShowMessage(IDS_LOG_ROW_SHORT, IDS_UH_OH);
+            break;
+    }
+    return RunEnd::Stopped;
 }
 
 LogRow LogSource::ReadRow(RecordBuffer& record) {
     const Meanwhile reading(m_isBeingRead);
     return m_reader.ReadLogRow(record);
-}
-
-Next LogSource::Read(RecordBuffer& record, const LoopRun& run) {
-    const bool halt = m_pacing.ReplayStep(m_reader.Stamps(), run);
-    if (run.Ended()) return Next::Ended;
-    if (halt) m_owner.Pause();
-    if (run.Ended()) return Next::Ended;
-    const LogRow row = ReadRow(record);
-    if (run.Ended()) return Next::Ended;  // in the midst of the row, which was long
-    switch (row) {
-        case LogRow::Complete:
-            return Next::Record;
-        case LogRow::Ended:
-            break;
-        case LogRow::Short:
-            m_owner.ShowMessage(IDS_LOG_ROW_SHORT, IDS_UH_OH);
-            break;
-    }
-    return Next::Stopped;
 }
 
 }  // namespace plotvane

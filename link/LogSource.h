@@ -1,63 +1,70 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
 
-#include "link/LoopOwner.h"
 #include "link/RecordSource.h"
+#include "link/RunWatch.h"
 #include "logs/LogReader.h"
+#include "model/MainWindow.h"
 #include "plot/binding/ReplayPacing.h"
 
 namespace plotvane {
 
-// Lets the user choose a log. Nothing if the user cancels.
-struct LogChooser {
-    virtual ~LogChooser() = default;
-    virtual std::optional<std::filesystem::path> ChooseLog() = 0;
-};
-
-// Records from a log of the host's, at the pace of its time stamps.
+// Records from one of the host's logs, at the pace of its time stamps.
 class LogSource : public RecordSource {
 public:
-    // The watch keeps the window alive while long lines are read.
-    LogSource(RunState& state, ReplayPacing& pacing, LogChooser& chooser, LoopOwner& owner, ReadWatch& watch)
-        : m_state(state), m_pacing(pacing), m_chooser(chooser), m_owner(owner), m_reader(state, &watch) {}
+    // All references must outlive this object.
+    LogSource(RunState& state, ReplayPacing& pacing, MainWindow& window, MessagePump& pump)
+        : m_state(state),
+          m_pacing(pacing),
+          m_window(window),
+          m_watch(pump, state),
+          m_reader(state, &m_watch) {}
+
+    enum class Opening {
+        Done,
+        NoLog,     // the user has chosen none, or no log of the host's
+        BadHeader  // it cannot be opened again, or its header is malformed
+    };
+
+    // Chooses a log as OpenLogFile does, opens it at its start and reads its header: groups, fields and units
+    // of the slots. Tells the user if that fails. The file dialog, the messages and long headers dispatch
+    // messages; after a Stop or a close among them there is no log to play. Only while MayOpen.
+    Opening Open(SlotTable& slots);
 
     // Lets the user choose a log, or takes the last one again when a stopped replay is to be repeated, and
     // checks its first line. 1: a log of the host's; 0: the user has cancelled; -1: it cannot be opened or
     // is something else, and the user has been told.
     int OpenLogFile();
 
-    // Opens the chosen log at its start. False if it cannot be opened. Not to be called while it is being
-    // read.
-    bool Reopen() { return m_reader.Open(m_log); }
+    // Handlers that are dispatched in the middle of opening or reading a log ask these: opening another log
+    // then would replace the one in use.
+    bool IsOpening() const { return m_isOpening; }
+    bool MayOpen() const { return !m_isOpening && !m_isBeingRead; }
 
     void Close() { m_reader.Close(); }
-
-    // Reads the header: groups, fields and units of the slots. 0 or less if it is malformed. Dispatches
-    // messages where it is long; a Stop among them cuts it short.
-    int ReadLogHeader(SlotTable& slots);
-
-    // For handlers that are dispatched in the middle of a long read.
-    bool IsBeingRead() const { return m_isBeingRead; }
 
     const std::string& ModuleName() const { return m_reader.ModuleName(); }
 
     // Name and extension.
     std::u16string FileName() const { return m_log.filename().u16string(); }
 
-    Next Read(RecordBuffer& record, const LoopRun& run) override;
+    // RecordSource.
+    std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run) override;
 
 private:
+    bool ReadHeader(SlotTable& slots);
     LogRow ReadRow(RecordBuffer& record);
 
     RunState& m_state;
     ReplayPacing& m_pacing;
-    LogChooser& m_chooser;
-    LoopOwner& m_owner;
+    MainWindow& m_window;
+    RunWatch m_watch;  // keeps the window alive while long lines are read
     LogReader m_reader;
+    bool m_isOpening = false;
     bool m_isBeingRead = false;
+    bool m_isStepDone = false;    // a halt came between the step to the next row and the row itself
     std::filesystem::path m_log;  // kept between loads, so that a stopped replay can be repeated
 };
 

@@ -8,11 +8,11 @@
 namespace plotvane {
 namespace {
 
-constexpr std::size_t kSearchLength = 41;    // a field's "G" stands among this many characters
+constexpr std::size_t kSearchLength = 41;    // a field's "G" is one of the next so many characters
 constexpr std::size_t kMaxTextLength = 100;  // of a value and of a unit
 constexpr std::size_t kTagLength = 3;
-constexpr std::string_view kObdTag = "ZER";
-constexpr int kFieldsOfObdGroup = kObdFieldCount;
+constexpr std::string_view kChannelTag = "ZER";
+constexpr int kFieldsOfChannelGroup = kChannelCount;
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -22,7 +22,7 @@ bool IsNumeric(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return IsDigit(c) || c == '.' || c == '-'; });
 }
 
-// Walks through the items of one record; every step ends at the end of the text.
+// Walks through the items of one record. No step goes beyond the end of the text.
 class ItemReader {
 public:
     ItemReader(std::string_view text, std::size_t position)
@@ -41,7 +41,7 @@ public:
                item[4] == ',';
     }
 
-    bool IsObdTagAt(std::size_t tag) const { return m_text.substr(tag, kTagLength + 2) == "GZER,"; }
+    bool IsChannelTagAt(std::size_t tag) const { return m_text.substr(tag, kTagLength + 2) == "GZER,"; }
 
     void MoveTo(std::size_t position) { m_position = position; }
 
@@ -84,12 +84,12 @@ bool ParseField(ItemReader& items, FieldSlot& slot, SlotTable& slots, RunState& 
 
     const auto tagPosition = items.FindTag();
     if (!tagPosition) return false;
-    if (items.IsGroupNumberAt(*tagPosition) || items.IsObdTagAt(*tagPosition)) items.MoveTo(*tagPosition);
+    if (items.IsGroupNumberAt(*tagPosition) || items.IsChannelTagAt(*tagPosition)) items.MoveTo(*tagPosition);
     if (!items.Take('G')) return false;
     const std::string_view tag = items.TakeCharacters(kTagLength);
-    const bool isObdValue = tag == kObdTag;
-    if (isObdValue) {
-        state.obdNow = true;
+    const bool isChannelValue = tag == kChannelTag;
+    if (isChannelValue) {
+        state.tenChannels = true;
     } else {
         slot.group = ParseDecimal(tag);
         if (slot.group == 0) {
@@ -109,8 +109,8 @@ bool ParseField(ItemReader& items, FieldSlot& slot, SlotTable& slots, RunState& 
     const auto valueText = items.TakeText();
     if (!valueText) return false;
     const double value = IsNumeric(*valueText) ? ParseDouble(*valueText) : 0.0;
-    if (isObdValue) {
-        slots.obdValues[static_cast<std::size_t>(slot.field)] = value;
+    if (isChannelValue) {
+        slots.channelValues[slot.field] = value;
     } else {
         slot.value = value;
     }
@@ -128,12 +128,12 @@ bool ParseField(ItemReader& items, FieldSlot& slot, SlotTable& slots, RunState& 
 
 bool ParseRecord(std::string_view text, std::size_t position, SlotTable& slots, RunState& state) {
     ItemReader items(text, position);
-    state.obdPrevious = state.obdNow;
-    state.obdNow = false;
+    state.hadTenChannels = state.tenChannels;
+    state.tenChannels = false;
 
     const auto firstTag = items.FindTag();
     if (!firstTag) return false;
-    const int fieldsOfFirstGroup = items.IsGroupNumberAt(*firstTag) ? kSlotColumns : kFieldsOfObdGroup;
+    const int fieldsOfFirstGroup = items.IsGroupNumberAt(*firstTag) ? kSlotColumns : kFieldsOfChannelGroup;
 
     for (int slot = 0; slot < fieldsOfFirstGroup; ++slot) {
         if (!ParseField(items, slots[slot], slots, state)) return false;

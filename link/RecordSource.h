@@ -1,23 +1,28 @@
 #pragma once
 
+#include <optional>
+
 #include "model/LoopRun.h"
 #include "model/RecordBuffer.h"
 
 namespace plotvane {
 
-enum class Next {
-    Record,   // the record buffer holds the next record
-    Stopped,  // no more will come: stop
-    Closing,  // the host closes, and this program with it
-    Ended,    // the run ended while waiting
+// Why the loop has returned.
+enum class RunEnd {
+    Stopped,      // the host has stopped sending or is gone, or the log is over
+    Closing,      // the host closes, and this program with it
+    Halted,       // the replay waits for the user; afterwards the same run goes on
+    Malformed,    // nobody can read the record
+    Interrupted,  // a handler has stopped this run, and perhaps started another
 };
 
 // Where records come from: the host's pipe or a log.
 struct RecordSource {
     virtual ~RecordSource() = default;
 
-    // Waits for the next record with the window alive.
-    virtual Next Read(RecordBuffer& record, const LoopRun& run) = 0;
+    // Waits for the next record with the window alive. Nothing once the buffer holds it; otherwise the reason
+    // why the loop must return.
+    virtual std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run) = 0;
 };
 
 }  // namespace plotvane

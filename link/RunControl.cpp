@@ -1,159 +1,192 @@
 #include "link/RunControl.h"
 
-#include "model/Meanwhile.h"
 #include "res/resource.h"
 
 namespace plotvane {
 
-RunControl::RunControl(TracePlot& plot, AcquisitionLoop& loop, ReplayPacing& pacing, CurrentModule& module,
-                       LogSource& log, RunButtons& buttons, LoopOwner& owner)
-    : m_state(plot.state),
-      m_plot(plot),
-      m_loop(loop),
-      m_pacing(pacing),
+// While it lives, a run is on the stack. The log is closed here and not at the end of each run: a run that
+// was stopped during a wait cannot know whether a newer one has opened the log again.
+class RunControl::OnStack {
+public:
+    explicit OnStack(RunControl& control) : m_control(control) { m_control.m_onStack = true; }
+    ~OnStack() {
+        m_control.m_onStack = false;
+        m_control.m_log.Close();
+    }
+    OnStack(const OnStack&) = delete;
+    OnStack& operator=(const OnStack&) = delete;
+
+private:
+    RunControl& m_control;
+};
+
+RunControl::RunControl(Sample& sample, const AcquisitionViews& views, CurrentModule& module,
+                       AcquisitionLoop& loop, HostPipe& pipe, MessagePump& pump)
+    : m_sample(sample),
+      m_state(sample.state),
+      m_panel(views.panel),
+      m_buttons(views.buttons),
+      m_window(views.window),
       m_module(module),
-      m_log(log),
-      m_buttons(buttons),
-      m_owner(owner) {}
+      m_loop(loop),
+      m_pacing(sample, views, pump),
+      m_live(pipe, pump),
+      m_log(sample.state, m_pacing, views.window, pump) {}
+
+void RunControl::StartLive() {
+    m_state.logMode = false;
+    m_state.restartAfterStop = false;
+    m_state.playing = true;
+    ShowButtons();
+    Start();
+}
+
+void RunControl::Start() {
+    m_state.endOfLog = false;
+    m_state.firstSampleDrawn = false;
+    if (!m_state.stopped) return;
+    m_state.stopped = false;
+    m_state.halted = false;
+    ++m_state.generation;
+    if (m_onStack) return;
+    try {
+        RunUntilStopped();
+    } catch (...) {
+        Stop();  // or the run would neither go on nor count as stopped, and no other could start
+        throw;
+    }
+}
+
+void RunControl::RunUntilStopped() {
+    const OnStack onStack(*this);
+    while (true) {
+        const LoopRun run(m_state);
+        const RunEnd end = Run(run);
+        if (run.IsCurrent()) ActOn(end);
+        if (run.IsCurrent() || m_state.stopped) return;
+    }
+}
+
+// One run from its start to its end. A halt is not the end.
+RunEnd RunControl::Run(const LoopRun& run) {
+    m_sample.ranges.ForgetLoadedName();
+    if (!m_state.logMode && !m_live.Open()) {
+        m_window.ShowMessage(IDS_NO_EXCHANGE_FILE, IDS_CANNOT_RUN);
+        return RunEnd::Closing;
+    }
+    RecordSource& source = m_state.logMode ? static_cast<RecordSource&>(m_log) : m_live;
+    RunEnd end = m_loop.Run(source, run);
+    while (end == RunEnd::Halted) {
+        TogglePlaying();
+        if (!m_state.playing) m_pacing.WaitWhilePaused(run);
+        end = m_loop.Run(source, run);
+    }
+    return end;
+}
+
+// Kept on purpose: a malformed live record freezes the display. The run is over but does not count as
+// stopped, so that nothing starts on a host that sends what nobody understands.
+void RunControl::ActOn(RunEnd end) {
+    switch (end) {
+        case RunEnd::Stopped:
+            Stop();
+            break;
+        case RunEnd::Closing:
+            m_window.Close();
+            break;
+        case RunEnd::Halted:
+        case RunEnd::Malformed:
+        case RunEnd::Interrupted:
+            break;
+    }
+}
 
 void RunControl::Stop() {
     ++m_state.stops;
-    if (!m_state.hostRunning && m_stopActive) {
-        ShowStop(false);
-        m_buttons.EnableStop(false);
-        m_buttons.ShowPause(PauseImage::StartOver);
-        m_buttons.EnablePause(true);
-        m_state.reopenLog = true;
-        m_plot.panel.ShowElapsed("0.00");
-        m_state.redrawRequest = true;
-    }
     if (m_state.stopped) return;
     m_state.stopped = true;
-    if (m_state.hostRunning) {
-        m_buttons.EnableStop(false);
-        m_buttons.ShowPause(PauseImage::StartOver);
-        m_buttons.EnablePause(true);
-        m_state.restartAfterStop = true;
+    if (m_state.logMode) {
+        m_state.logMode = false;
+        m_state.reopenLog = true;
+        m_state.redrawRequest = true;
+        m_panel.ShowElapsed("0.00");
     } else {
-        ShowStop(false);
-        m_buttons.ShowPause(PauseImage::StartOver);
+        m_state.restartAfterStop = true;
     }
-    m_buttons.EnableLoad(true);
-    m_buttons.ShowLoad(false);
-    m_state.logMode = false;
+    ShowButtons();
     SaveRanges();
 }
 
-// Before the first record, or behind a malformed one, the ranges in memory belong to another module or to
-// none, and there is nothing to save. And only a table that was read from this very file may replace it:
-// where it could not be read, the ranges that the user has chosen since then are lost, and that is said.
+// Before the first record, and after a malformed one, the ranges in memory belong to another module or to
+// none: there is nothing to save. A file that could not be read whole is not replaced. The ranges that the
+// user has chosen since then are lost, and the user is told.
 void RunControl::SaveRanges() {
-    ModuleScaling& ranges = m_plot.ranges;
+    ModuleScaling& ranges = m_sample.ranges;
     if (m_module.Key() != ranges.LoadedName()) return;
     const bool saved = ranges.IsLoadedWhole() && ranges.SaveModuleScaling(m_module.Key()) == 0;
-    if (!saved) m_owner.ShowMessage(IDS_SCALING_NOT_SAVED, IDS_ERROR);
+    if (!saved) m_window.ShowMessage(IDS_SCALING_NOT_SAVED, IDS_ERROR);
 }
 
 void RunControl::Pause() {
-    if (m_isOpening || (m_state.reopenLog && !MayOpenLog())) return;
-    m_state.playing = !m_state.playing;
-    m_buttons.ShowPause(m_state.playing ? PauseImage::Pause : PauseImage::Resume);
-    if (m_state.hostRunning && m_state.restartAfterStop) {
-        RestartLive();
-    } else if (!m_state.hostRunning && m_state.reopenLog) {
+    if (m_log.IsOpening() || (m_state.reopenLog && !m_log.MayOpen())) return;
+    TogglePlaying();
+    if (m_state.restartAfterStop) {
+        StartLive();
+    } else if (m_state.reopenLog) {
         ReplayAgain();
     } else if (!m_state.playing) {
         m_pacing.WaitWhilePaused(LoopRun(m_state));
     }
 }
 
-void RunControl::RestartLive() {
-    m_state.logMode = false;
-    m_state.restartAfterStop = false;
-    m_state.playing = true;
-    m_buttons.ShowPause(PauseImage::Pause);
-    m_loop.Start();
+void RunControl::TogglePlaying() {
+    m_state.playing = !m_state.playing;
+    ShowButtons();
 }
 
 void RunControl::ReplayAgain() {
-    if (OpenLog() == Opening::Done) {
-        Replay();
-    } else {
-        m_buttons.ShowPause(PauseImage::StartOver);
-    }
+    if (OpenLog() == LogSource::Opening::Done) Replay();
 }
 
 void RunControl::LoadLog() {
-    // The Enter key reaches the button also where it is hidden.
-    if (m_state.logMode || m_state.hostRunning || !MayOpenLog()) return;
+    // The Enter key reaches the button even where it is hidden.
+    if (m_state.logMode || m_state.hostRunning || !m_log.MayOpen()) return;
     m_state.halted = true;
     m_state.obdFile = false;
-    ShowStop(false);
-    if (m_state.reopenLog) {
-        m_state.reopenLog = false;
-        m_buttons.ShowPause(PauseImage::Idle);
-        m_buttons.EnablePause(true);
-    }
+    if (m_state.reopenLog) m_state.pauseKept = true;
+    m_state.reopenLog = false;
+    ShowButtons();
     switch (OpenLog()) {
-        case Opening::Done:
-            TakeScaleMinimums();
+        case LogSource::Opening::Done:
+            m_sample.TakeMinimums();
             m_state.redrawRequest = true;
             Replay();
             break;
-        case Opening::NoLog:
-            m_buttons.EnablePause(false);
+        case LogSource::Opening::NoLog:
+            m_state.pauseKept = false;
+            ShowButtons();
             break;
-        case Opening::BadHeader:
+        case LogSource::Opening::BadHeader:
             break;
     }
 }
 
-// A close while the log was chosen or its header read makes it no log to play.
-RunControl::Opening RunControl::OpenLog() {
-    const Meanwhile opening(m_isOpening);
-    const std::uint32_t stops = m_state.stops;
-    if (m_log.OpenLogFile() != 1 || stops != m_state.stops) return Opening::NoLog;
-    return ReadHeader() && stops == m_state.stops ? Opening::Done : Opening::BadHeader;
-}
-
-bool RunControl::ReadHeader() {
-    if (!m_log.Reopen()) {
-        m_owner.ShowMessage(IDS_CANNOT_OPEN_FILE, IDS_ERROR);
-        return false;
+LogSource::Opening RunControl::OpenLog() {
+    const auto opening = m_log.Open(m_sample.slots);
+    if (opening == LogSource::Opening::Done) {
+        m_module.SetRawKey(m_log.ModuleName());
+        m_module.SetLogFileName(m_log.FileName());
     }
-    if (m_log.ReadLogHeader(m_plot.slots) <= 0) {
-        m_owner.ShowMessage(IDS_BAD_LOG_HEADER, IDS_PARSING_ERROR);
-        return false;
-    }
-    m_module.SetRawKey(m_log.ModuleName());
-    m_module.SetLogFileName(m_log.FileName());
-    return true;
-}
-
-// Where the traces run until their first sample.
-void RunControl::TakeScaleMinimums() {
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        const FieldSlot& field = m_plot.slots[slot];
-        if (field.IsActive()) m_plot.values[static_cast<std::size_t>(slot)] = m_plot.RangeOf(field).min;
-    }
+    return opening;
 }
 
 void RunControl::Replay() {
     m_state.logMode = true;
     m_state.reopenLog = false;
     m_state.playing = true;
-    ShowStop(true);
-    m_buttons.ShowPause(PauseImage::Pause);
-    m_buttons.ShowLoad(true);
-    m_buttons.EnableStop(true);
-    m_buttons.EnablePause(true);
+    ShowButtons();
     m_pacing.Restart();
-    m_loop.Start();
-}
-
-void RunControl::ShowStop(bool active) {
-    m_stopActive = active;
-    m_buttons.ShowStop(active);
+    Start();
 }
 
 }  // namespace plotvane

@@ -1,69 +1,73 @@
 #pragma once
 
 #include "link/AcquisitionLoop.h"
+#include "link/LiveSource.h"
 #include "link/LogSource.h"
+#include "link/RunButtons.h"
+#include "model/MainWindow.h"
 #include "plot/binding/ReplayPacing.h"
 
 namespace plotvane {
 
-// What the Pause button offers: nothing to hold, a hold, going on after a hold, starting over after a stop.
-enum class PauseImage { Idle, Pause, Resume, StartOver };
-
-// The run buttons as the portable code sees them; the main dialog is the real one.
-struct RunButtons {
-    virtual ~RunButtons() = default;
-
-    virtual void ShowStop(bool active) = 0;  // which of its two images the button wears
-    virtual void ShowPause(PauseImage image) = 0;
-    virtual void ShowLoad(bool active) = 0;
-    virtual void EnableStop(bool enabled) = 0;
-    virtual void EnablePause(bool enabled) = 0;
-    virtual void EnableLoad(bool enabled) = 0;
+// Everything that the acquisition shows something on or asks for something.
+struct AcquisitionViews : Views {
+    RunButtons& buttons;
+    MainWindow& window;
 };
 
-// What the buttons Stop, Pause and Load log file do; they start and stop the acquisition loop.
+// Starts runs of the loop and ends them: what the buttons Stop, Pause and Load log file do, and what follows
+// from the way a run has ended.
+//
+// However often the user stops and restarts, the stack holds one run: a start that a handler asks for while
+// an older run is on the stack returns at once, and the older call goes on with the new run. No log is open
+// after the last run, whatever has ended it.
 class RunControl {
 public:
-    RunControl(TracePlot& plot, AcquisitionLoop& loop, ReplayPacing& pacing, CurrentModule& module,
-               LogSource& log, RunButtons& buttons, LoopOwner& owner);
+    // All references must outlive this object.
+    RunControl(Sample& sample, const AcquisitionViews& views, CurrentModule& module, AcquisitionLoop& loop,
+               HostPipe& pipe, MessagePump& pump);
+
+    // Shows the host's data. Returns when the run is over; at once if one is on already. If an exception ends
+    // the run, it is stopped as the user would stop it, and the exception passes on.
+    void StartLive();
 
     // Ends the run, live or replay, and saves the module's ranges. Does nothing more the second time.
     void Stop();
 
     // Holds and resumes; after a Stop it starts again: live data from the same pipe, a replay from the first
-    // row of the same file. Returns when the hold, or the run that it started, is over.
+    // row of the same file. Returns when the hold, or the run that it started, is over. Does nothing while a
+    // log is being opened, or while it would open another over the one that is being read.
     void Pause();
 
     // Asks for a log and plays it; returns when the replay is over. Only without the host, and not while a
-    // log is played.
+    // log is played, opened or read.
     void LoadLog();
 
-    // The file dialog, messages and long headers dispatch messages before a log is played, and so do the long
-    // lines of a log that was stopped a moment ago. A Pause or Load among them does nothing: it would open
-    // another log over this one.
-
 private:
-    void SaveRanges();
-    void RestartLive();
-    void ReplayAgain();
-    bool MayOpenLog() const { return !m_isOpening && !m_log.IsBeingRead(); }
-    enum class Opening { Done, NoLog, BadHeader };
-    Opening OpenLog();
-    bool ReadHeader();
-    void TakeScaleMinimums();
-    void Replay();
-    void ShowStop(bool active);
+    class OnStack;
 
+    void Start();
+    void RunUntilStopped();
+    RunEnd Run(const LoopRun& run);
+    void ActOn(RunEnd end);
+    void TogglePlaying();
+    void ReplayAgain();
+    LogSource::Opening OpenLog();
+    void Replay();
+    void SaveRanges();
+    void ShowButtons() { m_buttons.Show(LookOf(m_state)); }
+
+    Sample& m_sample;
     RunState& m_state;
-    TracePlot& m_plot;
-    AcquisitionLoop& m_loop;
-    ReplayPacing& m_pacing;
-    CurrentModule& m_module;
-    LogSource& m_log;
+    SlotPanel& m_panel;
     RunButtons& m_buttons;
-    LoopOwner& m_owner;
-    bool m_stopActive = false;  // the Stop button wears its active image: a replay has run
-    bool m_isOpening = false;   // a log is being chosen, or its header read
+    MainWindow& m_window;
+    CurrentModule& m_module;
+    AcquisitionLoop& m_loop;
+    ReplayPacing m_pacing;
+    LiveSource m_live;
+    LogSource m_log;
+    bool m_onStack = false;
 };
 
 }  // namespace plotvane

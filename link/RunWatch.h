@@ -6,7 +6,7 @@
 
 namespace plotvane {
 
-// Keeps the window alive while a file is read. A Stop or a close in the midst of it makes the file unwanted.
+// Keeps the window alive while a file is read. After a Stop or a close the rest of the file is not wanted.
 class RunWatch : public ReadWatch {
 public:
     RunWatch(MessagePump& pump, const RunState& state) : m_pump(pump), m_state(state) {}

@@ -3,7 +3,7 @@
 namespace plotvane {
 namespace {
 
-// Messages may come as fast as they are dispatched; the data gets its turn all the same.
+// Messages may come as fast as they are dispatched. After this long the data gets its turn.
 constexpr double kLongestDispatchMs = 50.0;
 
 double MsPerCount() {
@@ -25,7 +25,8 @@ double WindowPump::NowMs() {
 void WindowPump::SleepAndDispatch(int ms) {
     if (ms > 0) {
         if (!m_timer) m_timer.emplace();
-        // By itself the wait would sleep on over a message that somebody has seen and left in the queue.
+        // Without this flag the wait would ignore a message that somebody has peeked at and left in the
+        // queue.
         ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
     DispatchWaiting();

@@ -10,10 +10,10 @@
 
 namespace plotvane {
 
-// Waits on the user-interface thread, with the messages of every window dispatched and the keys of the main
-// dialog treated as a dialog's. When the thread is asked to quit, the acquisition is stopped and the request
-// passed on to the pump outside. The messages behind a Stop or a close stay in the queue: first the run that
-// it ended has to leave the stack.
+// Waits on the user-interface thread. While it waits, it dispatches the messages of every window and treats
+// the keys of the main dialog as a dialog's. When the thread is asked to quit, it stops the acquisition and
+// passes the request on to the message loop outside. Messages that come after a Stop or a close stay in the
+// queue: first the run that was ended must leave the stack.
 class WindowPump : public MessagePump {
 public:
     explicit WindowPump(RunState& state);

@@ -8,11 +8,11 @@
 
 namespace plotvane {
 
-CurrentModule::CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar,
+CurrentModule::CurrentModule(RunState& state, const ModuleScaling& scaling, MainWindow& window,
                              std::string liveTitle, std::filesystem::path labelsFolder, ReadWatch* watch)
     : m_state(state),
       m_scaling(scaling),
-      m_titleBar(titleBar),
+      m_window(window),
       m_liveTitle(std::move(liveTitle)),
       m_labelsFolder(std::move(labelsFolder)),
       m_watch(watch) {}
@@ -45,7 +45,7 @@ void CurrentModule::ShowTitle() {
     if (m_state.logMode) m_nextTitle.append(u"  -   ").append(m_logFileName);
     if (m_nextTitle == m_title) return;
     m_title = m_nextTitle;
-    m_titleBar.SetModuleTitle(m_title);
+    m_window.SetModuleTitle(m_title);
 }
 
 // Reads the files once in each run of the loop, not twenty times a second. A new run sees what has changed in

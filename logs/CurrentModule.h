@@ -8,7 +8,7 @@
 
 #include "base/ReadWatch.h"
 #include "logs/LabelTable.h"
-#include "logs/TitleBar.h"
+#include "model/MainWindow.h"
 #include "model/RunState.h"
 #include "scaling/ModuleScaling.h"
 
@@ -21,7 +21,7 @@ public:
     // `liveTitle` precedes the module's name in the window title while data is live. `labelsFolder` holds the
     // host's label files. The watch, if any, is called during long reads of them. All but the texts must
     // outlive this object.
-    CurrentModule(RunState& state, const ModuleScaling& scaling, TitleBar& titleBar, std::string liveTitle,
+    CurrentModule(RunState& state, const ModuleScaling& scaling, MainWindow& window, std::string liveTitle,
                   std::filesystem::path labelsFolder, ReadWatch* watch = nullptr);
 
     // Call for every record before its items are parsed. Takes the module from the record's first field,
@@ -55,7 +55,7 @@ private:
 
     RunState& m_state;
     const ModuleScaling& m_scaling;
-    TitleBar& m_titleBar;
+    MainWindow& m_window;
     const std::string m_liveTitle;
     const std::filesystem::path m_labelsFolder;
     ReadWatch* const m_watch;

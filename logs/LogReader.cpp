@@ -88,7 +88,7 @@ int LogReader::ReadClassicRow(RecordBuffer& record) {
         m_stamps.at(index) = ReadLogNumber();
         if (group == kTenFieldGroup) {
             AppendTenFields(record);
-            expected += kObdFieldCount;
+            expected += kChannelCount;
             continue;
         }
         for (int field = 0; field < kSlotColumns; ++field)
@@ -186,7 +186,7 @@ void LogReader::AppendValue(RecordBuffer& record, int group, int field, std::str
 
 // "GZER,F0,780,,"
 void LogReader::AppendTenFields(RecordBuffer& record) {
-    for (int field = 0; field < kObdFieldCount; ++field) {
+    for (int field = 0; field < kChannelCount; ++field) {
         const auto value = NextColumn();
         if (!value) return;
         m_item = "GZER,F";

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <array>
 #include <string>
+
+#include "model/IndexedArray.h"
 
 namespace plotvane {
 
@@ -10,8 +11,8 @@ constexpr int kSlotRows = 3;
 constexpr int kSlotColumns = 4;
 constexpr int kSlotCount = kSlotRows * kSlotColumns;
 
-// The ten small fields of generic OBD values, which take the place of row A.
-constexpr int kObdFieldCount = 10;
+// The ten channels: the values of a record in the OBD form, whose small boxes take the place of row A.
+constexpr int kChannelCount = 10;
 
 constexpr int SlotOf(int row, int column) {
     return row * kSlotColumns + column;
@@ -36,11 +37,11 @@ struct FieldSlot {
 };
 
 struct SlotTable {
-    std::array<FieldSlot, kSlotCount> slots;
-    std::array<double, kObdFieldCount> obdValues{};  // by field digit, from "GZER" items
+    IndexedArray<FieldSlot, kSlotCount> slots{};
+    IndexedArray<double, kChannelCount> channelValues{};  // by field digit, from "GZER" items
 
-    FieldSlot& operator[](int slot) { return slots.at(static_cast<std::size_t>(slot)); }
-    const FieldSlot& operator[](int slot) const { return slots.at(static_cast<std::size_t>(slot)); }
+    FieldSlot& operator[](int slot) { return slots[slot]; }
+    const FieldSlot& operator[](int slot) const { return slots[slot]; }
 };
 
 }  // namespace plotvane

@@ -6,8 +6,8 @@
 
 namespace plotvane {
 
-// One run of the acquisition loop. The run has ended if it was stopped, or if a handler that ran while it
-// waited stopped it and started another: the flags then describe the newer run.
+// One run of the acquisition loop. It has ended if it was stopped, and also if a handler stopped it during a
+// wait and started another: the flags then describe the newer run.
 class LoopRun {
 public:
     explicit LoopRun(const RunState& state) : m_state(state), m_generation(state.generation) {}

@@ -9,10 +9,10 @@ struct MessagePump {
     // Milliseconds from a fixed moment, with a resolution of at least one millisecond; never goes back.
     virtual double NowMs() = 0;
 
-    // Sleeps for up to `ms`, not at all while a message is waiting and no longer than until one comes, then
-    // dispatches the messages that wait. Where these never end, or one of them asks for a stop, the rest
-    // waits for the next call. Any handler may run inside: afterwards every flag of the run state has to be
-    // looked at again. In this order, what a handler asks for never waits for the end of a sleep.
+    // Sleeps for up to `ms`, but only until a message comes, then dispatches the messages that wait. If these
+    // never end, or one of them asks for a stop, the rest waits for the next call. Any handler may run
+    // inside, so the caller must look at every flag of the run state again. Dispatching comes last, so that
+    // the caller never sleeps before it sees what a handler has asked for.
     virtual void SleepAndDispatch(int ms) = 0;
 };
 

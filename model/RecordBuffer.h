@@ -7,9 +7,9 @@
 
 namespace plotvane {
 
-// One exchange record in the host's text form, from a pipe block or from a log row. Both writers fill this
-// buffer, so that one parser serves live data and replay. The text ends at the first NUL or at the end of the
-// buffer; nothing ever overwrites the NUL after the last byte.
+// One exchange record in the host's text form, from a pipe block or from a log row. Both fill this buffer, so
+// that one parser serves live data and replay. The text ends at the first NUL or at the end of the buffer;
+// nothing ever overwrites the NUL after the last byte.
 class RecordBuffer {
 public:
     static constexpr std::size_t kBlockSize = 513;      // the lead byte and the 512 bytes after it

@@ -13,8 +13,8 @@ bool IsLambdaGroup(int group);
 // True if the slot's value can be a lambda: in a lambda group, without a unit, 0.6 to 1.3 inclusive.
 bool ShowsLambda(const FieldSlot& slot);
 
-// The number of the slot's "A/F" button counted from the first one's id. The buttons of the first two slots
-// of the lower rows stand the other way round.
+// The number of the slot's "A/F" button, counted from the id of the first. The ids of the first two buttons
+// of each lower row are exchanged.
 constexpr int AirFuelButtonOf(int slot) {
     switch (slot) {
         case 4:

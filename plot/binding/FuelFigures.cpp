@@ -16,33 +16,32 @@ using Fuel = MeterBoard::Fuel;
 
 // The last slot whose unit contains the text, active or not: "ml/h" is a flow as well.
 const FieldSlot* LastSlotWith(const SlotTable& slots, std::string_view unitPart) {
-    const auto found = std::find_if(slots.slots.rbegin(), slots.slots.rend(), [&](const FieldSlot& slot) {
-        return slot.unit.find(unitPart) != std::string::npos;
-    });
-    return found == slots.slots.rend() ? nullptr : &*found;
+    const auto found =
+        std::find_if(slots.slots.all.rbegin(), slots.slots.all.rend(),
+                     [&](const FieldSlot& slot) { return slot.unit.find(unitPart) != std::string::npos; });
+    return found == slots.slots.all.rend() ? nullptr : &*found;
 }
 
 }  // namespace
 
-void FuelFigures::UpdateFuel(const SlotTable& slots, const RunState& state, const Prefs& prefs,
-                             SlotPanel& panel, MeterBoard& meters) {
-    if (state.halted) return;
-    const FieldSlot* const flow = LastSlotWith(slots, "l/h");
-    const FieldSlot* const speed = LastSlotWith(slots, "km/h");
+void FuelFigures::UpdateFuel(const Sample& sample, const Views& views) {
+    if (sample.state.halted) return;
+    const FieldSlot* const flow = LastSlotWith(sample.slots, "l/h");
+    const FieldSlot* const speed = LastSlotWith(sample.slots, "km/h");
     const bool bothFound = flow && speed;
-    panel.ShowFuelButtons(bothFound);
+    views.panel.ShowFuelButtons(bothFound);
     if (!bothFound) {
-        meters.CloseFuelMeters();
+        views.meters.CloseFuelMeters();
         return;
     }
     if (speed->value != 0.0) {
-        Drive(flow->value, speed->value, prefs, meters);
+        UpdateMoving(flow->value, speed->value, sample.prefs, views.meters);
     } else {
-        Idle(flow->value, flow->unit, meters);
+        UpdateStanding(flow->value, flow->unit, views.meters);
     }
 }
 
-void FuelFigures::Drive(double flow, double speed, const Prefs& prefs, MeterBoard& meters) {
+void FuelFigures::UpdateMoving(double flow, double speed, const Prefs& prefs, MeterBoard& meters) {
     meters.SetFuelScale(Fuel::Consumption, m_units.litresPer100Km, prefs.maxConsumption, 1);
     m_consumption = Averaged(flow / speed * 100.0, prefs.fuelHistoryDepth);
 
@@ -51,7 +50,7 @@ void FuelFigures::Drive(double flow, double speed, const Prefs& prefs, MeterBoar
                                      : std::min(kMilesPerGallonAtOneLitre / m_consumption, kMaxMileageFigure);
 }
 
-void FuelFigures::Idle(double flow, const std::string& flowUnit, MeterBoard& meters) {
+void FuelFigures::UpdateStanding(double flow, const std::string& flowUnit, MeterBoard& meters) {
     meters.SetFuelScale(Fuel::Consumption, flowUnit, kIdleConsumptionScale, 1);
     m_consumption = flow;
 
@@ -61,11 +60,11 @@ void FuelFigures::Idle(double flow, const std::string& flowUnit, MeterBoard& met
 
 double FuelFigures::Averaged(double newest, int depth) {
     std::shift_right(m_history.begin(), m_history.end(), 1);
-    m_history.front() = newest;
+    m_history[0] = newest;
     if (depth <= 0) return newest;
     double sum = 0.0;
-    for (int i = 0; i < std::min(depth, kHistoryLength); ++i) {
-        const double entry = m_history[static_cast<std::size_t>(i)];
+    for (int i = 0; i < std::min(depth, m_history.Count()); ++i) {
+        const double entry = m_history[i];
         if (entry < kLeftOutFrom) sum += entry;
     }
     return sum / depth;

@@ -10,10 +10,10 @@ namespace plotvane {
 namespace {
 
 constexpr double kJumpSeconds = 5.0;      // a longer step in log time is a gap, not a wait
-constexpr double kLongestJumpWait = 1.0;  // seconds that are waited in its place
+constexpr double kLongestJumpWait = 1.0;  // the seconds that it waits instead
 constexpr double kFirstStep = 0.25;       // seconds assumed where a row has no stamp
 constexpr double kStepCostMs = 5.0;       // of the work that a row takes besides the wait
-constexpr double kLatestMs = 50.0;        // further behind its time the replay does not try to catch up
+constexpr double kLatestMs = 50.0;        // a step that is later than this is not made up for
 constexpr int kLongestSleepMs = 1000;     // a click ends any sleep
 
 }  // namespace
@@ -33,26 +33,26 @@ bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
 
     double step = now - before;
     if (step > kJumpSeconds) {
-        m_plot.chart.AppendGap(m_plot.values);
+        m_views.chart.AppendGap(m_sample.values);
         step = std::min(step, kLongestJumpWait);
     }
     if (!WaitForStep(step, run)) return false;
 
     m_text.clear();
     AppendFixed(m_text, now, 2);
-    m_plot.panel.ShowElapsed(m_text);
+    m_views.panel.ShowElapsed(m_text);
     m_previous = stamps;
-    return m_rowsReplayed++ == 1 && !m_prefs.autorun;
+    return m_rowsReplayed++ == 1 && !m_sample.prefs.autorun;
 }
 
-// The next step counts from when this one was due: the replay keeps its pace however late a single wake-up
-// comes. The speed may be changed during the wait. Messages are dispatched at least once in every step. False
-// if the run ended meanwhile.
+// The next step counts from when this one was due, so a late wake-up does not slow the replay down. The user
+// may change the speed during the wait. Messages are dispatched at least once in every step. False if the run
+// ended during the wait.
 bool ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
     do {
         const double leftMs = std::ceil(DueMs(seconds) - m_pump.NowMs());
         m_pump.SleepAndDispatch(static_cast<int>(std::clamp<double>(leftMs, 0.0, kLongestSleepMs)));
-        // A newer replay may have begun, and what is remembered here is that one's.
+        // A newer replay may have begun. What this object remembers is then about that one.
         if (run.Ended()) return false;
     } while (m_pump.NowMs() < DueMs(seconds));
     const double dueMs = DueMs(seconds);
@@ -61,11 +61,11 @@ bool ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
 }
 
 double ReplayPacing::DueMs(double seconds) const {
-    return m_stepMs + std::max(0.0, m_plot.state.replayPeriodMs * seconds - kStepCostMs);
+    return m_stepMs + std::max(0.0, m_sample.state.replayPeriodMs * seconds - kStepCostMs);
 }
 
 void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
-    RunState& state = m_plot.state;
+    RunState& state = m_sample.state;
     if (!run.Ended()) state.gapPending = true;
     state.halted = true;
     m_heldRun.emplace(run);
@@ -75,7 +75,7 @@ void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
         while (!state.playing && !m_heldRun->Ended()) m_pump.SleepAndDispatch(kLongestSleepMs);
     }
     state.halted = false;
-    if (!m_heldRun->Ended() && state.gapPending) m_plot.chart.AppendGap(m_plot.values);
+    if (!m_heldRun->Ended() && state.gapPending) m_views.chart.AppendGap(m_sample.values);
     state.gapPending = false;
 }
 

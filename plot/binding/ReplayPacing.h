@@ -7,8 +7,8 @@
 
 #include "model/LoopRun.h"
 #include "model/MessagePump.h"
-#include "plot/binding/TracePlot.h"
-#include "scaling/Prefs.h"
+#include "plot/binding/Sample.h"
+#include "plot/binding/Views.h"
 
 namespace plotvane {
 
@@ -18,20 +18,20 @@ using LogStamps = std::array<double, kSlotRows>;
 // The time axis: the pace of a replay, and the gaps that a jump in time or a pause leaves in the chart.
 class ReplayPacing {
 public:
-    ReplayPacing(TracePlot& plot, MessagePump& pump, const Prefs& prefs)
-        : m_plot(plot), m_pump(pump), m_prefs(prefs) {}
+    ReplayPacing(Sample& sample, const Views& views, MessagePump& pump)
+        : m_sample(sample), m_views(views), m_pump(pump) {}
 
     // A log starts from its first row.
     void Restart();
 
-    // Before each row is read: waits out the time between the two rows before it, by their stamps and the
-    // replay period, and shows the later one. True if the replay is to halt now, for a log that must not run
-    // by itself: once one row has been drawn.
+    // To be called before each row is read, with the stamps of the row before it: waits until that row's time
+    // is over, by the replay period, and shows its stamp. True if the replay must halt now: if it is not to
+    // run by itself, it halts once one row is drawn.
     bool ReplayStep(const LogStamps& stamps, const LoopRun& run);
 
     // Holds until the user resumes or stops. A hold that began while data flowed leaves a gap when it is
-    // resumed. Called from a handler that an older hold has dispatched, it returns at once, and the older
-    // call waits on for this run: however often the user resumes and pauses, the stack holds one wait.
+    // resumed. A call from a handler that an older hold has dispatched returns at once, and the older call
+    // goes on waiting, for this run: however often the user resumes and pauses, the stack holds one wait.
     void WaitWhilePaused(const LoopRun& run);
 
 private:
@@ -40,9 +40,9 @@ private:
 
     static constexpr double kNever = -std::numeric_limits<double>::infinity();  // so the first step is due
 
-    TracePlot& m_plot;
+    Sample& m_sample;
+    Views m_views;
     MessagePump& m_pump;
-    const Prefs& m_prefs;
     LogStamps m_previous{};
     double m_stepMs = kNever;  // clock at which the last step was due
     int m_rowsReplayed = 0;

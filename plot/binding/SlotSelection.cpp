@@ -5,11 +5,11 @@
 namespace plotvane {
 
 void SlotSelection::SelectSlot(int row, int column) {
-    const bool active = m_plot.slots[SlotOf(row, column)].IsActive();
+    const bool active = m_sample.slots[SlotOf(row, column)].IsActive();
     m_row = active ? row : 0;
     m_column = active ? column : 0;
-    const ScaleRange range = m_plot.RangeOf(Selected());
-    m_plot.panel.ShowSelection(SlotOf(m_row, m_column), range.min, range.max);
+    const ScaleRange range = m_sample.RangeOf(Selected());
+    m_panel.ShowSelection(SlotOf(m_row, m_column), range.min, range.max);
 }
 
 void SlotSelection::SelectNext() {
@@ -35,16 +35,16 @@ void SlotSelection::SelectPrevious() {
 void SlotSelection::SetMinimum(std::string_view typed) {
     FieldSlot& slot = Selected();
     const auto minimum = TryParseDecimal(typed);
-    if (!minimum || *minimum == m_plot.RangeOf(slot).min) return;
-    m_plot.ranges.SetMin(slot.group, slot.field, *minimum);
+    if (!minimum || *minimum == m_sample.RangeOf(slot).min) return;
+    m_sample.ranges.SetMin(slot.group, slot.field, *minimum);
     slot.rangeChanged = true;
 }
 
 void SlotSelection::SetMaximum(std::string_view typed) {
     FieldSlot& slot = Selected();
     const auto maximum = TryParseDecimal(typed);
-    if (!maximum || *maximum == m_plot.RangeOf(slot).max) return;
-    m_plot.ranges.SetMax(slot.group, slot.field, *maximum);
+    if (!maximum || *maximum == m_sample.RangeOf(slot).max) return;
+    m_sample.ranges.SetMax(slot.group, slot.field, *maximum);
     slot.rangeChanged = true;
 }
 

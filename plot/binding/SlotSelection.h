@@ -2,32 +2,34 @@
 
 #include <string_view>
 
-#include "plot/binding/TracePlot.h"
+#include "plot/binding/Sample.h"
+#include "plot/binding/SlotPanel.h"
 
 namespace plotvane {
 
 // The slot whose limits the "Vertical scale" box shows and edits.
 class SlotSelection {
 public:
-    explicit SlotSelection(TracePlot& plot) : m_plot(plot) {}
+    SlotSelection(Sample& sample, SlotPanel& panel) : m_sample(sample), m_panel(panel) {}
 
     // Selects a slot, or (0, 0) if that one is not active.
     void SelectSlot(int row, int column);
 
-    // One slot on or back, row by row; the last and the first one stay.
+    // One slot forward or back, row by row; stays at the last and at the first.
     void SelectNext();
     void SelectPrevious();
 
-    // What was typed as a limit of the selected slot, a whole number in the field's unit. Text without one
-    // changes nothing. A new limit reaches the chart at the next tick; that the maximum lies above the
-    // minimum is not asked for.
+    // Takes what was typed as a limit of the selected slot: a whole number in the field's unit. Text without
+    // one changes nothing. A new limit reaches the chart with the next sample. Nobody checks that the maximum
+    // lies above the minimum.
     void SetMinimum(std::string_view typed);
     void SetMaximum(std::string_view typed);
 
 private:
-    FieldSlot& Selected() { return m_plot.slots[SlotOf(m_row, m_column)]; }
+    FieldSlot& Selected() { return m_sample.slots[SlotOf(m_row, m_column)]; }
 
-    TracePlot& m_plot;
+    Sample& m_sample;
+    SlotPanel& m_panel;
     int m_row = 0;
     int m_column = 0;
 };

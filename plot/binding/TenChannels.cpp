@@ -13,8 +13,8 @@ constexpr double kUpper = 256.0;
 }  // namespace
 
 void TenChannels::PrepareSlots() {
-    if (m_applied == m_plot.state.obdNow) return;
-    m_applied = m_plot.state.obdNow;
+    if (m_applied == m_sample.state.tenChannels) return;
+    m_applied = m_sample.state.tenChannels;
     if (m_applied) {
         Enter();
     } else {
@@ -23,53 +23,51 @@ void TenChannels::PrepareSlots() {
 }
 
 void TenChannels::Enter() {
-    m_plot.panel.ApplyLayout(true);
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        m_plot.chart.SetRange(kLower, kUpper, field);
-        m_plot.panel.SetObdTraceShown(field, true);
+    m_views.panel.ApplyLayout(true);
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        m_views.chart.SetRange(kLower, kUpper, channel);
+        m_views.panel.SetChannelShown(channel, true);
     }
 }
 
-// Kept on purpose: the trace index runs over the columns alone, so that traces 0..3 end with the limits of
-// the last row and traces 4..11 keep the ten channels' range until a field changes or a limit is edited.
-// The slots in use are ticked again: the ten channels have cleared all twelve check boxes with every sample,
-// and without this their traces would stay away until the user has ticked each of them.
+// Kept on purpose: the trace index runs over the columns alone. So traces 0..3 end with the limits of the
+// last row, and traces 4..11 keep the ten channels' range until a field changes or a limit is edited. The
+// slots in use are ticked again: the ten channels cleared all twelve check boxes with every sample, and the
+// user would have to tick each of them to see its trace.
 void TenChannels::Leave() {
-    m_plot.panel.ApplyLayout(false);
+    m_views.panel.ApplyLayout(false);
     for (int column = 0; column < kSlotColumns; ++column) {
         for (int row = 0; row < kSlotRows; ++row) {
-            const FieldSlot& slot = m_plot.slots[SlotOf(row, column)];
-            const ScaleRange range = m_plot.RangeOf(slot);
-            m_plot.values[static_cast<std::size_t>(column + 3 * row)] = range.min;
-            m_plot.chart.SetRange(range.min, range.max, row / kSlotColumns + column);
-            m_plot.panel.SetTraceShown(SlotOf(row, column), slot.IsActive());
+            const FieldSlot& slot = m_sample.slots[SlotOf(row, column)];
+            const ScaleRange range = m_sample.RangeOf(slot);
+            m_sample.values[column + 3 * row] = range.min;
+            m_views.chart.SetRange(range.min, range.max, row / kSlotColumns + column);
+            m_views.panel.SetTraceShown(SlotOf(row, column), slot.IsActive());
         }
     }
     m_selection.SelectSlot(0, 0);
 }
 
 void TenChannels::UpdateChannels() {
-    m_fuel.UpdateFuel(m_plot.slots, m_plot.state, m_prefs, m_plot.panel, m_plot.meters);
-    m_plot.panel.HideFrame(0);
-    for (int slot = 0; slot < kSlotCount; ++slot) m_plot.panel.SetTraceShown(slot, false);
+    m_views.panel.HideFrame(0);
+    for (int slot = 0; slot < kSlotCount; ++slot) m_views.panel.SetTraceShown(slot, false);
 
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        const auto index = static_cast<std::size_t>(field);
-        const double value = m_plot.slots.obdValues[index];
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        const double value = m_sample.slots.channelValues[channel];
         m_text.clear();
         AppendNumber(m_text, value);
-        m_plot.panel.ShowObdValue(field, m_text);
+        m_views.panel.ShowChannelValue(channel, m_text);
 
-        const bool shown = m_plot.panel.IsObdTraceShown(field);
-        m_plot.values[index] = shown ? value : kLower;
-        m_plot.panel.SetObdSwatch(field,
-                                  shown ? m_plot.chart.GetTraceColor(field) : m_plot.panel.InactiveColour());
+        const bool shown = m_views.panel.IsChannelShown(channel);
+        m_sample.values[channel] = shown ? value : kLower;
+        m_views.panel.SetChannelSwatch(
+            channel, shown ? m_views.chart.GetTraceColor(channel) : m_views.panel.InactiveColour());
     }
-    m_plot.values[10] = m_plot.values[11] = kLower;
+    m_sample.values[10] = m_sample.values[11] = kLower;
 
     for (int slot = SlotOf(1, 0); slot < kSlotCount; ++slot) {
-        WriteValueAndUnit(m_text, m_plot.slots[slot]);
-        m_plot.panel.ShowValue(slot, m_text);
+        WriteValueAndUnit(m_text, m_sample.slots[slot]);
+        m_views.panel.ShowValue(slot, m_text);
     }
 }
 

@@ -2,19 +2,19 @@
 
 #include <string>
 
-#include "plot/binding/FuelFigures.h"
+#include "plot/binding/Sample.h"
 #include "plot/binding/SlotSelection.h"
-#include "plot/binding/TracePlot.h"
+#include "plot/binding/Views.h"
 
 namespace plotvane {
 
-// The ten-channel layout: generic OBD values as bytes, 0..255, in place of the first row of slots.
+// The ten channels: values of 0..255 from a record in the OBD form, which take the place of row A.
 class TenChannels {
 public:
-    TenChannels(TracePlot& plot, SlotSelection& selection, FuelFigures& fuel, const Prefs& prefs)
-        : m_plot(plot), m_selection(selection), m_fuel(fuel), m_prefs(prefs) {}
+    TenChannels(Sample& sample, const Views& views, SlotSelection& selection)
+        : m_sample(sample), m_views(views), m_selection(selection) {}
 
-    // Exchanges the layouts if the record's form asks for the other one.
+    // Changes the layout if the record has the other form.
     void PrepareSlots();
 
     // One sample in the ten-channel layout.
@@ -24,10 +24,9 @@ private:
     void Enter();
     void Leave();
 
-    TracePlot& m_plot;
+    Sample& m_sample;
+    Views m_views;
     SlotSelection& m_selection;
-    FuelFigures& m_fuel;
-    const Prefs& m_prefs;
     bool m_applied = false;  // the layout that the dialog shows
     std::string m_text;
 };

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <array>
 #include <string>
 
-#include "plot/binding/FuelFigures.h"
+#include "plot/binding/Sample.h"
 #include "plot/binding/SlotSelection.h"
-#include "plot/binding/TracePlot.h"
+#include "plot/binding/Views.h"
 
 namespace plotvane {
 
@@ -14,12 +13,12 @@ namespace plotvane {
 // takes the default range of its unit.
 class TraceScaling {
 public:
-    TraceScaling(TracePlot& plot, SlotSelection& selection, FuelFigures& fuel, const Prefs& prefs)
-        : m_plot(plot), m_selection(selection), m_fuel(fuel), m_prefs(prefs) {}
+    TraceScaling(Sample& sample, const Views& views, SlotSelection& selection)
+        : m_sample(sample), m_views(views), m_selection(selection) {}
 
-    // After a module's table was loaded: its ranges onto the traces and the meters of the slots in use.
-    // Traces count the slots in use only, unlike everywhere else, and that is meant: the two differ just
-    // where an empty slot stands before a used one, until the next reassignment puts each range right.
+    // To be called once a module's table is loaded: gives its ranges to the traces and the meters of the
+    // slots in use. Kept on purpose: here the traces are counted along the slots in use only. That gives a
+    // trace another slot's range if an empty slot stands before it, until the next reassignment.
     void ApplyLoadedRanges();
 
     // One sample in the twelve-slot layout.
@@ -31,17 +30,17 @@ private:
     void PrepareSlot(int slot);
     void TakeUnitDefaults(int slot);
     void ApplyIfChanged(int slot, const ScaleRange& before);
+    void ApplyRangeAndUnits(int slot);
     void BindSlot(int slot);
     void AdoptReassigned(int slot);
     void ApplyAirFuelRule(int slot);
-    std::string& TextOf(int slot) { return m_texts[static_cast<std::size_t>(slot)]; }
+    std::string& TextOf(int slot) { return m_texts[slot]; }
 
-    TracePlot& m_plot;
+    Sample& m_sample;
+    Views m_views;
     SlotSelection& m_selection;
-    FuelFigures& m_fuel;
-    const Prefs& m_prefs;
-    std::array<std::string, kSlotCount>
-        m_texts;  // of the value boxes; kept, so that a sample allocates nothing
+    IndexedArray<std::string, kSlotCount>
+        m_texts{};  // of the value boxes; kept, so that a sample allocates nothing
 };
 
 // "%g %s" of a slot's value and unit, as the value boxes show it.

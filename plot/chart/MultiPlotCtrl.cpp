@@ -143,7 +143,7 @@ void CMultiPlotCtrl::RedrawPicture() {
                                    .extraCharacters = m_labelMargin});
         const LabelRules rules{.showUnits = m_prefs.showUnits,
                                .showZeros = m_prefs.showZeros,
-                               .tenChannels = m_state.obdNow,
+                               .tenChannels = m_state.tenChannels,
                                .customMinimum = m_yTexts.first,
                                .customMaximum = m_yTexts.second,
                                .scaleColour = m_gridColour};
@@ -176,7 +176,7 @@ int CMultiPlotCtrl::ShiftFor(int shift) {
 }
 
 void CMultiPlotCtrl::TakeValues(const TraceValues& values) {
-    for (std::size_t i = 0; i < m_traces.size(); ++i) m_traces[i].current = values[i];
+    for (int trace = 0; trace < kTraceCount; ++trace) m_traces.at(IndexOf(trace)).current = values[trace];
 }
 
 void CMultiPlotCtrl::ScrollTraces(int shift) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-
 #include "base/Colour.h"
 #include "model/FieldSlot.h"
 
@@ -10,7 +8,7 @@ namespace plotvane {
 constexpr int kTraceCount = kSlotCount;
 
 // One value for each trace, in trace order: what one sample gives the chart.
-using TraceValues = std::array<double, kTraceCount>;
+using TraceValues = IndexedArray<double, kTraceCount>;
 
 // The strip chart as the portable code sees it. CMultiPlotCtrl is the real one. Traces are 0..11.
 struct TraceChart {

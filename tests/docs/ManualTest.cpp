@@ -18,6 +18,7 @@
 #include "scaling/DefaultScaling.h"
 #include "tests/docs/Page.h"
 #include "tests/support/FakeViews.h"
+#include "tests/support/PlotFixture.h"
 #include "tests/support/TempFolder.h"
 
 namespace plotvane::test {
@@ -187,16 +188,13 @@ TEST(ManualAirFuelTest, ListsTheGroups) {
     EXPECT_TRUE(Page("docs/manual/air-fuel.md").Says("measuring groups " + groups + " a value")) << groups;
 }
 
-TEST(ManualFuelTest, ComputesItsExample) {
-    SlotTable slots;
-    slots[0].unit = "l/h";
-    slots[0].value = 8.0;
-    slots[1].unit = "km/h";
-    slots[1].value = 100.0;
-    FakePanel panel;
-    FakeMeters meters;
+using ManualFuelTest = PlotFixture;
+
+TEST_F(ManualFuelTest, ComputesItsExample) {
+    Fill(0, 1, 0, 8.0, "l/h");
+    Fill(1, 1, 1, 100.0, "km/h");
     FuelFigures fuel{{"MPG", "L/100km", "Gal. per Hour"}};
-    fuel.UpdateFuel(slots, RunState(), Prefs(), panel, meters);
+    fuel.UpdateFuel(sample, views);
     std::array<char, 64> told{};
     std::snprintf(told.data(), told.size(), "8 l/h at 100 km/h is %.1f L/100km and %.1f MPG",
                   fuel.Consumption(), fuel.Mileage());

@@ -77,7 +77,7 @@ TEST_F(PipeProtocolTest, ExchangeFileNamesTheDescriptorThatThePageStates) {
 
 TEST_F(PipeProtocolTest, NormalRecordFillsTheSlotsOfTheTable) {
     Parse("normal record");
-    EXPECT_FALSE(m_state.obdNow);
+    EXPECT_FALSE(m_state.tenChannels);
     const Table table = m_page.TableOf({"slot", "group", "field", "value", "unit"});
     ASSERT_EQ(table.size(), 6U);
     for (std::size_t row = 1; row < table.size(); ++row) {
@@ -93,7 +93,7 @@ TEST_F(PipeProtocolTest, NormalRecordFillsTheSlotsOfTheTable) {
 
 TEST_F(PipeProtocolTest, IdentifiersTakeThePlaceOfTheGroup) {
     Parse("record with PIDs");
-    EXPECT_FALSE(m_state.obdNow);
+    EXPECT_FALSE(m_state.tenChannels);
     EXPECT_EQ(m_slots[0].group, 12);
     EXPECT_EQ(m_slots[1].group, 13);
     EXPECT_EQ(m_slots[1].value, 51.0);
@@ -103,11 +103,11 @@ TEST_F(PipeProtocolTest, IdentifiersTakeThePlaceOfTheGroup) {
 
 TEST_F(PipeProtocolTest, TenValuesAreTheOnesThatThePageStates) {
     Parse("record with ten values");
-    EXPECT_TRUE(m_state.obdNow);
+    EXPECT_TRUE(m_state.tenChannels);
     std::string told;
-    for (int i = 0; i < kObdFieldCount; ++i) {
-        if (i > 0) told += i + 1 < kObdFieldCount ? ", " : " and ";
-        told += std::to_string(static_cast<int>(m_slots.obdValues[static_cast<std::size_t>(i)]));
+    for (int i = 0; i < kChannelCount; ++i) {
+        if (i > 0) told += i + 1 < kChannelCount ? ", " : " and ";
+        told += std::to_string(static_cast<int>(m_slots.channelValues[i]));
     }
     EXPECT_TRUE(m_page.Says("with ten values, here " + told)) << told;
 }
@@ -120,12 +120,12 @@ TEST_F(PipeProtocolTest, BytesAreOneBlockAndThenControlBytes) {
     reader.Attach(5);
     m_state.stopped = false;
     pipe.Write(Stream());
-    EXPECT_EQ(reader.Read(record, LoopRun(m_state)), Block::Record);
+    EXPECT_EQ(reader.Read(record, LoopRun(m_state)), std::nullopt);
     EXPECT_EQ(record.Text(), Unspaced(m_page.Example("normal record")));
     EXPECT_TRUE(
         m_page.Says("The first of these records, " + std::to_string(record.Text().size()) + " characters"));
-    EXPECT_EQ(reader.Read(record, LoopRun(m_state)), Block::HostStopped);
-    EXPECT_EQ(reader.Read(record, LoopRun(m_state)), Block::HostClosing);
+    EXPECT_EQ(reader.Read(record, LoopRun(m_state)), RunEnd::Stopped);
+    EXPECT_EQ(reader.Read(record, LoopRun(m_state)), RunEnd::Closing);
 }
 
 TEST_F(PipeProtocolTest, ScriptOfTheStandInHostSendsTheSameBytes) {

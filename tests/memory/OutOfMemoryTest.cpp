@@ -70,7 +70,7 @@ struct Session : test::AcquisitionFixture {
         test::WriteBytes(folder / "MB-PIPE.TXT", "5\n");
         state.hostRunning = true;
         FillPipe();
-        return FailsAt(request, [this] { acquisition.loop.Start(); });
+        return FailsAt(request, [this] { acquisition.control.StartLive(); });
     }
     void FillPipe() {
         pipe = test::ScriptedPipe();
@@ -88,8 +88,8 @@ struct Session : test::AcquisitionFixture {
     void ExpectStopped() const {
         EXPECT_TRUE(state.stopped);
         EXPECT_TRUE(chart.redraw);
-        EXPECT_EQ(dialog.pause, PauseImage::StartOver);
-        EXPECT_TRUE(dialog.pauseEnabled);
+        EXPECT_EQ(dialog.look.pause, PauseImage::StartOver);
+        EXPECT_TRUE(dialog.look.pauseEnabled);
         EXPECT_FALSE(dialog.choice && test::IsHeldOpen(*dialog.choice));
     }
 

@@ -30,7 +30,7 @@ private:
 
 protected:
     TempFolder folder;
-    DriveData data{folder / "Scaling"};
+    ProgramData data{folder / "Scaling"};
     RunState& state = data.state;
     FakeChart chart;
     FakePanel panel;
@@ -39,7 +39,7 @@ protected:
     ScriptedPipe pipe;
     FakeDialog dialog;
     Acquisition acquisition{data,
-                            {chart, panel, meters, dialog, dialog, dialog, dialog},
+                            {{chart, panel, meters}, dialog, dialog},
                             pipe,
                             pump,
                             {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}};

@@ -26,9 +26,9 @@ public:
         int penWidth;
         Colour background;
         Colour grid;
-        std::array<Colour, kTraceCount> traces;
-        std::array<double, kTraceCount> lower;
-        std::array<double, kTraceCount> upper;
+        IndexedArray<Colour, kTraceCount> traces;
+        IndexedArray<double, kTraceCount> lower;
+        IndexedArray<double, kTraceCount> upper;
     };
 
     explicit BareChart(const Look& look)
@@ -39,7 +39,7 @@ public:
           m_traces(look.width, look.height),
           m_shown(look.width, look.height) {
         m_previousY.fill(-1);
-        for (std::size_t i = 0; i < m_pens.size(); ++i)
+        for (int i = 0; i < kTraceCount; ++i)
             m_pens[i] = CPen{::CreatePen(PS_SOLID, look.penWidth, look.traces[i])};
         FillTraces({0, 0, look.width, look.height});
         DrawGrid();
@@ -47,12 +47,12 @@ public:
 
     void Append(const TraceValues& values, int shift) {
         Scroll(shift);
-        for (std::size_t i = 0; i < m_pens.size(); ++i) DrawPoint(i, values[i], shift);
+        for (int i = 0; i < kTraceCount; ++i) DrawPoint(i, values[i], shift);
     }
 
     void Gap(const TraceValues& values) {
         Scroll(30);
-        for (std::size_t i = 0; i < m_pens.size(); ++i) {
+        for (int i = 0; i < kTraceCount; ++i) {
             m_previousY[i] = RowOf(i, values[i]);
             m_previous[i] = values[i];
         }
@@ -120,12 +120,12 @@ private:
         FillTraces({m_plot.right - shift + 1, m_plot.top, m_plot.right + 1, m_plot.bottom});
     }
 
-    int RowOf(std::size_t trace, double value) const {
+    int RowOf(int trace, double value) const {
         const double factor = m_plot.Height() / (m_look.upper[trace] - m_look.lower[trace]);
         return m_plot.bottom - static_cast<int>(std::trunc((value - m_look.lower[trace]) * factor));
     }
 
-    void DrawPoint(std::size_t trace, double value, int shift) {
+    void DrawPoint(int trace, double value, int shift) {
         const HDC dc = m_traces.Dc();
         const Selected penInDc(dc, m_pens[trace]);
         const int x0 = m_plot.right - shift;
@@ -152,9 +152,9 @@ private:
     const Look m_look;
     const CRect m_plot;
     const CBrush m_background;
-    std::array<CPen, kTraceCount> m_pens;
-    std::array<double, kTraceCount> m_previous{};
-    std::array<int, kTraceCount> m_previousY{};
+    IndexedArray<CPen, kTraceCount> m_pens{};
+    IndexedArray<double, kTraceCount> m_previous{};
+    IndexedArray<int, kTraceCount> m_previousY{};
     Sheet m_grid;
     Sheet m_traces;
     Sheet m_shown;

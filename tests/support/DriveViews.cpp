@@ -70,7 +70,7 @@ void LineChart::InvalidateCtrl() {
                                .extraCharacters = 3});
     const LabelRules rules{.showUnits = m_prefs.showUnits,
                            .showZeros = m_prefs.showZeros,
-                           .tenChannels = m_state.obdNow,
+                           .tenChannels = m_state.tenChannels,
                            .customMinimum = {},
                            .customMaximum = {}};
     for (const ChartLabel& label : ChartLabels(m_slots, m_traces, rules, m_geometry.Plot())) {
@@ -83,12 +83,13 @@ void LineChart::InvalidateCtrl() {
 void LineChart::TakeValues(const TraceValues& values) {
     Require(std::ranges::all_of(values, [](double value) { return std::isfinite(value); }),
             "what is drawn is finite");
-    for (std::size_t trace = 0; trace < m_traces.size(); ++trace) m_traces[trace].current = values[trace];
+    for (int trace = 0; trace < kTraceCount; ++trace)
+        m_traces.at(static_cast<std::size_t>(trace)).current = values[trace];
 }
 
 void OpenMeters::SetSlotRange(int slot, double minimum, double maximum) {
     Require(std::isfinite(minimum) && std::isfinite(maximum), "a range is finite");
-    m_slots.at(At(slot)).SetRange(minimum, maximum);
+    m_slots[slot].SetRange(minimum, maximum);
 }
 
 // The next one to open starts afresh.

@@ -45,21 +45,20 @@ private:
 // Every meter open, down to the needle's angle and the texts.
 class OpenMeters : public MeterBoard {
 public:
-    void SetSlotValue(int slot, double value) override { Show(m_slots.at(At(slot)), value); }
+    void SetSlotValue(int slot, double value) override { Show(m_slots[slot], value); }
     void SetSlotRange(int slot, double minimum, double maximum) override;
-    void SetSlotUnits(int slot, std::string_view units) override { m_slots.at(At(slot)).SetUnits(units); }
-    void SetObdValue(int field, double value) override { Show(m_obd.at(At(field)), value); }
+    void SetSlotUnits(int slot, std::string_view units) override { m_slots[slot].SetUnits(units); }
+    void SetChannelValue(int channel, double value) override { Show(m_channels[channel], value); }
     void SetFuelValue(Fuel meter, double value) override { Show(Of(meter), value); }
     void SetFuelScale(Fuel meter, std::string_view units, double maximum, int decimals) override;
     void CloseFuelMeters() override;
 
 private:
-    static std::size_t At(int index) { return static_cast<std::size_t>(index); }
     void Show(Gauge& gauge, double value);
     Gauge& Of(Fuel meter) { return meter == Fuel::Mileage ? *m_mileage : *m_consumption; }
 
-    std::array<Gauge, kSlotCount> m_slots;
-    std::array<Gauge, kObdFieldCount> m_obd;
+    IndexedArray<Gauge, kSlotCount> m_slots;
+    IndexedArray<Gauge, kChannelCount> m_channels;
     std::optional<Gauge> m_mileage{std::in_place};
     std::optional<Gauge> m_consumption{std::in_place};
     std::string m_text;  // kept for its memory

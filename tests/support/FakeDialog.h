@@ -13,52 +13,40 @@
 
 namespace plotvane::test {
 
-// The main dialog's part in an acquisition: what it was asked for, and what its run buttons show.
-class FakeDialog : public LoopOwner, public RunButtons, public TitleBar, public LogChooser {
+// The main dialog's part in an acquisition: what it was asked for, and how its run buttons look.
+class FakeDialog : public MainWindow, public RunButtons {
 public:
-    // LoopOwner.
-    void Stop() override { control->Stop(); }
-    void Pause() override { control->Pause(); }
-    void Close() override {
-        ++closes;
-        control->Stop();
-    }
+    // As the user does it.
+    void Stop() { control->Stop(); }
+    void Pause() { control->Pause(); }
+
+    // MainWindow.
     void ShowMessage(int textId, int captionId) override {
         messages.emplace_back(textId, captionId);
         if (whileMessage) whileMessage();
     }
-
-    // RunButtons.
-    void ShowStop(bool active) override { stopActive = active; }
-    void ShowPause(PauseImage image) override { pause = image; }
-    void ShowLoad(bool active) override { loadActive = active; }
-    void EnableStop(bool enabled) override { stopEnabled = enabled; }
-    void EnablePause(bool enabled) override { pauseEnabled = enabled; }
-    void EnableLoad(bool enabled) override { loadEnabled = enabled; }
-
-    // TitleBar.
-    void SetModuleTitle(std::u16string_view text) override {
-        title = text;
-        ++titles;
-    }
-
-    // LogChooser.
     std::optional<std::filesystem::path> ChooseLog() override {
         ++asked;
         if (whileAsked) whileAsked();
         return choice;
     }
+    void SetModuleTitle(std::u16string_view text) override {
+        title = text;
+        ++titles;
+    }
+    void Close() override {
+        ++closes;
+        control->Stop();
+    }
+
+    // RunButtons.
+    void Show(const RunButtonsLook& newLook) override { look = newLook; }
 
     RunControl* control = nullptr;
     int closes = 0;
     std::vector<std::pair<int, int>> messages;
     std::function<void()> whileMessage;  // what else happens while a message is shown
-    bool stopActive = false;
-    PauseImage pause = PauseImage::Idle;
-    bool loadActive = false;
-    bool stopEnabled = false;
-    bool pauseEnabled = false;
-    bool loadEnabled = true;
+    RunButtonsLook look;
     std::u16string title;
     int titles = 0;
     std::optional<std::filesystem::path> choice;  // nothing: the user cancels

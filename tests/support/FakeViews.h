@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -19,7 +18,7 @@ struct FakeChart : TraceChart {
     };
 
     void SetRange(double lower, double upper, int trace) override {
-        ranges.at(static_cast<std::size_t>(trace)) = {lower, upper};
+        ranges[trace] = {lower, upper};
         ++rangesSet;
         rangeSetWhileOn |= redraw;
     }
@@ -34,7 +33,7 @@ struct FakeChart : TraceChart {
     void InvalidateCtrl() override { ++redraws; }
     void SetRedraw(bool on) noexcept override { redraw = on; }
 
-    std::array<Range, kTraceCount> ranges;
+    IndexedArray<Range, kTraceCount> ranges{};
     int rangesSet = 0;
     std::vector<TraceValues> samples;
     std::vector<TraceValues> gaps;
@@ -47,12 +46,12 @@ struct FakeChart : TraceChart {
 struct FakePanel : SlotPanel {
     static constexpr Colour kInactive = 0xF0F0F0;
 
-    void ShowValue(int slot, std::string_view text) override { values.at(At(slot)) = text; }
-    bool IsTraceShown(int slot) const override { return shown.at(At(slot)); }
-    void SetTraceShown(int slot, bool on) override { shown.at(At(slot)) = on; }
-    void SetSwatch(int slot, Colour colour) override { swatches.at(At(slot)) = colour; }
-    void ShowAirFuelButton(int slot, bool on) override { airFuelShown.at(At(slot)) = on; }
-    bool IsAirFuelOn(int slot) const override { return airFuelOn.at(At(slot)); }
+    void ShowValue(int slot, std::string_view text) override { values[slot] = text; }
+    bool IsTraceShown(int slot) const override { return shown[slot]; }
+    void SetTraceShown(int slot, bool on) override { shown[slot] = on; }
+    void SetSwatch(int slot, Colour colour) override { swatches[slot] = colour; }
+    void ShowAirFuelButton(int slot, bool on) override { airFuelShown[slot] = on; }
+    bool IsAirFuelOn(int slot) const override { return airFuelOn[slot]; }
     void ShowSelection(int slot, int minimum, int maximum) override {
         frame = selected = slot;
         limits = {minimum, maximum};
@@ -65,25 +64,25 @@ struct FakePanel : SlotPanel {
         tenChannels = ten;
         ++layouts;
         swatches.fill(kInactive);
-        obdSwatches.fill(kInactive);
+        channelSwatches.fill(kInactive);
     }
-    void ShowObdValue(int field, std::string_view text) override { obdValues.at(At(field)) = text; }
-    bool IsObdTraceShown(int field) const override { return obdShown.at(At(field)); }
-    void SetObdTraceShown(int field, bool on) override { obdShown.at(At(field)) = on; }
-    void SetObdSwatch(int field, Colour colour) override { obdSwatches.at(At(field)) = colour; }
+    void ShowChannelValue(int channel, std::string_view text) override { channelValues[channel] = text; }
+    bool IsChannelShown(int channel) const override { return channelsShown[channel]; }
+    void SetChannelShown(int channel, bool on) override { channelsShown[channel] = on; }
+    void SetChannelSwatch(int channel, Colour colour) override { channelSwatches[channel] = colour; }
     Colour InactiveColour() const override { return kInactive; }
     void ShowFuelButtons(bool on) override { fuelButtons = on; }
     void ShowPixelShift(int pixels) override { pixelShift = pixels; }
     void ShowElapsed(std::string_view text) override { elapsed = text; }
 
-    std::array<std::string, kSlotCount> values;
-    std::array<bool, kSlotCount> shown{};
-    std::array<Colour, kSlotCount> swatches{};
-    std::array<bool, kSlotCount> airFuelShown{};
-    std::array<bool, kSlotCount> airFuelOn{};
-    std::array<std::string, kObdFieldCount> obdValues;
-    std::array<bool, kObdFieldCount> obdShown{};
-    std::array<Colour, kObdFieldCount> obdSwatches{};
+    IndexedArray<std::string, kSlotCount> values{};
+    IndexedArray<bool, kSlotCount> shown{};
+    IndexedArray<Colour, kSlotCount> swatches{};
+    IndexedArray<bool, kSlotCount> airFuelShown{};
+    IndexedArray<bool, kSlotCount> airFuelOn{};
+    IndexedArray<std::string, kChannelCount> channelValues{};
+    IndexedArray<bool, kChannelCount> channelsShown{};
+    IndexedArray<Colour, kChannelCount> channelSwatches{};
     std::pair<int, int> limits;
     int frame = -1;  // the one shown, or -1
     int selected = -1;
@@ -93,9 +92,6 @@ struct FakePanel : SlotPanel {
     bool fuelButtons = false;
     int pixelShift = 0;
     std::string elapsed;
-
-private:
-    static std::size_t At(int index) { return static_cast<std::size_t>(index); }
 };
 
 struct FakeMeters : MeterBoard {
@@ -107,17 +103,13 @@ struct FakeMeters : MeterBoard {
         std::string units;
     };
 
-    void SetSlotValue(int slot, double value) override {
-        slots.at(static_cast<std::size_t>(slot)).value = value;
-    }
+    void SetSlotValue(int slot, double value) override { slots[slot].value = value; }
     void SetSlotRange(int slot, double minimum, double maximum) override {
-        slots.at(static_cast<std::size_t>(slot)).minimum = minimum;
-        slots.at(static_cast<std::size_t>(slot)).maximum = maximum;
+        slots[slot].minimum = minimum;
+        slots[slot].maximum = maximum;
     }
-    void SetSlotUnits(int slot, std::string_view units) override {
-        slots.at(static_cast<std::size_t>(slot)).units = units;
-    }
-    void SetObdValue(int field, double value) override { obd.at(static_cast<std::size_t>(field)) = value; }
+    void SetSlotUnits(int slot, std::string_view units) override { slots[slot].units = units; }
+    void SetChannelValue(int channel, double value) override { channels[channel] = value; }
     void SetFuelValue(Fuel meter, double value) override { Of(meter).value = value; }
     void SetFuelScale(Fuel meter, std::string_view units, double maximum, int decimals) override {
         Of(meter).units = units;
@@ -128,8 +120,8 @@ struct FakeMeters : MeterBoard {
 
     Gauge& Of(Fuel meter) { return meter == Fuel::Mileage ? mileage : consumption; }
 
-    std::array<Gauge, kSlotCount> slots;
-    std::array<double, kObdFieldCount> obd{};
+    IndexedArray<Gauge, kSlotCount> slots{};
+    IndexedArray<double, kChannelCount> channels{};
     Gauge mileage;
     Gauge consumption;
     int closed = 0;

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "plot/binding/TracePlot.h"
-#include "scaling/Prefs.h"
+#include "plot/binding/Sample.h"
+#include "plot/binding/Views.h"
 #include "tests/support/DegreeSign.h"
 #include "tests/support/FakePump.h"
 #include "tests/support/FakeViews.h"
@@ -48,7 +48,8 @@ protected:
     FakePanel panel;
     FakeMeters meters;
     FakePump pump;
-    TracePlot plot{state, slots, defaults, ranges, chart, panel, meters};
+    Sample sample{state, prefs, slots, defaults, ranges};
+    Views views{chart, panel, meters};
 };
 
 }  // namespace plotvane::test

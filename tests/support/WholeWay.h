@@ -58,8 +58,8 @@ public:
     };
 
     WholeWay(HostPipe& pipe, Meters meters, std::function<void(const TraceValues&)> onSample)
-        : m_acquisition(m_data, {m_chart, m_panel, Board(meters), m_dialog, m_dialog, m_dialog, m_dialog},
-                        pipe, m_pump, {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}) {
+        : m_acquisition(m_data, {{m_chart, m_panel, Board(meters)}, m_dialog, m_dialog}, pipe, m_pump,
+                        {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}) {
         std::filesystem::current_path(m_folder.Path());
         m_dialog.control = &m_acquisition.control;
         m_chart.onSample = std::move(onSample);
@@ -73,7 +73,7 @@ public:
     void RunLive() {
         WriteBytes(m_folder / kExchangeFileName, "5\n");
         m_data.state.hostRunning = true;
-        m_acquisition.loop.Start();
+        m_acquisition.control.StartLive();
     }
 
     // Returns when the log is over.
@@ -94,7 +94,7 @@ private:
 
     const std::filesystem::path m_before = std::filesystem::current_path();
     TempFolder m_folder;
-    DriveData m_data{m_folder / "Scaling"};
+    ProgramData m_data{m_folder / "Scaling"};
     test::LineChart m_chart{m_data.prefs, m_data.state, m_data.slots};
     FakePanel m_panel;
     test::OpenMeters m_openMeters;

@@ -19,7 +19,7 @@ std::string NormalRecord(const Drive& drive, double seconds, std::string_view id
 
 std::string ObdRecord(const Drive& drive, double seconds, std::string_view identifier) {
     RecordText record(identifier);
-    for (int field = 0; field < kObdFieldCount; ++field)
+    for (int field = 0; field < kChannelCount; ++field)
         record.AddObdField(field, std::to_string(RawByte(drive, field, seconds)));
     for (int slot = kSlotColumns; slot < kSlotCount; ++slot) record.AddEmptySlot();
     return record.Text();

@@ -126,7 +126,7 @@ std::string TenFieldLog(const Drive& drive, const LogSpan& span) {
     int number = 0;
     for (const double time : RowTimes(span)) {
         std::string line = std::to_string(number++) + ',' + Time(time);
-        for (int field = 0; field < kObdFieldCount; ++field)
+        for (int field = 0; field < kChannelCount; ++field)
             line += ',' + std::to_string(RawByte(drive, field, span.from + time));
         for (int row = 1; row < kSlotRows; ++row)
             AppendGroup(line, drive, row, span.from, time + 0.1 + row * kGroupDelay);

@@ -14,13 +14,19 @@ using test::BlockOf;
 using test::EngineRecord;
 using Range = test::FakeChart::Range;
 
-std::string ObdRecord() {
+std::string Empty(int slots) {
+    std::string items;
+    for (int i = 0; i < slots; ++i) items += "G000,,,,";
+    return items;
+}
+
+// Ten channels, and two rows of slots.
+std::string ObdRecord(const std::string& rows = Empty(8)) {
     std::string record = "038 906 019 FT,GZER,F0,12,,GZER,F1,128,,";
     for (char digit = '2'; digit <= '9'; ++digit) {
         record.append("GZER,F").append(1, digit).append(",1").append(1, digit).append(",,");
     }
-    for (int i = 0; i < 8; ++i) record += "G000,,,,";
-    return record;
+    return record.append(rows);
 }
 
 class LiveLoopTest : public test::AcquisitionFixture {
@@ -29,7 +35,7 @@ protected:
         state.hostRunning = true;
         test::WriteBytes(folder / "MB-PIPE.TXT", "5\n");
     }
-    void Run() { acquisition.loop.Start(); }
+    void Run() { acquisition.control.StartLive(); }
 };
 
 TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
@@ -49,6 +55,7 @@ TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
     EXPECT_EQ(panel.selected, 0);
     EXPECT_EQ(panel.limits, std::make_pair(0, 6000));
     EXPECT_EQ(meters.slots[2].value, 50.0);
+    EXPECT_TRUE(panel.fuelButtons);
     EXPECT_NEAR(meters.mileage.value, 28.0017, 5e-5);
     EXPECT_DOUBLE_EQ(meters.consumption.value, 8.4);
 }
@@ -64,12 +71,12 @@ TEST_F(LiveLoopTest, EveryMeterTakesItsValue) {
     pipe.Write("\xFE");
     Run();
     EXPECT_EQ(panel.selected, 0);
-    for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
-        EXPECT_EQ(meters.slots[slot].value, 50.0 + static_cast<double>(slot)) << slot;
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        EXPECT_EQ(meters.slots[slot].value, 50.0 + slot) << slot;
     }
-    // The meters of the ten fields take the first ten values of the sample, whatever its form.
-    for (std::size_t field = 0; field < kObdFieldCount; ++field) {
-        EXPECT_EQ(meters.obd[field], 50.0 + static_cast<double>(field)) << field;
+    // The meters of the ten channels take the first ten values of the sample, whatever its form.
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        EXPECT_EQ(meters.channels[channel], 50.0 + channel) << channel;
     }
 }
 
@@ -77,7 +84,7 @@ TEST_F(LiveLoopTest, EachRunSelectsTheFirstSlotAtItsFirstRecordAndLeavesTheUsers
     pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
     Run();
-    acquisition.selection.SelectSlot(0, 2);
+    acquisition.loop.Selection().SelectSlot(0, 2);
 
     // The same groups again, so that nothing else selects.
     for (int i = 0; i < 2; ++i) pipe.Write(BlockOf(EngineRecord()));
@@ -114,17 +121,15 @@ TEST_F(LiveLoopTest, TheFirstSampleIsErasedByTheRedrawAndTheSecondIsNot) {
 
 TEST_F(LiveLoopTest, TheStopByteStopsAndOffersToStartOver) {
     pipe.Write("\xFF\xFE");
-    dialog.stopEnabled = true;  // however they were left
-    dialog.loadEnabled = false;
-    dialog.loadActive = true;
+    dialog.look.stopEnabled = true;  // however they were left
+    dialog.look.loadActive = true;
     Run();
-    EXPECT_TRUE(dialog.loadEnabled);
-    EXPECT_FALSE(dialog.loadActive);
+    EXPECT_FALSE(dialog.look.loadActive);
     EXPECT_TRUE(state.stopped);
     EXPECT_TRUE(state.restartAfterStop);
-    EXPECT_EQ(dialog.pause, PauseImage::StartOver);
-    EXPECT_TRUE(dialog.pauseEnabled);
-    EXPECT_FALSE(dialog.stopEnabled);
+    EXPECT_EQ(dialog.look.pause, PauseImage::StartOver);
+    EXPECT_TRUE(dialog.look.pauseEnabled);
+    EXPECT_FALSE(dialog.look.stopEnabled);
     EXPECT_EQ(dialog.closes, 0);
 }
 
@@ -210,13 +215,13 @@ TEST_F(LiveLoopTest, ARestartedRunCanBeHeldAndResumed) {
     pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
     After(60.0, [&] {
-        EXPECT_EQ(dialog.pause, PauseImage::Pause);
+        EXPECT_EQ(dialog.look.pause, PauseImage::Pause);
         EXPECT_FALSE(state.restartAfterStop);
         dialog.Pause();
     });
     After(500.0, [&] {
         EXPECT_FALSE(state.playing);
-        EXPECT_EQ(dialog.pause, PauseImage::Resume);
+        EXPECT_EQ(dialog.look.pause, PauseImage::Resume);
         dialog.Pause();
     });
     dialog.Pause();
@@ -274,7 +279,7 @@ TEST_F(LiveLoopTest, PauseHoldsAndLeavesAGap) {
         dialog.Pause();
     });
     After(1000.0, [&] {
-        EXPECT_EQ(dialog.pause, PauseImage::Resume);
+        EXPECT_EQ(dialog.look.pause, PauseImage::Resume);
         EXPECT_LT(samplesBefore, 3u);
         EXPECT_EQ(chart.samples.size(), samplesBefore);
         dialog.Pause();
@@ -304,10 +309,19 @@ TEST_F(LiveLoopTest, TheObdFormShowsTenChannelsAndLoadsNoScaling) {
     EXPECT_EQ(chart.ranges[0], (Range{-1, 256}));
     ASSERT_EQ(chart.samples.size(), 2u);
     EXPECT_EQ(chart.samples[0], (TraceValues{12, 128, 12, 13, 14, 15, 16, 17, 18, 19, -1, -1}));
-    EXPECT_THAT(meters.obd, testing::ElementsAre(12, 128, 12, 13, 14, 15, 16, 17, 18, 19));
+    EXPECT_THAT(meters.channels, testing::ElementsAre(12, 128, 12, 13, 14, 15, 16, 17, 18, 19));
     EXPECT_EQ(chart.redraws, 1);  // the form changed once
     EXPECT_FALSE(std::filesystem::exists(folder / "Scaling"));
     EXPECT_EQ(dialog.title, u"Plotvane  -  Live Data  -  038 906 019 FT");
+}
+
+TEST_F(LiveLoopTest, BelowTenChannelsTheFuelFiguresComeFromTheTwoRowsThatAreLeft) {
+    pipe.Write(BlockOf(ObdRecord("G007,F0,8,l/h,G007,F1,100,km/h," + Empty(6))));
+    pipe.Write("\xFE");
+    Run();
+    EXPECT_TRUE(panel.fuelButtons);
+    EXPECT_DOUBLE_EQ(meters.consumption.value, 8.0);
+    EXPECT_EQ(panel.values[4], "8 l/h");
 }
 
 TEST_F(LiveLoopTest, BackInTheNormalFormTheSlotsAreDrawnAgain) {
@@ -322,9 +336,7 @@ TEST_F(LiveLoopTest, BackInTheNormalFormTheSlotsAreDrawnAgain) {
 }
 
 TEST_F(LiveLoopTest, GenericObdIdentifiersKeepOnePairALine) {
-    std::string record = "OBD,G012,F0,780,/min,G013,F0,51,km/h,";
-    for (int i = 0; i < 10; ++i) record += "G000,,,,";
-    pipe.Write(BlockOf(record));
+    pipe.Write(BlockOf("OBD,G012,F0,780,/min,G013,F0,51,km/h," + Empty(10)));
     pipe.Write("\xFE");
     Run();
     EXPECT_TRUE(state.obdFile);

@@ -29,7 +29,7 @@ TEST_F(RecordParserTest, ReadsTwelveFieldsOfTheNormalForm) {
         Parse("G001,F0,780,/min,G001,F1,90.0,\xB0"
               "C,G001,F2,50, km/h,G001,F3,4.2,l/h," +
               Empty(8)));
-    EXPECT_FALSE(state.obdNow);
+    EXPECT_FALSE(state.tenChannels);
     EXPECT_EQ(slots[0].group, 1);
     EXPECT_EQ(slots[0].field, 0);
     EXPECT_EQ(slots[0].value, 780.0);
@@ -57,10 +57,10 @@ TEST_F(RecordParserTest, ReadsTenFieldsOfTheObdForm) {
     slots[3].group = 5;
     slots[3].unit = "V";
     EXPECT_TRUE(Parse(items + "G007,F2,1.5,ms," + Empty(7)));
-    EXPECT_TRUE(state.obdNow);
-    EXPECT_FALSE(state.obdPrevious);
-    EXPECT_EQ(slots.obdValues[0], 12.0);
-    EXPECT_EQ(slots.obdValues[1], 128.0);
+    EXPECT_TRUE(state.tenChannels);
+    EXPECT_FALSE(state.hadTenChannels);
+    EXPECT_EQ(slots.channelValues[0], 12.0);
+    EXPECT_EQ(slots.channelValues[1], 128.0);
     EXPECT_EQ(slots[3].group, 0);
     EXPECT_EQ(slots[3].unit, "");
     EXPECT_EQ(slots[4].group, 7);
@@ -72,7 +72,7 @@ TEST_F(RecordParserTest, FindsAnObdItemAfterOtherText) {
     std::string items = "GZER,F0,12,,--GZER,F1,128,,";
     for (char digit = '2'; digit <= '9'; ++digit) items += std::string("GZER,F") + digit + ",0,,";
     EXPECT_TRUE(Parse(items + Empty(8)));
-    EXPECT_EQ(slots.obdValues[1], 128.0);
+    EXPECT_EQ(slots.channelValues[1], 128.0);
 }
 
 TEST_F(RecordParserTest, RemembersTheFormOfTheRecordBefore) {
@@ -80,8 +80,8 @@ TEST_F(RecordParserTest, RemembersTheFormOfTheRecordBefore) {
     for (int i = 0; i < 10; ++i) obd += "GZER,F0,1,,";
     EXPECT_TRUE(Parse(obd + Empty(8)));
     EXPECT_TRUE(Parse(Empty(12)));
-    EXPECT_TRUE(state.obdPrevious);
-    EXPECT_FALSE(state.obdNow);
+    EXPECT_TRUE(state.hadTenChannels);
+    EXPECT_FALSE(state.tenChannels);
 }
 
 TEST_F(RecordParserTest, TakesTheValueOfNumericTextOnly) {
@@ -178,7 +178,7 @@ TEST_F(RecordParserTest, TakesGroupNumbersOutsideTheTables) {
     EXPECT_EQ(slots[0].field, 9);
 }
 
-TEST_F(RecordParserTest, TakesAPositionBehindTheText) {
+TEST_F(RecordParserTest, TakesAPositionBeyondTheText) {
     EXPECT_FALSE(ParseRecord("X", 2, slots, state));
     EXPECT_FALSE(ParseRecord("", 0, slots, state));
 }

@@ -7,8 +7,11 @@
 namespace plotvane {
 namespace {
 
-struct TitleLog : TitleBar {
+struct TitleLog : MainWindow {
     void SetModuleTitle(std::u16string_view title) override { titles.emplace_back(title); }
+    void ShowMessage(int, int) override { FAIL() << "nothing to say"; }
+    std::optional<std::filesystem::path> ChooseLog() override { return std::nullopt; }
+    void Close() override { FAIL() << "nothing to close for"; }
     std::vector<std::u16string> titles;
 };
 

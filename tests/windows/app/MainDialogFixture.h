@@ -12,7 +12,7 @@
 
 namespace plotvane::test {
 
-// The main dialog's real template on the screen, without the program behind it.
+// The main dialog's real template on the screen, without the program.
 class MainDialogFixture : public testing::Test {
 protected:
     MainDialogFixture() {

@@ -79,7 +79,7 @@ protected:
     }
 
     TempFolder folder;
-    DriveData data{folder.Path()};
+    ProgramData data{folder.Path()};
     FakeChart chart;
     LabelTable labels;
     CWnd owner;
@@ -236,12 +236,12 @@ TEST_F(MeterWindowsTest, EachMeterHearsOfItsOwnSlotOnly) {
     EXPECT_EQ(shown, (std::set<std::string>{"3.5 u3, -3..30", "7.5 u7, -7..70"}));
 }
 
-// Meters of the OBD fields.
+// Meters of the channels.
 
 TEST_F(MeterWindowsTest, TheMetersOfObdFieldsStandInARow) {
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        meters.OpenObdMeter(field);
-        meters.SetObdValue(field, 100.0 + field);
+    for (int field = 0; field < kChannelCount; ++field) {
+        meters.OpenChannelMeter(field);
+        meters.SetChannelValue(field, 100.0 + field);
         const CMeterWnd& meter = OpenMeter();
         ExpectPlace(meter, field * 32, 0);
         EXPECT_EQ(meter.GetWindowText(), "Field#" + std::to_string(field + 1));
@@ -256,8 +256,8 @@ TEST_F(MeterWindowsTest, TheMetersOfObdFieldsStandInARow) {
 TEST_F(MeterWindowsTest, AnObdFieldHasOneMeterBesideThatOfTheSlot) {
     Fill(2, 1, 2, "V");
     meters.OpenSlotMeter(2, labels);
-    meters.OpenObdMeter(2);
-    meters.OpenObdMeter(2);
+    meters.OpenChannelMeter(2);
+    meters.OpenChannelMeter(2);
     EXPECT_EQ(OpenMeters().size(), 2u);
 }
 
@@ -297,7 +297,7 @@ TEST_F(MeterWindowsTest, EachFuelMeterOpensOnce) {
     EXPECT_EQ(OpenMeters().size(), 2u);
 }
 
-TEST_F(MeterWindowsTest, AtAStandstillTheFuelMetersAreScaledAnew) {
+TEST_F(MeterWindowsTest, AtAStandstillTheFuelMetersGetOtherScales) {
     meters.OpenFuelMeter(MeterBoard::Fuel::Mileage);
     meters.SetFuelValue(MeterBoard::Fuel::Mileage, 30.0);
     meters.SetFuelScale(MeterBoard::Fuel::Mileage, "Gal. per Hour", 4.0, 2);
@@ -346,7 +346,7 @@ TEST_F(MeterWindowsTest, NewPreferencesColourTheMetersOfTheSlots) {
 }
 
 TEST_F(MeterWindowsTest, NewPreferencesLeaveTheMetersOfObdFieldsAlone) {
-    meters.OpenObdMeter(3);
+    meters.OpenChannelMeter(3);
     data.prefs.backColor = 0x0A0B0C;
     meters.ApplyPrefs();
     EXPECT_EQ(OpenMeter().Shown().BackgroundColor(), kBackColour);
@@ -372,13 +372,13 @@ TEST_F(MeterWindowsTest, NewPreferencesScaleTheFuelMeters) {
 TEST_F(MeterWindowsTest, TheDialogTakesItsMetersAlong) {
     Fill(0, 1, 0, "V");
     meters.OpenSlotMeter(0, labels);
-    meters.OpenObdMeter(1);
+    meters.OpenChannelMeter(1);
     meters.OpenFuelMeter(MeterBoard::Fuel::Mileage);
     EXPECT_EQ(OpenMeters().size(), 3u);
     owner.DestroyWindow();
     EXPECT_TRUE(OpenMeters().empty());
     meters.SetSlotValue(0, 1.0);  // all places are empty
-    meters.SetObdValue(1, 1.0);
+    meters.SetChannelValue(1, 1.0);
     meters.CloseFuelMeters();
 }
 

@@ -41,28 +41,26 @@ TEST_F(RunButtonControlsTest, PlusAndMinusAreTheRightWayRound) {
 
 TEST_F(RunButtonControlsTest, StopAndLoadWearAnImageForWorkAndOneForRest) {
     EXPECT_EQ(ImageOf(IDC_STOP), Icon(IDI_STOP_IDLE));
-    buttons.ShowStop(true);
-    EXPECT_EQ(ImageOf(IDC_STOP), Icon(IDI_STOP_ACTIVE));
-    buttons.ShowStop(false);
-    EXPECT_EQ(ImageOf(IDC_STOP), Icon(IDI_STOP_IDLE));
-
     EXPECT_EQ(ImageOf(IDC_LOAD_LOG), Icon(IDI_LOAD_IDLE));
-    buttons.ShowLoad(true);
+    buttons.Show({.stopActive = true});
+    EXPECT_EQ(ImageOf(IDC_STOP), Icon(IDI_STOP_ACTIVE));
+    EXPECT_EQ(ImageOf(IDC_LOAD_LOG), Icon(IDI_LOAD_IDLE));
+    buttons.Show({.loadActive = true});
+    EXPECT_EQ(ImageOf(IDC_STOP), Icon(IDI_STOP_IDLE));
     EXPECT_EQ(ImageOf(IDC_LOAD_LOG), Icon(IDI_LOAD_ACTIVE));
-    buttons.ShowLoad(false);
+    buttons.Show({});
     EXPECT_EQ(ImageOf(IDC_LOAD_LOG), Icon(IDI_LOAD_IDLE));
 }
 
 TEST_F(RunButtonControlsTest, PauseTellsWhatItOffersByItsImage) {
-    EXPECT_EQ(ImageOf(IDC_PAUSE), Icon(IDI_PAUSE_IDLE));
-    std::set<HANDLE> images;
-    for (const PauseImage image :
-         {PauseImage::Idle, PauseImage::Pause, PauseImage::Resume, PauseImage::StartOver}) {
-        buttons.ShowPause(image);
-        images.insert(ImageOf(IDC_PAUSE));
+    const std::pair<PauseImage, int> icons[] = {{PauseImage::Idle, IDI_PAUSE_IDLE},
+                                                {PauseImage::Pause, IDI_PAUSE_ACTIVE},
+                                                {PauseImage::Resume, IDI_PLAY_ACTIVE},
+                                                {PauseImage::StartOver, IDI_PLAY_IDLE}};
+    for (const auto& [image, icon] : icons) {
+        buttons.Show({.pause = image});
+        EXPECT_EQ(ImageOf(IDC_PAUSE), Icon(icon)) << icon;
     }
-    EXPECT_EQ(images, (std::set<HANDLE>{Icon(IDI_PAUSE_IDLE), Icon(IDI_PAUSE_ACTIVE), Icon(IDI_PLAY_ACTIVE),
-                                        Icon(IDI_PLAY_IDLE)}));
 }
 
 // Counts the images that a button is given, in place of its window procedure.
@@ -92,37 +90,36 @@ private:
 
 TEST_F(RunButtonControlsTest, AnImageThatIsShownIsNotSetAgain) {
     const ImagesGiven given(dialog.GetDlgItem(IDC_PAUSE));
-    buttons.ShowPause(PauseImage::StartOver);
+    buttons.Show({.pause = PauseImage::StartOver});
     EXPECT_EQ(given.Count(), 1);
-    buttons.ShowPause(PauseImage::StartOver);
+    buttons.Show({.pause = PauseImage::StartOver});
     EXPECT_EQ(given.Count(), 1);
-    buttons.ShowPause(PauseImage::Pause);
+    buttons.Show({.pause = PauseImage::Pause});
     EXPECT_EQ(given.Count(), 2);
 }
 
 TEST_F(RunButtonControlsTest, ADisabledButtonPassesTheFocusOn) {
     dialog.ShowDlgItem(IDC_STOP, true);
-    buttons.EnablePause(true);
-    buttons.EnableStop(true);
+    buttons.Show({.stopEnabled = true, .pauseEnabled = true});
     ::SetFocus(dialog.GetDlgItem(IDC_STOP));
     ASSERT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_STOP);
-    buttons.EnableLoad(false);
+    buttons.Show({.stopEnabled = true});
     EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_STOP);
-    buttons.EnableStop(false);
+    buttons.Show({.pauseEnabled = true});
     EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDC_PAUSE);
 }
 
 TEST_F(RunButtonControlsTest, EachButtonIsEnabledByItself) {
-    buttons.EnableStop(true);
+    buttons.Show({.stopEnabled = true});
     EXPECT_TRUE(IsEnabled(IDC_STOP));
     EXPECT_FALSE(IsEnabled(IDC_PAUSE));
-    buttons.EnablePause(true);
+    buttons.Show({.stopEnabled = true, .pauseEnabled = true});
+    EXPECT_TRUE(IsEnabled(IDC_STOP));
     EXPECT_TRUE(IsEnabled(IDC_PAUSE));
-    buttons.EnableLoad(false);
-    EXPECT_FALSE(IsEnabled(IDC_LOAD_LOG));
-    buttons.EnableStop(false);
+    buttons.Show({.pauseEnabled = true});
     EXPECT_FALSE(IsEnabled(IDC_STOP));
     EXPECT_TRUE(IsEnabled(IDC_PAUSE));
+    EXPECT_TRUE(IsEnabled(IDC_LOAD_LOG));
 }
 
 }  // namespace

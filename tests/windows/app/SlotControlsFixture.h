@@ -27,7 +27,7 @@ protected:
     void ExpectSwatchesOverTheirPlaceholders() const {
         for (int slot = 0; slot < kSlotCount; ++slot)
             EXPECT_EQ(EdgesOf(IDC_SWATCH_WINDOW_FIRST + slot), EdgesOf(IDC_SWATCH_FIRST + slot)) << slot;
-        for (int field = 0; field < kObdFieldCount; ++field)
+        for (int field = 0; field < kChannelCount; ++field)
             EXPECT_EQ(EdgesOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), EdgesOf(IDC_OBD_SWATCH_FIRST + field))
                 << field;
     }

@@ -53,9 +53,9 @@ TEST_F(SlotControlsTest, ASwatchKeepsItsColourInItsFrame) {
 
 TEST_F(SlotControlsTest, AnObdSwatchTakesItsColourInTheTenChannelLayout) {
     panel.ApplyLayout(true);
-    for (int field = 0; field < kObdFieldCount; ++field) {
+    for (int field = 0; field < kChannelCount; ++field) {
         EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), ::GetSysColor(COLOR_3DFACE)) << field;
-        panel.SetObdSwatch(field, kTraceColour);
+        panel.SetChannelSwatch(field, kTraceColour);
         EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), kTraceColour) << field;
     }
 }
@@ -65,10 +65,10 @@ TEST_F(SlotControlsTest, AnotherLayoutTakesTheColoursOfAllSwatches) {
     panel.ApplyLayout(true);
     for (int slot = kSlotColumns; slot < kSlotCount; ++slot)
         EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + slot), ::GetSysColor(COLOR_3DFACE)) << slot;
-    for (int field = 0; field < kObdFieldCount; ++field) panel.SetObdSwatch(field, kTraceColour);
+    for (int field = 0; field < kChannelCount; ++field) panel.SetChannelSwatch(field, kTraceColour);
     panel.ApplyLayout(false);
     panel.ApplyLayout(true);
-    for (int field = 0; field < kObdFieldCount; ++field)
+    for (int field = 0; field < kChannelCount; ++field)
         EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), ::GetSysColor(COLOR_3DFACE)) << field;
 }
 
@@ -170,8 +170,8 @@ TEST_F(SlotControlsTest, TheLimitsOfTheSelectedSlotStandInTheScaleBox) {
 TEST_F(SlotControlsTest, FindsTheSlotUnderAPoint) {
     for (int slot = 0; slot < kSlotCount; ++slot)
         EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_SWATCH_FIRST + slot)), slot);
-    for (int field = 0; field < kObdFieldCount; ++field)
-        EXPECT_EQ(panel.ObdFieldAt(MiddleOnScreen(IDC_OBD_SWATCH_FIRST + field)), field);
+    for (int field = 0; field < kChannelCount; ++field)
+        EXPECT_EQ(panel.ChannelAt(MiddleOnScreen(IDC_OBD_SWATCH_FIRST + field)), field);
 }
 
 TEST_F(SlotControlsTest, ASwatchReachesFromItsFirstToItsLastPixel) {
@@ -187,7 +187,7 @@ TEST_F(SlotControlsTest, ASwatchReachesFromItsFirstToItsLastPixel) {
 
 TEST_F(SlotControlsTest, ThereIsNoSlotBesideTheSwatches) {
     EXPECT_EQ(panel.SlotAt({-1, -1}), -1);  // what the keyboard gives
-    EXPECT_EQ(panel.ObdFieldAt({-1, -1}), -1);
+    EXPECT_EQ(panel.ChannelAt({-1, -1}), -1);
     EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_VALUE_FIRST)), -1);
     EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_CHART_FRAME)), -1);
 }
@@ -208,9 +208,9 @@ TEST_F(SlotControlsTest, ValuesStandInTheirBoxes) {
 }
 
 TEST_F(SlotControlsTest, ObdValuesStandInTheirBoxes) {
-    for (int field = 0; field < kObdFieldCount; ++field)
-        panel.ShowObdValue(field, std::to_string(field * 25));
-    for (int field = 0; field < kObdFieldCount; ++field)
+    for (int field = 0; field < kChannelCount; ++field)
+        panel.ShowChannelValue(field, std::to_string(field * 25));
+    for (int field = 0; field < kChannelCount; ++field)
         EXPECT_EQ(dialog.GetDlgItemText(1043 + field), std::to_string(field * 25));
 }
 
@@ -222,11 +222,11 @@ TEST_F(SlotControlsTest, ReadsAndSetsTheCheckBoxes) {
         dialog.CheckDlgButton(1056 + slot, false);
         EXPECT_FALSE(panel.IsTraceShown(slot));
     }
-    for (int field = 0; field < kObdFieldCount; ++field) {
-        panel.SetObdTraceShown(field, true);
+    for (int field = 0; field < kChannelCount; ++field) {
+        panel.SetChannelShown(field, true);
         EXPECT_TRUE(dialog.IsDlgButtonChecked(1068 + field));
         dialog.CheckDlgButton(1068 + field, false);
-        EXPECT_FALSE(panel.IsObdTraceShown(field));
+        EXPECT_FALSE(panel.IsChannelShown(field));
     }
 }
 

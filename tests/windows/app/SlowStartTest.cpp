@@ -19,7 +19,7 @@ namespace {
 constexpr DWORD kSlowMs = 300;
 constexpr ULONGLONG kPatienceMs = 10'000;
 
-// Behind its start the timer that begins the run is due, and Windows has not shown the window yet.
+// Its start takes so long that the timer is due before Windows has shown the window.
 class SlowDlg : public CPlotvaneDlg {
 public:
     std::atomic<HWND> window = nullptr;

@@ -22,11 +22,11 @@ std::set<int> RowA() {
 std::set<int> ObdRow() {
     std::set<int> ids;
     for (const int first : {IDC_OBD_VALUE_FIRST, IDC_OBD_SHOW_FIRST, IDC_OBD_SWATCH_FIRST})
-        ids.merge(Range(first, kObdFieldCount));
+        ids.merge(Range(first, kChannelCount));
     return ids;
 }
 
-// Row A gone, the ten fields come; all else as it was.
+// The ten channels replace row A; everything else stays.
 std::set<int> WithObdRowInPlaceOfRowA(std::set<int> ids) {
     for (const int id : RowA()) ids.erase(id);
     ids.merge(ObdRow());
@@ -57,7 +57,7 @@ TEST_F(TenChannelLayoutTest, TheSwatchWindowsGoWithTheirRow) {
         panel.ApplyLayout(tenChannels);
         for (int slot = 0; slot < kSlotCount; ++slot)
             EXPECT_EQ(IsShown(IDC_SWATCH_WINDOW_FIRST + slot), !tenChannels || slot >= kSlotColumns) << slot;
-        for (int field = 0; field < kObdFieldCount; ++field)
+        for (int field = 0; field < kChannelCount; ++field)
             EXPECT_EQ(IsShown(IDC_OBD_SWATCH_WINDOW_FIRST + field), tenChannels) << field;
     }
 }
@@ -91,7 +91,7 @@ TEST_F(TenChannelLayoutTest, FrameAndAirFuelButtonOfTheOtherRowsStay) {
     EXPECT_EQ(WidthOfBox(9), 43);
 }
 
-// The first two OBD fields lie upon the speed buttons.
+// The boxes of the first two channels lie on the speed buttons.
 TEST_F(TenChannelLayoutTest, WhereTheReplaySpeedIsOfferedItMakesRoomForTheTenFields) {
     for (const int id :
          {IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED})

@@ -1,13 +1,11 @@
 #include "plot/binding/FuelFigures.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/support/FakeViews.h"
+#include "tests/support/PlotFixture.h"
 
 namespace plotvane {
 namespace {
 
-class FuelFiguresTest : public testing::Test {
+class FuelFiguresTest : public test::PlotFixture {
 protected:
     void SetUnits(int flowSlot, std::string_view flowUnit, int speedSlot, std::string_view speedUnit) {
         slots[flowSlot].unit = flowUnit;
@@ -19,13 +17,8 @@ protected:
         slots[2].value = speed;
         Update();
     }
-    void Update() { fuel.UpdateFuel(slots, state, prefs, panel, meters); }
+    void Update() { fuel.UpdateFuel(sample, views); }
 
-    SlotTable slots;
-    RunState state;
-    Prefs prefs;
-    test::FakePanel panel;
-    test::FakeMeters meters;
     FuelFigures fuel{{"MPG", "L/100km", "Gal. per Hour"}};
 };
 

@@ -26,7 +26,7 @@ protected:
     }
 
     bool halted = false;
-    ReplayPacing pacing{plot, pump, prefs};
+    ReplayPacing pacing{sample, views, pump};
 };
 
 TEST_F(ReplayPacingTest, KeepsThePaceOfTheStamps) {
@@ -37,7 +37,7 @@ TEST_F(ReplayPacingTest, KeepsThePaceOfTheStamps) {
     EXPECT_EQ(panel.elapsed, "0.50");
     EXPECT_EQ(Step(3.5), 2995.0);
     EXPECT_TRUE(chart.gaps.empty());
-    plot.values[0] = 7.0;
+    sample.values[0] = 7.0;
     EXPECT_EQ(Step(10.0), 995.0);
     ASSERT_EQ(chart.gaps.size(), 1u);
     EXPECT_EQ(chart.gaps[0][0], 7.0);
@@ -86,7 +86,7 @@ TEST_F(ReplayPacingTest, ReplayCatchesUpWithFiftyMillisecondsAndNoMore) {
     EXPECT_EQ(Step(5.0), 995.0);
 }
 
-TEST_F(ReplayPacingTest, ALateStepDoesNotDelayTheOnesBehindIt) {
+TEST_F(ReplayPacingTest, ALateStepDoesNotDelayTheNextOnes) {
     Step(0.0);
     Step(1.0);
     pump.Pass(30.0);  // the row took its time
@@ -185,7 +185,7 @@ TEST_F(ReplayPacingTest, AResumedHoldLeavesAGap) {
         EXPECT_TRUE(state.halted);
         state.playing = true;
     });
-    plot.values[3] = 4.0;
+    sample.values[3] = 4.0;
     const double resumedMs = pump.NowMs() + 300.0;
     Hold();
     EXPECT_EQ(pump.NowMs(), resumedMs);

@@ -10,7 +10,7 @@ protected:
     void FillAll() {
         for (int slot = 0; slot < kSlotCount; ++slot) Fill(slot, 1 + RowOf(slot), ColumnOf(slot), 0.0, "x");
     }
-    SlotSelection selection{plot};
+    SlotSelection selection{sample, panel};
 };
 
 TEST_F(SlotSelectionTest, ShowsTheFrameAndTheLimitsOfTheSlot) {

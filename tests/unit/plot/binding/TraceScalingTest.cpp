@@ -15,9 +15,8 @@ protected:
         scaling.UpdateSlots();
     }
 
-    SlotSelection selection{plot};
-    FuelFigures fuel{{"MPG", "L/100km", "Gal. per Hour"}};
-    TraceScaling scaling{plot, selection, fuel, prefs};
+    SlotSelection selection{sample, panel};
+    TraceScaling scaling{sample, views, selection};
 };
 
 TEST_F(TraceScalingTest, AFirstRecordIsShownScaledAndSelected) {
@@ -29,7 +28,7 @@ TEST_F(TraceScalingTest, AFirstRecordIsShownScaledAndSelected) {
               "C");
     EXPECT_EQ(panel.values[2], "50 km/h");
     EXPECT_EQ(panel.values[3], "4.2 l/h");
-    for (std::size_t slot = 4; slot < kSlotCount; ++slot) EXPECT_EQ(panel.values[slot], "") << slot;
+    for (int slot = 4; slot < kSlotCount; ++slot) EXPECT_EQ(panel.values[slot], "") << slot;
 
     EXPECT_EQ(chart.ranges[0], (Range{0, 6000}));
     EXPECT_EQ(chart.ranges[1], (Range{-10, 120}));
@@ -37,16 +36,13 @@ TEST_F(TraceScalingTest, AFirstRecordIsShownScaledAndSelected) {
     EXPECT_EQ(chart.ranges[3], (Range{0, 100}));
     EXPECT_EQ(chart.ranges[4], (Range{0, 100}));
 
-    EXPECT_EQ(plot.values[0], 780.0);
-    EXPECT_EQ(plot.values[1], 90.0);
-    EXPECT_EQ(plot.values[2], 50.0);
-    EXPECT_EQ(plot.values[3], 4.2);
+    EXPECT_EQ(sample.values[0], 780.0);
+    EXPECT_EQ(sample.values[1], 90.0);
+    EXPECT_EQ(sample.values[2], 50.0);
+    EXPECT_EQ(sample.values[3], 4.2);
 
     EXPECT_EQ(panel.selected, 0);
     EXPECT_EQ(panel.limits, std::make_pair(0, 6000));
-    EXPECT_TRUE(panel.fuelButtons);
-    EXPECT_DOUBLE_EQ(fuel.Consumption(), 8.4);
-    EXPECT_NEAR(fuel.Mileage(), 28.0017, 5e-5);
     EXPECT_TRUE(state.redrawRequest);
     EXPECT_EQ(panel.pixelShift, 3);
 }
@@ -55,8 +51,8 @@ TEST_F(TraceScalingTest, SwatchesTakeTheTraceColourWhereTheTraceIsShown) {
     FillEngineGroup();
     Tick();
     for (int slot = 0; slot < 4; ++slot) {
-        EXPECT_TRUE(panel.shown[static_cast<std::size_t>(slot)]);
-        EXPECT_EQ(panel.swatches[static_cast<std::size_t>(slot)], chart.GetTraceColor(slot));
+        EXPECT_TRUE(panel.shown[slot]);
+        EXPECT_EQ(panel.swatches[slot], chart.GetTraceColor(slot));
     }
     EXPECT_FALSE(panel.shown[4]);
     EXPECT_EQ(panel.swatches[4], test::FakePanel::kInactive);
@@ -68,7 +64,7 @@ TEST_F(TraceScalingTest, AnUntickedSlotStaysUntickedAndRunsAlongItsMinimum) {
     panel.shown[1] = false;
     Tick();
     EXPECT_FALSE(panel.shown[1]);
-    EXPECT_EQ(plot.values[1], -10.0);
+    EXPECT_EQ(sample.values[1], -10.0);
     EXPECT_EQ(panel.swatches[1], test::FakePanel::kInactive);
     EXPECT_EQ(panel.values[1],
               "90 \xB0"
@@ -193,7 +189,6 @@ TEST_F(TraceScalingTest, WhileHaltedNoSlotIsReassigned) {
     state.halted = true;
     scaling.UpdateSlots();
     EXPECT_EQ(slots[0].lastGroup, -1);
-    EXPECT_FALSE(panel.fuelButtons);
 }
 
 TEST_F(TraceScalingTest, LoadedRangesGoToTracesCountedOverTheSlotsInUse) {
@@ -228,7 +223,7 @@ TEST_F(TraceScalingTest, GenericObdIdentifiersAreNamedBelowTheirValues) {
     EXPECT_EQ(panel.values[4], "PID 12");
     EXPECT_EQ(panel.values[1], "51 km/h");
     EXPECT_EQ(panel.values[5], "PID 13");
-    for (std::size_t slot : {2u, 3u, 6u, 7u, 8u, 9u, 10u, 11u}) EXPECT_EQ(panel.values[slot], "") << slot;
+    for (const int slot : {2, 3, 6, 7, 8, 9, 10, 11}) EXPECT_EQ(panel.values[slot], "") << slot;
     EXPECT_EQ(ranges.RangeOf(12, 0).max, 6000);
     EXPECT_EQ(ranges.RangeOf(13, 0).max, 250);
 }
@@ -242,7 +237,7 @@ TEST_F(TraceScalingTest, GenericObdValuesClearTheTextsOfOtherSlots) {
     scaling.UpdateSlots();
     EXPECT_EQ(panel.values[0], "780 /min");
     EXPECT_EQ(panel.values[4], "PID 12");
-    for (std::size_t slot : {1u, 2u, 3u, 5u, 6u, 7u, 8u, 9u, 10u, 11u})
+    for (const int slot : {1, 2, 3, 5, 6, 7, 8, 9, 10, 11})
         EXPECT_EQ(panel.values[slot], "") << slot;
 }
 
@@ -261,7 +256,7 @@ TEST_F(TraceScalingTest, ALambdaOffersTheAirFuelRatio) {
     Tick();
     EXPECT_TRUE(panel.airFuelShown[0]);
     EXPECT_EQ(panel.values[0], "0.98 ");
-    EXPECT_DOUBLE_EQ(plot.values[0], 0.98);
+    EXPECT_DOUBLE_EQ(sample.values[0], 0.98);
 }
 
 TEST_F(TraceScalingTest, WithTheSwitchOnTheValueItselfBecomesTheRatio) {
@@ -272,7 +267,7 @@ TEST_F(TraceScalingTest, WithTheSwitchOnTheValueItselfBecomesTheRatio) {
     Tick();
     EXPECT_EQ(panel.values[0], "15.0");
     EXPECT_DOUBLE_EQ(slots[0].value, 1.02 * 14.7);
-    EXPECT_DOUBLE_EQ(plot.values[0], 1.02 * 14.7);
+    EXPECT_DOUBLE_EQ(sample.values[0], 1.02 * 14.7);
     EXPECT_TRUE(panel.airFuelShown[0]);
 }
 

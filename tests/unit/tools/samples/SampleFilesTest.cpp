@@ -136,7 +136,7 @@ TEST_F(SampleLogs, TenFieldsComeBeforeTwoGroups) {
     ASSERT_GT(log.records.size(), 100u);
     for (std::size_t i = 0; i < log.records.size(); ++i) {
         RecordText record("038-906-019-FT");
-        for (int field = 0; field < kObdFieldCount; ++field)
+        for (int field = 0; field < kChannelCount; ++field)
             record.AddObdField(field, std::to_string(RawByte(m_drive, field, log.stamps[i][0])));
         AddRow(record, 1, log.stamps[i][1]);
         AddRow(record, 2, log.stamps[i][2]);

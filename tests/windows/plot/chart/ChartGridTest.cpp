@@ -130,7 +130,7 @@ TEST_F(ChartGrid, TenChannelLayoutHasNoLimits) {
     Assign(0, "V");
     chart.InvalidateCtrl();
     EXPECT_TRUE(HasInkLeftOfPlot(0xFFFFFF));
-    state.obdNow = true;
+    state.tenChannels = true;
     chart.InvalidateCtrl();
     EXPECT_FALSE(HasInkLeftOfPlot(0xFFFFFF));
 }

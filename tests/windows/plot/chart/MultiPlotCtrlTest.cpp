@@ -63,12 +63,11 @@ protected:
         chart.SetBackgroundColor(m_look.background);
         chart.SetGridColor(m_look.grid);
         for (int k = 0; k < kTraceCount; ++k) {
-            const auto i = static_cast<std::size_t>(k);
-            m_look.traces[i] = chart.GetTraceColor(k);
-            m_look.lower[i] = -10.0 * k;
-            m_look.upper[i] = 100.0 + 5.0 * (k % 3);
-            chart.SetTraceColor(m_look.traces[i], k);
-            chart.SetRange(m_look.lower[i], m_look.upper[i], k);
+            m_look.traces[k] = chart.GetTraceColor(k);
+            m_look.lower[k] = -10.0 * k;
+            m_look.upper[k] = 100.0 + 5.0 * (k % 3);
+            chart.SetTraceColor(m_look.traces[k], k);
+            chart.SetRange(m_look.lower[k], m_look.upper[k], k);
         }
     }
 
@@ -136,7 +135,7 @@ TEST_P(FarLinesOfWidePens, HaveThePixelsOfTheWholeLines) {
     std::mt19937 random{5};
     for (int i = 0; i < 300; ++i) {
         SCOPED_TRACE(testing::Message() << "sample " << i);
-        for (std::size_t k = 0; k < m_values.size(); ++k) {
+        for (int k = 0; k < kTraceCount; ++k) {
             const double range = m_look.upper[k] - m_look.lower[k];
             const double inside = m_look.lower[k] + range * static_cast<double>(random() % 1000) / 1000.0;
             constexpr double kTimes[] = {0.0, 30.0, -30.0, 29.7, -30.1};

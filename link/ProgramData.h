@@ -11,8 +11,8 @@
 namespace plotvane {
 
 // What lives as long as the program: the state, the settings and the tables that everybody shares.
-struct DriveData {
-    explicit DriveData(std::filesystem::path scalingFolder)
+struct ProgramData {
+    explicit ProgramData(std::filesystem::path scalingFolder)
         : folder(std::move(scalingFolder)), defaults(folder), ranges(folder, defaults, state) {}
 
     std::filesystem::path folder;  // "Scaling", under the directory that was current at the start
