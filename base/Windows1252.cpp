@@ -24,4 +24,23 @@ void AppendUtf16(std::u16string& text, std::string_view windows1252) {
     for (const char c : windows1252) text += UnicodeOf(static_cast<unsigned char>(c));
 }
 
+void AppendUtf8(std::string& text, std::string_view windows1252) {
+    constexpr char16_t kOneByte = 0x80;
+    constexpr char16_t kTwoBytes = 0x800;
+    const auto append = [&](int byte) { text += static_cast<char>(byte); };
+    for (const char c : windows1252) {
+        const char16_t unit = UnicodeOf(static_cast<unsigned char>(c));
+        if (unit < kOneByte) {
+            append(unit);
+        } else if (unit < kTwoBytes) {
+            append(0xC0 | unit >> 6);
+            append(0x80 | (unit & 0x3F));
+        } else {
+            append(0xE0 | unit >> 12);
+            append(0x80 | (unit >> 6 & 0x3F));
+            append(0x80 | (unit & 0x3F));
+        }
+    }
+}
+
 }  // namespace plotvane

@@ -9,4 +9,7 @@ namespace plotvane {
 // the names of the user's files.
 void AppendUtf16(std::u16string& text, std::string_view windows1252);
 
+// The same as UTF-8, for files that other programs read.
+void AppendUtf8(std::string& text, std::string_view windows1252);
+
 }  // namespace plotvane

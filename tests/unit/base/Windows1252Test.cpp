@@ -36,5 +36,11 @@ TEST(AppendUtf16, AddsToTheTextThatIsThere) {
     EXPECT_EQ(text, u"x\u00B0");
 }
 
+TEST(AppendUtf8, WritesOneTwoOrThreeBytes) {
+    std::string text = "x";
+    AppendUtf8(text, "a\x7F\x81\xB0\xFF\x80\x99");
+    EXPECT_EQ(text, "xa\x7F\xC2\x81\xC2\xB0\xC3\xBF\xE2\x82\xAC\xE2\x84\xA2");
+}
+
 }  // namespace
 }  // namespace plotvane
