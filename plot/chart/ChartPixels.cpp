@@ -9,13 +9,12 @@ namespace {
 
 constexpr int kDotDistancePx = 4;
 
-// Colours have red in their lowest byte; pictures have blue there.
+}  // namespace
+
 std::uint32_t PixelOf(Colour colour) {
     return static_cast<std::uint32_t>(RedOf(colour)) << 16 |
            static_cast<std::uint32_t>(GreenOf(colour)) << 8 | BlueOf(colour);
 }
-
-}  // namespace
 
 std::uint32_t* ChartPixels::Row(int y) const {
     return pixels + static_cast<std::ptrdiff_t>(y) * static_cast<std::ptrdiff_t>(width);

@@ -7,6 +7,9 @@
 
 namespace plotvane {
 
+// A colour as a pixel of a 32-bit picture: colours have red in their lowest byte, pictures have blue there.
+std::uint32_t PixelOf(Colour colour);
+
 // The pixels of a 32-bit picture, rows from top to bottom without gaps. A pixel is 0x00RRGGBB. The platform's
 // drawing calls may leave anything in the high byte, which is ignored.
 struct ChartPixels {
