@@ -1,0 +1,76 @@
+#include "history/Viewport.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace plotvane {
+
+void Viewport::SetWidth(int width) {
+    m_width = std::max(width, 1);
+}
+
+void Viewport::SetLimits(const Limits& limits) {
+    const bool followed = m_isFollowing;
+    m_limits = limits;
+    Resize(m_wanted);
+    Place(followed ? LatestBegin() : m_begin);
+}
+
+double Viewport::EndOfColumn(int column) const {
+    constexpr double kTolerance = 1e-9;  // of the length
+    return SecondsAt(column + 1) + (column + 1 < m_width ? 0.0 : m_length * kTolerance);
+}
+
+void Viewport::ShowLatest(double seconds) {
+    Resize(seconds);
+    MoveToEnd();
+}
+
+void Viewport::ShowAll() {
+    ShowLatest(std::numeric_limits<double>::infinity());
+}
+
+void Viewport::ZoomAbout(double column, double factor, double shortest) {
+    const double fixed = SecondsAt(column);
+    const double wanted = std::max(m_length * factor, std::min(shortest, m_length));
+    // Zoomed out as far as it goes, the view shows what is still to come too.
+    Resize(wanted < Longest() ? wanted : std::numeric_limits<double>::infinity());
+    Place(fixed - column * m_length / m_width);
+}
+
+void Viewport::MoveBy(double columns) {
+    Place(SecondsAt(columns));
+}
+
+void Viewport::Reveal(double seconds) {
+    if (seconds < Begin()) Place(seconds);
+    if (seconds > End()) Place(seconds - m_length);
+}
+
+void Viewport::MoveToBegin() {
+    Place(m_limits.first);
+}
+
+void Viewport::MoveToEnd() {
+    Place(LatestBegin());
+}
+
+void Viewport::Resize(double wanted) {
+    m_wanted = std::max(wanted, kShortest);
+    m_length = std::min(m_wanted, Longest());
+}
+
+void Viewport::Place(double begin) {
+    m_begin = std::clamp(begin, m_limits.first, LatestBegin());
+    m_isFollowing = m_begin == LatestBegin();
+}
+
+double Viewport::Longest() const {
+    return std::max(m_limits.last - m_limits.first, kShortest);
+}
+
+double Viewport::LatestBegin() const {
+    return std::max(m_limits.last - m_length, m_limits.first);
+}
+
+}  // namespace plotvane
