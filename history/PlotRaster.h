@@ -1,0 +1,59 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "base/Colour.h"
+#include "history/TraceColumns.h"
+#include "plot/chart/ChartGeometry.h"
+#include "plot/chart/ChartPixels.h"
+
+namespace plotvane {
+
+// Rows of the plot, counted from its top, that a trace covers in one column, both included. Nothing where
+// `top` is below `bottom`.
+struct RowSpan {
+    int top = 1;
+    int bottom = 0;
+
+    bool IsEmpty() const { return top > bottom; }
+    void Include(const RowSpan& other);
+    bool operator==(const RowSpan&) const = default;
+};
+
+// The limits of a trace, and the rows of a plot: the upper limit lies in row 0, the lower one in the last.
+// Values beyond them lie outside of the plot. Limits may stand in either order; where they are equal, every
+// value lies on the last row, above or below it.
+class RowScale {
+public:
+    RowScale(double lower, double upper, int rows);
+
+    int RowOf(double value) const;
+    RowSpan RowsOf(const ColumnSpan& span) const;
+
+private:
+    double m_lower;
+    double m_perUnit;  // rows
+    int m_lastRow;
+};
+
+// A trace on the plot: its rows in each column. Columns that are missing at the end are empty.
+struct PlottedTrace {
+    Colour colour = kBlack;
+    std::vector<RowSpan> columns;
+};
+
+// Ground and grid of the plot. The grid is dotted: rows and columns count from the plot's top left corner.
+struct PlotGround {
+    Colour background = kBlack;
+    Colour grid = kWhite;
+    std::vector<int> gridRows;
+    std::vector<int> gridColumns;
+};
+
+// Paints a plot: the ground, then the traces, each over the ones before it, with lines so many pixels thick
+// (1 and more). The plot is clipped to the picture.
+void PaintPlot(const ChartPixels& picture, const PixelRect& plot, const PlotGround& ground,
+               std::span<const PlottedTrace> traces, int thickness);
+
+}  // namespace plotvane

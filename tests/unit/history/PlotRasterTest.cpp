@@ -1,0 +1,146 @@
+#include "history/PlotRaster.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <random>
+
+namespace plotvane {
+namespace {
+
+constexpr Colour kGround = 0x000010;
+constexpr Colour kGrid = 0xFFFFFF;
+constexpr Colour kRed = 0x0000FF;
+constexpr Colour kGreen = 0x00FF00;
+constexpr std::uint32_t kUntouched = 0xABABABAB;
+
+class PlotRasterTest : public testing::Test {
+protected:
+    void Paint(std::span<const PlottedTrace> traces, int thickness = 1) {
+        PaintPlot({m_pixels.data(), kWidth, kHeight}, m_plot, m_ground, traces, thickness);
+    }
+    // Counted from the plot's corner.
+    std::uint32_t At(int column, int row) const {
+        return m_pixels[static_cast<std::size_t>((m_plot.top + row) * kWidth + m_plot.left + column)];
+    }
+
+    static constexpr int kWidth = 60;
+    static constexpr int kHeight = 40;
+    PixelRect m_plot{5, 3, 55, 33};  // 50 columns, 30 rows
+    PlotGround m_ground{kGround, kGrid, {}, {}};
+    std::vector<std::uint32_t> m_pixels = std::vector<std::uint32_t>(kWidth * kHeight, kUntouched);
+};
+
+TEST_F(PlotRasterTest, PaintsThePlotAndNothingElse) {
+    Paint({});
+    for (int y = 0; y < kHeight; ++y) {
+        for (int x = 0; x < kWidth; ++x) {
+            const bool isInside = x >= 5 && x < 55 && y >= 3 && y < 33;
+            ASSERT_EQ(m_pixels[static_cast<std::size_t>(y * kWidth + x)],
+                      isInside ? PixelOf(kGround) : kUntouched)
+                << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(PlotRasterTest, CoversTheRowsOfEachColumn) {
+    const PlottedTrace trace{kRed, {{2, 4}, {}, {7, 7}}};
+    Paint({&trace, 1});
+    const std::uint32_t red = PixelOf(kRed);
+    for (int row = 0; row < 30; ++row) {
+        EXPECT_EQ(At(0, row) == red, row >= 2 && row <= 4) << row;
+        EXPECT_NE(At(1, row), red) << row;
+        EXPECT_EQ(At(2, row) == red, row == 7) << row;
+        EXPECT_NE(At(3, row), red) << row;
+    }
+}
+
+TEST_F(PlotRasterTest, PaintsEachTraceOverTheOnesBefore) {
+    const std::vector<PlottedTrace> traces{{kRed, {{0, 9}}}, {kGreen, {{5, 5}}}};
+    Paint(traces);
+    EXPECT_EQ(At(0, 4), PixelOf(kRed));
+    EXPECT_EQ(At(0, 5), PixelOf(kGreen));
+}
+
+TEST_F(PlotRasterTest, CutsOffWhatLeavesThePlot) {
+    const PlottedTrace trace{kRed, std::vector<RowSpan>(100, RowSpan{-50, 1'000'000})};
+    Paint({&trace, 1});
+    EXPECT_EQ(At(49, 0), PixelOf(kRed));
+    EXPECT_EQ(At(49, 29), PixelOf(kRed));
+    EXPECT_EQ(At(50, 10), kUntouched);
+    EXPECT_EQ(At(10, -1), kUntouched);
+    EXPECT_EQ(At(10, 30), kUntouched);
+}
+
+TEST_F(PlotRasterTest, ShowsNothingOfALineAboveOrBelowThePlot) {
+    const std::vector<PlottedTrace> traces{{kRed, {{-9, -1}}}, {kGreen, {{30, 40}}}};
+    Paint(traces);
+    for (int row = 0; row < 30; ++row) EXPECT_EQ(At(0, row), PixelOf(kGround)) << row;
+}
+
+// Sixteen columns are painted at a time: a line reaches over their edge.
+TEST_F(PlotRasterTest, ThickensALineToAllSides) {
+    PlottedTrace trace{kRed, std::vector<RowSpan>(17)};
+    trace.columns[16] = {10, 12};
+    Paint({&trace, 1}, 4);
+    for (int column = 0; column < 50; ++column) {
+        for (int row = 0; row < 30; ++row) {
+            const bool isCovered = column >= 15 && column <= 18 && row >= 9 && row <= 14;
+            ASSERT_EQ(At(column, row) == PixelOf(kRed), isCovered) << column << ", " << row;
+        }
+    }
+}
+
+TEST_F(PlotRasterTest, DotsItsGrid) {
+    m_ground.gridRows = {10, 99};
+    m_ground.gridColumns = {21, -3};
+    Paint({});
+    const std::uint32_t dot = PixelOf(kGrid);
+    EXPECT_EQ(At(0, 10), dot);
+    EXPECT_NE(At(1, 10), dot);
+    EXPECT_EQ(At(4, 10), dot);
+    EXPECT_EQ(At(21, 0), dot);
+    EXPECT_NE(At(21, 1), dot);
+    EXPECT_EQ(At(21, 28), dot);
+}
+
+TEST_F(PlotRasterTest, StaysInsideOfASmallerPicture) {
+    m_plot = {50, 30, 500, 300};
+    Paint({});
+    EXPECT_EQ(m_pixels.back(), PixelOf(kGround));
+    m_plot = {20, 20, 20, 50};
+    Paint({});
+    m_plot = {-5, 0, 20, 10};
+    Paint({});
+    EXPECT_EQ(m_pixels.front(), kUntouched);
+}
+
+TEST(RowScale, PutsTheLimitsInTheFirstAndTheLastRow) {
+    const RowScale scale(0.0, 100.0, 101);
+    EXPECT_EQ(scale.RowOf(100.0), 0);
+    EXPECT_EQ(scale.RowOf(0.0), 100);
+    EXPECT_EQ(scale.RowOf(25.0), 75);
+    EXPECT_EQ(scale.RowOf(101.0), -1);
+    EXPECT_EQ(scale.RowOf(-1.0), 101);
+}
+
+TEST(RowScale, TakesLimitsInEitherOrder) {
+    const RowScale scale(100.0, 0.0, 101);
+    EXPECT_EQ(scale.RowOf(100.0), 100);
+    EXPECT_EQ(scale.RowOf(0.0), 0);
+    EXPECT_EQ(scale.RowsOf({20.0, 30.0}), (RowSpan{20, 30}));
+}
+
+TEST(RowScale, TakesAnyNumber) {
+    const double most = std::numeric_limits<double>::max();
+    for (const RowScale& scale : {RowScale(0.0, 100.0, 101), RowScale(5.0, 5.0, 101)}) {
+        EXPECT_LT(scale.RowOf(most), 0);
+        EXPECT_GT(scale.RowOf(-most), 100);
+    }
+    EXPECT_EQ(RowScale(5.0, 5.0, 101).RowOf(5.0), 100);
+    EXPECT_TRUE(RowScale(0.0, 1.0, 10).RowsOf({}).IsEmpty());
+}
+
+}  // namespace
+}  // namespace plotvane
