@@ -4,6 +4,7 @@
 #
 #   size     the program, and a bare dialog built the same way: its template and nothing else
 #   record   a record from bytes to slots, texts and traces, natively
+#   history  a sample into the recording of the drive, and a picture of two hours, natively
 #   chart    a sample on the chart, against bare calls
 #   start    from the start of the process to the painted chart, and private memory, against the bare dialog
 #   program  the whole program: CPU time of its process and of the Wine server for a record
@@ -15,7 +16,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-all_parts=(size record chart start program log pace)
+all_parts=(size record history chart start program log pace)
 parts=("$@")
 ((${#parts[@]})) || parts=("${all_parts[@]}")
 for part in "${parts[@]}"; do
@@ -28,7 +29,7 @@ log_rows=5700000    # some 500 MB
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" procps
 take_turn
 say "building (build/bench, build/windows)"
-build_preset bench record_bench
+build_preset bench record_bench history_bench
 build_preset windows plotvane diagnel-sim plotvane-remote chart_bench replay_pace_bench bare_dialog start_bench \
     log_bench
 bin=$build/windows
@@ -52,6 +53,7 @@ size() {
 }
 
 record() { "$build/bench/record_bench"; }
+history() { "$build/bench/history_bench"; }
 chart() { run_wine "$bin/chart_bench.exe"; }
 start() { run_wine "$bin/start_bench.exe"; }
 pace() { run_wine "$bin/replay_pace_bench.exe"; }
