@@ -1,0 +1,346 @@
+#include "history/HistoryWnd.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+#include "framework/Text.h"
+#include "history/Clipboard.h"
+
+namespace plotvane {
+namespace {
+
+constexpr UINT_PTR kRefreshTimer = 1;
+constexpr UINT kRefreshMs = 100;
+constexpr int kWidth = 1000;
+constexpr int kHeight = 560;
+constexpr int kFromOwnerPx = 40;
+constexpr int kClickPx = 3;  // further, and it is a drag
+constexpr double kZoomStep = 0.5;
+constexpr double kWheelStep = 0.8;  // for each notch
+constexpr double kMoveShare = 0.1;  // of the view, by an arrow key
+constexpr double kPageShare = 0.9;
+
+const wchar_t* WindowClass() {
+    constexpr const wchar_t* kName = L"PlotvaneHistory";
+    RegisterWindowClass(kName, 0, ::LoadCursorW(nullptr, IDC_CROSS));
+    return kName;
+}
+
+// That of the chart's labels.
+CFont CreateTextFont() {
+    return CFont{::CreateFontW(14, 0, 0, 0, 300, FALSE, FALSE, FALSE, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
+                               CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FF_SWISS, L"Arial")};
+}
+
+// A little aside of the owner, on its screen.
+CRect PlaceBeside(HWND owner) {
+    CRect beside;
+    ::GetWindowRect(owner, &beside);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor);
+    const CRect screen = monitor.rcWork;
+    const int width = std::min(kWidth, screen.Width());
+    const int height = std::min(kHeight, screen.Height());
+    const int left = std::clamp<int>(beside.left + kFromOwnerPx, screen.left, screen.right - width);
+    const int top = std::clamp<int>(beside.top + kFromOwnerPx, screen.top, screen.bottom - height);
+    return {left, top, left + width, top + height};
+}
+
+bool IsKeyDown(int key) {
+    return ::GetKeyState(key) < 0;
+}
+
+void DrawTexts(CDC& dc, const std::vector<PlacedText>& texts) {
+    dc.SetBkMode(TRANSPARENT);
+    for (const PlacedText& text : texts) {
+        const CRect place(text.place.left, text.place.top, text.place.right, text.place.bottom);
+        int x = place.left;
+        UINT align = TA_LEFT;
+        if (text.side == PlacedText::Side::Right) {
+            x = place.right;
+            align = TA_RIGHT;
+        } else if (text.side == PlacedText::Side::Centre) {
+            x = (place.left + place.right) / 2;
+            align = TA_CENTER;
+        }
+        dc.SetTextAlign(align | TA_TOP);
+        dc.SetTextColor(text.colour);
+        const WideText wide(text.text);
+        ::ExtTextOutW(dc.GetSafeHdc(), x, place.top, ETO_CLIPPED, &place, wide.c_str(),
+                      static_cast<UINT>(wide.Length()), nullptr);
+    }
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CHistoryWnd, CWnd)
+    // The window itself.
+    ON_WM_DESTROY()
+    ON_WM_PAINT()
+    ON_WM_SIZE()
+    ON_WM_TIMER()
+    ON_MESSAGE(WM_ERASEBKGND, OnErase)
+    // Keys and mouse.
+    ON_MESSAGE(WM_KEYDOWN, OnKey)
+    ON_MESSAGE(WM_LBUTTONDOWN, OnButtonDown)
+    ON_MESSAGE(WM_LBUTTONUP, OnButtonUp)
+    ON_MESSAGE(WM_MOUSEMOVE, OnMouseMove)
+    ON_MESSAGE(WM_MOUSELEAVE, OnMouseLeave)
+    ON_MESSAGE(WM_CAPTURECHANGED, OnCaptureLost)
+    ON_MESSAGE(WM_MOUSEWHEEL, OnWheel)
+END_MESSAGE_MAP()
+
+bool CHistoryWnd::Open(HWND owner) {
+    if (m_hWnd) {
+        ShowWindow(IsIconic() ? SW_RESTORE : SW_SHOW);
+        ::SetForegroundWindow(m_hWnd);
+        return true;
+    }
+    m_state.emplace(m_recording);
+    m_font = CreateTextFont();
+    {
+        CClientDC screen(nullptr);
+        const Selected fontInDc(screen, m_font);
+        m_lineHeight = std::max<int>(screen.GetTextMetrics().tmHeight, 1);
+    }
+    if (!CreateEx(0, WindowClass(), "", WS_OVERLAPPEDWINDOW, PlaceBeside(owner), owner, 0)) return false;
+    ShowTitle();
+    SetTimer(kRefreshTimer, kRefreshMs);
+    ShowWindow(SW_SHOW);
+    return true;
+}
+
+void CHistoryWnd::OnDestroy() {
+    KillTimer(kRefreshTimer);
+    m_drag.reset();
+    m_picture.reset();
+    m_layout.reset();
+    m_state.reset();
+    m_font.Reset();
+}
+
+void CHistoryWnd::ShowTitle() {
+    std::string title = "Plotvane - looking back";
+    if (!m_recording.Title().empty()) title += " - " + m_recording.Title();
+    SetWindowText(title);
+    m_titledRun = m_recording.Run();
+}
+
+void CHistoryWnd::OnSize(UINT type, int width, int height) {
+    CWnd::OnSize(type, width, height);
+    if (type == SIZE_MINIMIZED) return;
+    m_picture.emplace(width, height);
+    m_layout.emplace(width, height, m_lineHeight, static_cast<int>(m_list.size()));
+    m_state->SetPlotWidth(m_layout->Plot().Width());
+    Invalidate(false);
+}
+
+void CHistoryWnd::OnTimer(UINT_PTR) {
+    TakeWhatIsNew();
+    if (m_recording.Run() != m_titledRun) ShowTitle();
+}
+
+// Before anything is asked: samples that a cursor stands on may have gone.
+void CHistoryWnd::TakeWhatIsNew() {
+    if (m_state->Refresh()) Invalidate(false);
+}
+
+void CHistoryWnd::OnPaint() {
+    CPaintDC dc(m_hWnd);
+    if (!m_picture || !*m_picture) return;
+    m_state->Refresh();
+    Draw();
+    dc.BitBlt(0, 0, m_picture->Width(), m_picture->Height(), m_picture->Dc(), 0, 0, SRCCOPY);
+}
+
+void CHistoryWnd::Draw() {
+    m_list = ListOf(*m_state);
+    m_layout.emplace(m_picture->Width(), m_picture->Height(), m_lineHeight, static_cast<int>(m_list.size()));
+    const HistoryLook look = LookOf(m_prefs);
+    const HistoryPicture picture(*m_state, look, *m_layout, m_list, RecordedNote(*m_state));
+    picture.Paint({m_picture->Pixels().data(), m_picture->Width(), m_picture->Height()});
+    CDC dc(m_picture->Dc());
+    const Selected fontInDc(dc, m_font);
+    DrawTexts(dc, picture.Texts());
+}
+
+LRESULT CHistoryWnd::OnKey(WPARAM key, LPARAM) {
+    TakeWhatIsNew();
+    const bool isHandled =
+        IsKeyDown(VK_CONTROL) ? HandleControlKey(key, IsKeyDown(VK_SHIFT)) : HandlePlainKey(key);
+    if (!isHandled) return Default();
+    // Esc has closed the window.
+    if (m_hWnd) Invalidate(false);
+    return 0;
+}
+
+bool CHistoryWnd::HandlePlainKey(WPARAM key) {
+    const double width = m_state->View().Width();
+    switch (key) {
+        case VK_LEFT:
+            m_state->MoveBy(-width * kMoveShare);
+            return true;
+        case VK_RIGHT:
+            m_state->MoveBy(width * kMoveShare);
+            return true;
+        case VK_PRIOR:
+            m_state->MoveBy(-width * kPageShare);
+            return true;
+        case VK_NEXT:
+            m_state->MoveBy(width * kPageShare);
+            return true;
+        case VK_HOME:
+            m_state->MoveToBegin();
+            return true;
+        case VK_END:
+            m_state->MoveToEnd();
+            return true;
+        case VK_UP:
+            m_state->StepFront(-1);
+            return true;
+        case VK_DOWN:
+            m_state->StepFront(1);
+            return true;
+        case VK_SPACE:
+            if (const auto front = m_state->Front()) m_state->ToggleHidden(*front);
+            return true;
+        case VK_ESCAPE:
+            DestroyWindow();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool CHistoryWnd::HandleControlKey(WPARAM key, bool isShifted) {
+    switch (key) {
+        case VK_OEM_PLUS:
+        case VK_ADD:
+            m_state->ZoomAboutCursor(kZoomStep);
+            return true;
+        case VK_OEM_MINUS:
+        case VK_SUBTRACT:
+            m_state->ZoomAboutCursor(1.0 / kZoomStep);
+            return true;
+        case '0':
+        case VK_NUMPAD0:
+            m_state->ShowAll();
+            return true;
+        case VK_LEFT:
+        case VK_RIGHT: {
+            const int step = key == VK_LEFT ? -1 : 1;
+            isShifted ? m_state->StepSecond(step) : m_state->StepCursor(step);
+            return true;
+        }
+        case 'C':
+            if (isShifted) {
+                CopyTextToClipboard(m_hWnd, CursorTable(*m_state));
+            } else {
+                CopyPicture();
+            }
+            return true;
+        default:
+            return false;
+    }
+}
+
+void CHistoryWnd::CopyPicture() {
+    if (!m_picture || !*m_picture) return;
+    Draw();
+    CopyPictureToClipboard(m_hWnd, *m_picture);
+}
+
+bool CHistoryWnd::IsOverPlot(int x, int y) const {
+    const PixelRect& plot = m_layout->Plot();
+    return x >= plot.left && x < plot.right && y >= plot.top && y < plot.bottom;
+}
+
+LRESULT CHistoryWnd::OnButtonDown(WPARAM, LPARAM place) {
+    TakeWhatIsNew();
+    const int x = GET_X_LPARAM(place);
+    const int y = GET_Y_LPARAM(place);
+    if (!m_layout) return 0;
+    if (IsOverPlot(x, y)) {
+        m_drag.emplace(Drag{x, x});
+        ::SetCapture(m_hWnd);
+    } else {
+        ClickList(x, y);
+    }
+    return 0;
+}
+
+void CHistoryWnd::ClickList(int x, int y) {
+    const auto entry = m_layout->EntryAt(x, y);
+    if (!entry) return;
+    const int trace = m_list[static_cast<std::size_t>(*entry)].trace;
+    if (m_layout->IsOnMark(*entry, x, y)) {
+        m_state->ToggleHidden(trace);
+    } else {
+        m_state->ToggleFront(trace);
+    }
+    Invalidate(false);
+}
+
+LRESULT CHistoryWnd::OnButtonUp(WPARAM keys, LPARAM place) {
+    TakeWhatIsNew();
+    if (!m_drag) return 0;
+    const bool isClick = !m_drag->hasMoved;
+    m_drag.reset();
+    ::ReleaseCapture();
+    if (isClick) {
+        const int column = ColumnAt(GET_X_LPARAM(place));
+        (keys & MK_SHIFT) != 0 ? m_state->FixSecond(column) : m_state->Fix(column);
+        Invalidate(false);
+    }
+    return 0;
+}
+
+LRESULT CHistoryWnd::OnMouseMove(WPARAM, LPARAM place) {
+    TakeWhatIsNew();
+    const int x = GET_X_LPARAM(place);
+    if (!m_layout) return 0;
+    if (m_drag) {
+        m_drag->hasMoved = m_drag->hasMoved || std::abs(x - m_drag->first) > kClickPx;
+        if (!m_drag->hasMoved) return 0;
+        m_state->MoveBy(m_drag->last - x);
+        m_drag->last = x;
+    }
+    if (IsOverPlot(x, GET_Y_LPARAM(place))) {
+        m_state->PointAt(ColumnAt(x));
+    } else {
+        m_state->PointNowhere();
+    }
+    TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, m_hWnd, 0};
+    ::TrackMouseEvent(&leaving);
+    Invalidate(false);
+    return 0;
+}
+
+LRESULT CHistoryWnd::OnCaptureLost(WPARAM, LPARAM) {
+    m_drag.reset();
+    return 0;
+}
+
+LRESULT CHistoryWnd::OnMouseLeave(WPARAM, LPARAM) {
+    m_state->PointNowhere();
+    Invalidate(false);
+    return 0;
+}
+
+// About the pointer, wherever it is; the place comes in screen pixels.
+LRESULT CHistoryWnd::OnWheel(WPARAM turn, LPARAM place) {
+    TakeWhatIsNew();
+    if (!m_layout) return 0;
+    POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    ::ScreenToClient(m_hWnd, &point);
+    const int column = std::clamp(ColumnAt(point.x), 0, m_state->View().Width());
+    const double notches = static_cast<double>(GET_WHEEL_DELTA_WPARAM(turn)) / WHEEL_DELTA;
+    m_state->ZoomAbout(column, std::pow(kWheelStep, notches));
+    Invalidate(false);
+    return 0;
+}
+
+}  // namespace plotvane

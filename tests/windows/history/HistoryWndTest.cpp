@@ -1,0 +1,204 @@
+#include "history/HistoryWnd.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "framework/Text.h"
+#include "plot/chart/ChartPixels.h"
+#include "tests/windows/framework/TestWnd.h"
+
+namespace plotvane {
+namespace {
+
+// A window over a recording of a hundred samples of one trace, a sample a second, in its own colours.
+class HistoryWndTest : public testing::Test {
+protected:
+    HistoryWndTest() {
+        m_prefs.lineColor[0] = kTrace;
+        m_prefs.backColor = kGround;
+        test::CreateHidden(m_owner);
+        m_recording.Begin("019");
+        RecordedTraces traces;
+        traces[0] = {true, 1, 0, false, "/min", "Speed", 0.0, 100.0};
+        m_recording.BeginStretch(traces);
+        for (int i = 0; i < 100; ++i) Add(50.0);
+        EXPECT_TRUE(m_window.Open(m_owner.m_hWnd));
+        Paint();
+    }
+    ~HistoryWndTest() override {
+        ::SetKeyboardState(m_noKeys.data());
+        m_window.DestroyWindow();
+    }
+
+    void Add(double value) {
+        m_recording.Add(static_cast<double>(m_recording.End()), Recording::Values{value}, 1);
+    }
+    void Paint() {
+        test::DispatchAll();
+        m_window.Invalidate();
+        m_window.UpdateWindow();
+    }
+    void Press(WPARAM key, bool control = false, bool shift = false) {
+        std::array<BYTE, 256> keys{};
+        if (control) keys[VK_CONTROL] = 0x80;
+        if (shift) keys[VK_SHIFT] = 0x80;
+        ::SetKeyboardState(keys.data());
+        m_window.SendMessage(WM_KEYDOWN, key);
+        if (m_window.m_hWnd) Paint();
+    }
+    void Mouse(UINT message, int x, int y, WPARAM keys = 0) {
+        m_window.SendMessage(message, keys, MAKELPARAM(x, y));
+    }
+    void Click(int x, int y, WPARAM keys = 0) {
+        Mouse(WM_LBUTTONDOWN, x, y, keys | MK_LBUTTON);
+        Mouse(WM_LBUTTONUP, x, y, keys);
+        Paint();
+    }
+
+    // Where on the plot the colour is, in pixels of the window; -1 for nowhere.
+    struct Extent {
+        int left = -1;
+        int right = -1;
+        int top = -1;
+        int bottom = -1;
+    };
+    Extent ExtentOf(COLORREF colour) const {
+        const CRect client = m_window.GetClientRect();
+        const Picture shown(client.Width(), client.Height());
+        const CClientDC window(m_window.m_hWnd);
+        ::BitBlt(shown.Dc(), 0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
+        Extent extent;
+        for (int x = kPlotLeft; x < PlotRight(); ++x) {
+            for (int y = 0; y < client.Height(); ++y) {
+                const std::uint32_t pixel =
+                    shown.Pixels()[static_cast<std::size_t>(y * client.Width() + x)] & 0xFFFFFF;
+                if (pixel != PixelOf(colour)) continue;
+                if (extent.left < 0) extent.left = x;
+                extent.right = x;
+                if (extent.top < 0 || y < extent.top) extent.top = y;
+                extent.bottom = std::max(extent.bottom, y);
+            }
+        }
+        return extent;
+    }
+    // Right of the plot is the list, left of it the scale, which has the trace's colour too.
+    int PlotRight() const { return m_window.GetClientRect().Width() - 258; }
+
+    std::wstring ClipboardText() const {
+        if (!::OpenClipboard(m_window.m_hWnd)) return L"(cannot be opened)";
+        const HANDLE data = ::GetClipboardData(CF_UNICODETEXT);
+        const std::wstring text = data ? static_cast<const wchar_t*>(::GlobalLock(data)) : L"(no text)";
+        if (data) ::GlobalUnlock(data);
+        ::CloseClipboard();
+        return text;
+    }
+
+    static constexpr int kPlotLeft = 64;
+    static constexpr Colour kTrace = 0x10F0A0;
+    static constexpr Colour kGround = 0x281400;
+
+    Prefs m_prefs;
+    Recording m_recording;
+    CWnd m_owner;
+    CHistoryWnd m_window{m_recording, m_prefs};
+    std::array<BYTE, 256> m_noKeys{};
+};
+
+TEST_F(HistoryWndTest, IsAResizableWindowOfItsOwnerThatNamesTheModule) {
+    const auto style = static_cast<DWORD>(::GetWindowLongW(m_window.m_hWnd, GWL_STYLE));
+    EXPECT_EQ(style & WS_OVERLAPPEDWINDOW, static_cast<DWORD>(WS_OVERLAPPEDWINDOW));
+    EXPECT_EQ(::GetWindow(m_window.m_hWnd, GW_OWNER), m_owner.m_hWnd);
+    EXPECT_EQ(m_window.GetWindowText(), "Plotvane - looking back - 019");
+}
+
+TEST_F(HistoryWndTest, DrawsTheTraceInItsColourAcrossThePlot) {
+    const Extent trace = ExtentOf(kTrace);
+    EXPECT_EQ(trace.left, kPlotLeft);
+    EXPECT_EQ(trace.right, PlotRight() - 1);
+    EXPECT_EQ(trace.bottom - trace.top, 0);  // a constant value
+}
+
+TEST_F(HistoryWndTest, ShowsAPeakOfOneSampleThatIsMadeWhileItIsOpen) {
+    Add(90.0);
+    for (int i = 0; i < 10; ++i) Add(50.0);
+    m_window.SendMessage(WM_TIMER, 1);
+    Paint();
+    const Extent trace = ExtentOf(kTrace);
+    EXPECT_GT(trace.bottom - trace.top, m_window.GetClientRect().Height() / 4);
+}
+
+TEST_F(HistoryWndTest, HidesATraceByItsCheckMark) {
+    Click(PlotRight() + 8 + 5, 8 + 6);
+    EXPECT_EQ(ExtentOf(kTrace).left, -1);
+    Click(PlotRight() + 8 + 5, 8 + 6);
+    EXPECT_EQ(ExtentOf(kTrace).left, kPlotLeft);
+}
+
+TEST_F(HistoryWndTest, CopiesTheTableOfTheSampleUnderTheCursor) {
+    Press(VK_HOME);
+    Click(kPlotLeft, 100);
+    Press('C', true, true);
+    EXPECT_EQ(ClipboardText(), L"Name\tUnit\t0.00\r\nSpeed\t/min\t50\r\n");
+}
+
+TEST_F(HistoryWndTest, CopiesTheTableBetweenTwoCursors) {
+    Press(VK_HOME);
+    Click(kPlotLeft, 100);
+    Click(PlotRight() - 1, 100, MK_SHIFT);
+    Press('C', true, true);
+    EXPECT_EQ(ClipboardText(),
+              L"Name\tUnit\t0.00\t1:00.00\tDifference\tLowest\tMean\tHighest\r\n"
+              L"Speed\t/min\t50\t50\t0\t50\t50\t50\r\n");
+}
+
+TEST_F(HistoryWndTest, DragsTheViewAndDoesNotTakeThatForAClick) {
+    Press('0', true);
+    Press(VK_ADD, true);
+    Press(VK_HOME);
+    Mouse(WM_LBUTTONDOWN, 400, 100, MK_LBUTTON);
+    Mouse(WM_MOUSEMOVE, 300, 100, MK_LBUTTON);
+    Mouse(WM_LBUTTONUP, 300, 100);
+    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    Press('C', true, true);
+    // Half of 99 seconds is in view.
+    const int sample = static_cast<int>(100 * 49.5 / (PlotRight() - kPlotLeft));
+    EXPECT_EQ(ClipboardText().substr(0, 14), L"Name\tUnit\t" + ToWide(std::to_string(sample) + ".00"));
+}
+
+TEST_F(HistoryWndTest, CopiesThePicture) {
+    Press('C', true);
+    EXPECT_TRUE(::IsClipboardFormatAvailable(CF_DIB));
+    EXPECT_FALSE(::IsClipboardFormatAvailable(CF_UNICODETEXT));
+}
+
+TEST_F(HistoryWndTest, ClosesByEscAndOpensAgain) {
+    const int objects = LivingGdiObjects();
+    Press(VK_ESCAPE);
+    EXPECT_EQ(m_window.m_hWnd, nullptr);
+    EXPECT_TRUE(m_window.Open(m_owner.m_hWnd));
+    Paint();
+    EXPECT_EQ(LivingGdiObjects(), objects);
+    EXPECT_EQ(ExtentOf(kTrace).left, kPlotLeft);
+}
+
+TEST_F(HistoryWndTest, StaysWholeWhereNothingIsRecordedOrItIsTiny) {
+    m_recording.Begin("020");
+    m_window.SendMessage(WM_TIMER, 1);
+    Paint();
+    EXPECT_EQ(m_window.GetWindowText(), "Plotvane - looking back - 020");
+    EXPECT_EQ(ExtentOf(kTrace).left, -1);
+    for (const WPARAM key : {VK_HOME, VK_END, VK_LEFT, VK_PRIOR, VK_UP, VK_DOWN, VK_SPACE}) Press(key);
+    Click(100, 100);
+    m_window.MoveWindow(CRect(0, 0, 130, 40));
+    Add(1.0);
+    Paint();
+    Click(5, 5);
+    EXPECT_NE(m_window.m_hWnd, nullptr);
+}
+
+}  // namespace
+}  // namespace plotvane
