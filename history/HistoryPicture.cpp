@@ -14,6 +14,8 @@ namespace {
 constexpr int kGridRows = 9;  // as the chart has it
 constexpr int kTickDistancePx = 90;
 constexpr int kMostThickness = 10;
+constexpr int kHintPx = 380;  // the room that the hint takes, at least as much is left for what changes
+constexpr const char* kHint = "wheel: zoom   drag: move   click: fix   Shift+click: compare";
 constexpr int kShareOfFaded = 35;  // percent of the colour; the rest is the background's
 
 using Side = PlacedText::Side;
@@ -225,7 +227,12 @@ void HistoryPicture::AddStatus(std::vector<PlacedText>& texts) const {
         if (!text.empty()) text += "     ";
         text += part;
     }
-    texts.push_back({std::move(text), m_layout.Status(), Side::Left, m_look.foreground});
+    PixelRect place = m_layout.Status();
+    if (place.Width() >= 2 * kHintPx) {
+        texts.push_back({kHint, place, Side::Right, Faded(m_look.foreground)});
+        place.right -= kHintPx;
+    }
+    texts.push_back({std::move(text), place, Side::Left, m_look.foreground});
 }
 
 }  // namespace plotvane

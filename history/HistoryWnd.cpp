@@ -14,7 +14,7 @@ namespace {
 constexpr UINT_PTR kRefreshTimer = 1;
 constexpr UINT kRefreshMs = 100;
 constexpr int kWidth = 1000;
-constexpr int kHeight = 560;
+constexpr int kHeight = 690;  // three lines for each of twelve traces
 constexpr int kFromOwnerPx = 40;
 constexpr int kClickPx = 3;  // further, and it is a drag
 constexpr double kZoomStep = 0.5;

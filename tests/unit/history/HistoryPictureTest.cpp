@@ -173,6 +173,17 @@ TEST_F(HistoryPictureTest, TellsTheTimesOfTheCursorsAndItsNote) {
     EXPECT_TRUE(Find("0.00     diff 10.00 s     a note"));
 }
 
+TEST_F(HistoryPictureTest, HintsAtTheMouseWhereThereIsRoom) {
+    constexpr const char* kHint = "wheel: zoom   drag: move   click: fix   Shift+click: compare";
+    Paint();
+    ASSERT_TRUE(Find(kHint));
+    EXPECT_LE(Find("a note")->place.right, Find(kHint)->place.right - 380);
+    m_layout = HistoryLayout(700, kHeight, kLine, 2);
+    const HistoryPicture narrow(*m_state, m_look, m_layout, {}, "a note");
+    m_texts = narrow.Texts();
+    EXPECT_FALSE(Find(kHint));
+}
+
 TEST_F(HistoryPictureTest, MarksWhereASlotGetsAnotherField) {
     RecordedTraces other = test::SpeedAlone();
     other[1] = {true, 5, 0, false, "mg", "Air", 0.0, 100.0};
