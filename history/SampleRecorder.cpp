@@ -38,7 +38,7 @@ Recording::Values ValuesOfSlots(const SlotTable& slots) {
 
 ShownFields FieldsOfChannels() {
     ShownFields fields;
-    for (int channel = 0; channel < kObdFieldCount; ++channel)
+    for (int channel = 0; channel < kChannelCount; ++channel)
         fields[static_cast<std::size_t>(channel)] = {true,         0, channel, false, {}, kChannelLower,
                                                      kChannelUpper};
     return fields;
@@ -46,7 +46,7 @@ ShownFields FieldsOfChannels() {
 
 Recording::Values ValuesOfChannels(const SlotTable& slots) {
     Recording::Values values{};
-    std::ranges::copy(slots.obdValues, values.begin());
+    std::ranges::copy(slots.channelValues, values.begin());
     return values;
 }
 

@@ -135,7 +135,7 @@ TEST(ShownFields, OfChannelsAreTenFromOneBelowToOneAboveAByte) {
     EXPECT_TRUE(fields[9].isActive);
     EXPECT_FALSE(fields[10].isActive);
     SlotTable slots;
-    slots.obdValues[9] = 77.0;
+    slots.channelValues[9] = 77.0;
     EXPECT_EQ(ValuesOfChannels(slots)[9], 77.0);
     EXPECT_EQ(ValuesOfChannels(slots)[10], 0.0);
 }
