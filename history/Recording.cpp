@@ -3,9 +3,26 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
-#include <ranges>
 
 namespace plotvane {
+namespace {
+
+// The first of begin..end-1 that the condition does not hold for; end if there is none. It must hold for
+// those before.
+template <typename Condition>
+std::int64_t FirstNot(const Condition& holds, std::int64_t begin, std::int64_t end) {
+    while (begin < end) {
+        const std::int64_t middle = begin + (end - begin) / 2;
+        if (holds(middle)) {
+            begin = middle + 1;
+        } else {
+            end = middle;
+        }
+    }
+    return begin;
+}
+
+}  // namespace
 
 bool RecordedTrace::ShowsSameAs(const RecordedTrace& other) const {
     return isActive == other.isActive && group == other.group && field == other.field &&
@@ -59,7 +76,7 @@ bool Recording::Add(double seconds, const Values& values, std::uint16_t drawn) {
 bool Recording::MakeRoom() {
     if (PlaceOf(m_end) != 0) return true;
     if (m_pieces.size() < kMostPieces) return AddPiece();
-    std::ranges::rotate(m_pieces, m_pieces.begin() + 1);
+    std::rotate(m_pieces.begin(), m_pieces.begin() + 1, m_pieces.end());
     m_firstPiece += SamplePiece::kSamples;
     DropSamplesBefore(m_firstPiece);
     return true;
@@ -114,14 +131,12 @@ std::int64_t Recording::FirstFrom(double seconds, std::int64_t sample) const {
         step *= 2;
     }
     const auto isBefore = [&](std::int64_t one) { return Seconds(one) < seconds; };
-    return *std::ranges::partition_point(std::views::iota(sample, std::max(sample, end)), isBefore);
+    return FirstNot(isBefore, sample, std::max(sample, end));
 }
 
 std::int64_t Recording::LastUntil(double seconds) const {
-    const auto samples = std::views::iota(m_begin, m_end);
-    const auto after = std::ranges::partition_point(
-        samples, [&](std::int64_t sample) { return Seconds(sample) <= seconds; });
-    return std::max(*after - 1, m_begin);
+    const auto isUntil = [&](std::int64_t sample) { return Seconds(sample) <= seconds; };
+    return std::max(FirstNot(isUntil, m_begin, m_end) - 1, m_begin);
 }
 
 SamplePiece::Extremes Recording::ExtremesOf(int trace, std::int64_t begin, std::int64_t end) const {
