@@ -237,8 +237,7 @@ TEST_F(TraceScalingTest, GenericObdValuesClearTheTextsOfOtherSlots) {
     scaling.UpdateSlots();
     EXPECT_EQ(panel.values[0], "780 /min");
     EXPECT_EQ(panel.values[4], "PID 12");
-    for (const int slot : {1, 2, 3, 5, 6, 7, 8, 9, 10, 11})
-        EXPECT_EQ(panel.values[slot], "") << slot;
+    for (const int slot : {1, 2, 3, 5, 6, 7, 8, 9, 10, 11}) EXPECT_EQ(panel.values[slot], "") << slot;
 }
 
 TEST_F(TraceScalingTest, AReassignedSlotSelectsTheFirst) {
