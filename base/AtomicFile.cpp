@@ -126,8 +126,10 @@ bool CreateTextFile(const std::filesystem::path& path, std::string_view text) {
 
 TextInput OpenWholeFile(const std::filesystem::path& path) {
     const std::filesystem::path file = FinalPathOf(path);
-    // Who removes a file wants it gone, whatever stands beside it.
+    // Whoever removes a file wants it gone, even if a copy is left beside it.
     if (KindOf(file) == FileKind::Missing) return {};
+    // Not later: a program that writes must have no time to begin between the next step and the opening.
+    if (SizeOfFile(file) > kLargestSettingsFile) return {};
     switch (FinishInterrupted(file)) {
         case WholeFile::Itself:
             break;
@@ -136,7 +138,6 @@ TextInput OpenWholeFile(const std::filesystem::path& path) {
         case WholeFile::Unknown:
             return {};
     }
-    if (SizeOfFile(file) > kLargestSettingsFile) return {};
     return TextInput(path);
 }
 
