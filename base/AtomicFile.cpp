@@ -44,7 +44,7 @@ bool IsFreshName(const std::filesystem::path& path) {
            name.ends_with(suffix);
 }
 
-// What runs that were killed have left. A file that somebody is writing cannot be taken.
+// Removes what killed runs have left. A file that another program is writing cannot be taken.
 void RemoveLeftovers(const std::filesystem::path& folder) {
     for (const std::filesystem::path& entry : EntriesOf(folder)) {
         if (!IsFreshName(entry)) continue;
@@ -126,7 +126,7 @@ bool CreateTextFile(const std::filesystem::path& path, std::string_view text) {
 
 TextInput OpenWholeFile(const std::filesystem::path& path) {
     const std::filesystem::path file = FinalPathOf(path);
-    // Whoever removes a file wants it gone, even if a copy is left beside it.
+    // If a user has removed the file, it is gone, even if there is still a copy beside it.
     if (KindOf(file) == FileKind::Missing) return {};
     // Not later: a program that writes must have no time to begin between the next step and the opening.
     if (SizeOfFile(file) > kLargestSettingsFile) return {};

@@ -6,10 +6,10 @@
 
 // A file that another program has open can often be written, but no file can be renamed over it. It is then
 // written in place. If the program ends in the middle of that, nobody knows which part of the file is old and
-// which is new. So a whole copy of the new text is kept beside it until the end. Whoever finds such a copy
+// which is new. So a whole copy of the new text is kept beside it until the end. A run that finds such a copy
 // finishes the work.
 //
-// Only the writing program has the copy open, so a copy that can be opened is one that was left behind.
+// Only the writing program has the copy open, so a copy that can be opened belongs to a run that was killed.
 namespace plotvane {
 
 // The copy's name: the file's own, with "~" as its last character. It is no longer, because the file's path

@@ -22,7 +22,7 @@ std::string TextOf(HWND window) {
 
 // The answer to a message whose handler threw.
 LRESULT AnswerAfterException(HWND window, UINT message) {
-    // Windows would send WM_PAINT again and again for an update region that is left behind.
+    // Windows sends WM_PAINT again and again until the update region is empty.
     if (message == WM_PAINT) ::ValidateRect(window, nullptr);
     return message == WM_CREATE ? -1 : 0;  // -1: create no window that is half set up
 }

@@ -42,8 +42,8 @@ struct Stretch {
 // always finite: a value that is no number is recorded as 0, a time that is none (or further than 30 years
 // from 0) as that of the sample before.
 //
-// Time never runs back here. Where the given time does (a log that somebody has put together), the recording
-// goes on from where it was, and keeps the steps of the given time from there.
+// Time never runs back here. If the given time does (in a log put together by hand), the recording continues
+// from its own last time and follows the steps of the given time from there.
 class Recording {
 public:
     using Values = std::array<double, kSlotCount>;

@@ -47,7 +47,8 @@ public:
     // Both must outlive this.
     SampleRecorder(Recording& recording, const FieldNames& names) : m_recording(recording), m_names(names) {}
 
-    // A run of a log, or another module: what was recorded before is forgotten. The names are asked for anew.
+    // Begins with a run of a log or with another module. Drops what was recorded before and reads the names
+    // again.
     void Begin(std::string_view title, Clock clock);
 
     // A pause, or a jump in time.

@@ -32,9 +32,9 @@ CursorTexts TimesOfCursors(const LookBack& state);
 // there was no memory left.
 std::string RecordedNote(const LookBack& state);
 
-// What the cursors tell, for a spreadsheet: lines of cells with tabs between them, CR LF behind each. With
-// one cursor, or none, a value for each trace; with two the values at both, difference, lowest, mean and
-// highest. Traces that are hidden are left out.
+// The figures at the cursors as text for a spreadsheet: tabs separate the cells, CR LF ends each line. With
+// one cursor or none, one value for each trace; with two, the values at both, difference, lowest, mean and
+// highest. Hidden traces are left out.
 std::string CursorTable(const LookBack& state);
 
 }  // namespace plotvane

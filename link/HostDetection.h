@@ -2,7 +2,7 @@
 
 namespace plotvane {
 
-// True if the host runs: it holds the mutex "DIAGNEL-Running". Asking leaves nothing behind.
+// True if the host runs, which holds the mutex "DIAGNEL-Running". Does not keep the mutex.
 bool IsHostRunning();
 
 }  // namespace plotvane

@@ -25,8 +25,8 @@ double WindowPump::NowMs() {
 void WindowPump::SleepAndDispatch(int ms) {
     if (ms > 0) {
         if (!m_timer) m_timer.emplace();
-        // Without this flag the wait would ignore a message that somebody has peeked at and left in the
-        // queue.
+        // Without this flag the wait would ignore a message that a handler has peeked at and left in
+        // the queue.
         ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
     DispatchWaiting();

@@ -323,11 +323,11 @@ void CPrefsDlg::OnCancel() {
     m_closing = true;
     LoadPrefs(m_prefsFile, m_prefs);
     EndDialog(IDCANCEL);
-    // The program may end while a box is open; the box would keep it alive until somebody answers.
+    // The program may end while a box is open; the box would keep it alive until the user answers.
     if (m_rejecting) ::PostMessageW(::GetLastActivePopup(m_hWnd), WM_CLOSE, 0, 0);
 }
 
-// Reads them at once. The default processing would read them later, but whoever closes the program saves the
+// Reads them at once. The default processing would read them later, but a close of the program saves the
 // preferences next.
 void CPrefsDlg::OnClose() {
     OnCancel();

@@ -18,7 +18,7 @@ constexpr std::uint32_t kNoPrefsValue = 0xFFFFFFFF;
 
 // Reads the file into the record. A missing or empty file gives the defaults and leaves `saveWindowSize` as
 // it is. A missing key gives its default, but leaves a trace colour as it is. A file without keys is read as
-// the older form. Numbers are stored as they are in the file; whoever uses them checks their range.
+// the older form. Numbers are stored as they are in the file; the code that uses them checks their range.
 //
 // False if the file exists but cannot be read to its end. The record then holds defaults, and what the user
 // has set is unknown. Nobody may write such a record to the file unless the user asks for it.
