@@ -22,6 +22,9 @@ namespace plotvane {
 // open.
 [[nodiscard]] bool ReplaceTextFile(const std::filesystem::path& path, std::string_view text);
 
+// The same for bytes, which are written as they are.
+[[nodiscard]] bool ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes);
+
 // Writes a file that is missing, in the same way. False, with nothing changed, if anything has that name by
 // then: a file that another program has made meanwhile is left alone.
 [[nodiscard]] bool CreateTextFile(const std::filesystem::path& path, std::string_view text);

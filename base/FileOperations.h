@@ -24,8 +24,7 @@ bool IsFolder(const std::filesystem::path& path);
 // The length of a file in bytes; 0 if it is missing or cannot be asked about.
 std::uint64_t SizeOfFile(const std::filesystem::path& path);
 
-// Makes a folder and those above it as far as they are missing. Says nothing on failure: who then writes into
-// it fails and says so.
+// Makes a folder and those above it that are missing. Silent on failure; the write that follows reports it.
 void MakeFolders(const std::filesystem::path& folder);
 
 // Removes a file, if it is there and may be removed. Of a link it removes the link.

@@ -24,6 +24,15 @@ TEST(ReplaceTextFile, WritesLineEndsAsCrLf) {
     EXPECT_EQ(test::BytesOf(folder / "a.cfg"), "x=1\r\ny=2\r\n");
 }
 
+TEST(ReplaceFileBytes, WritesEveryByteAsItIs) {
+    const test::TempFolder folder;
+    const std::string bytes("\x89PNG\r\n\x1A\n\0\n", 10);
+    test::WriteBytes(folder / "a.png", "something much longer");
+    EXPECT_TRUE(ReplaceFileBytes(folder / "a.png", bytes));
+    EXPECT_EQ(test::BytesOf(folder / "a.png"), bytes);
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
+}
+
 TEST(ReplaceTextFile, ReplacesTheOldTextAndLeavesNothingBeside) {
     const test::TempFolder folder;
     test::WriteBytes(folder / "a.cfg", "something much longer");
