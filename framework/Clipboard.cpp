@@ -1,4 +1,4 @@
-#include "history/Clipboard.h"
+#include "framework/Clipboard.h"
 
 #include <cstring>
 #include <span>
@@ -7,7 +7,6 @@
 
 #include "framework/Text.h"
 
-namespace plotvane {
 namespace {
 
 // Windows takes the memory over, if it takes it at all.
@@ -54,5 +53,3 @@ bool CopyPictureToClipboard(HWND window, const Picture& picture) {
                     pixels.begin() + static_cast<std::ptrdiff_t>(end));
     return Put(window, CF_DIB, std::as_bytes(std::span(&head, 1)), std::as_bytes(std::span(rows)));
 }
-
-}  // namespace plotvane

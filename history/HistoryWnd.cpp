@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "framework/Clipboard.h"
 #include "framework/Text.h"
-#include "history/Clipboard.h"
 
 namespace plotvane {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "framework/SystemLibrary.h"
+
 namespace plotvane {
 
 // For as long as it lives, Windows wakes a sleeper to the millisecond; without it a wait of one millisecond
@@ -16,9 +18,7 @@ public:
 private:
     using SetPeriod = UINT WINAPI(UINT ms);
 
-    SetPeriod* Function(const char* name) const;
-
-    HMODULE m_library;
+    SystemLibrary m_multimedia;
 };
 
 }  // namespace plotvane

@@ -21,7 +21,7 @@ plot/chart:      base framework controls model scaling
 plot/binding:    base model scaling plot/chart
 logs:            base framework model scaling res
 history:         base framework model scaling plot/chart
-link:            base model scaling plot/chart plot/binding logs res
+link:            base framework model scaling plot/chart plot/binding logs res
 app:             base framework controls model scaling meter plot/chart plot/binding logs link res
 tools/drives:    base model
 tools/sim:       base model tools/drives
