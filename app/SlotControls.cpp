@@ -56,8 +56,8 @@ void SlotControls::SetUp() {
                      IDC_SWATCH_WINDOW_FIRST + static_cast<UINT>(slot), true);
     }
     for (int channel = 0; channel < kChannelCount; ++channel) {
-        CreateSwatch(m_channelSwatches[channel], IDC_OBD_SWATCH_FIRST + channel,
-                     IDC_OBD_SWATCH_WINDOW_FIRST + static_cast<UINT>(channel), false);
+        CreateSwatch(m_channelSwatches[channel], IDC_CHANNEL_SWATCH_FIRST + channel,
+                     IDC_CHANNEL_SWATCH_WINDOW_FIRST + static_cast<UINT>(channel), false);
     }
 }
 
@@ -68,7 +68,7 @@ void SlotControls::TakeOverValueBoxes() {
         m_values[slot].TakeOver(m_dialog.GetDlgItem(id));
     }
     for (int channel = 0; channel < kChannelCount; ++channel) {
-        m_channelValues[channel].TakeOver(m_dialog.GetDlgItem(IDC_OBD_VALUE_FIRST + channel));
+        m_channelValues[channel].TakeOver(m_dialog.GetDlgItem(IDC_CHANNEL_VALUE_FIRST + channel));
     }
     m_elapsed.TakeOver(m_dialog.GetDlgItem(IDC_ELAPSED));
 }
@@ -90,7 +90,7 @@ void SlotControls::Place(CColorBox& box, int placeholder) {
 void SlotControls::PlaceSwatches() {
     for (int slot = 0; slot < kSlotCount; ++slot) Place(m_swatches[slot], IDC_SWATCH_FIRST + slot);
     for (int channel = 0; channel < kChannelCount; ++channel) {
-        Place(m_channelSwatches[channel], IDC_OBD_SWATCH_FIRST + channel);
+        Place(m_channelSwatches[channel], IDC_CHANNEL_SWATCH_FIRST + channel);
     }
     ShowFocus(m_focused);
 }
@@ -117,7 +117,7 @@ int SlotControls::SlotAt(POINT screen) const {
 }
 
 int SlotControls::ChannelAt(POINT screen) const {
-    return HitAmong(screen, IDC_OBD_SWATCH_FIRST, kChannelCount);
+    return HitAmong(screen, IDC_CHANNEL_SWATCH_FIRST, kChannelCount);
 }
 
 int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const {
@@ -222,9 +222,9 @@ void SlotControls::ShowRowA(bool shown) {
 
 void SlotControls::ShowChannelRow(bool shown) {
     for (int channel = 0; channel < kChannelCount; ++channel) {
-        m_dialog.ShowDlgItem(IDC_OBD_VALUE_FIRST + channel, shown);
-        m_dialog.ShowDlgItem(IDC_OBD_SHOW_FIRST + channel, shown);
-        m_dialog.ShowDlgItem(IDC_OBD_SWATCH_FIRST + channel, shown);
+        m_dialog.ShowDlgItem(IDC_CHANNEL_VALUE_FIRST + channel, shown);
+        m_dialog.ShowDlgItem(IDC_CHANNEL_SHOW_FIRST + channel, shown);
+        m_dialog.ShowDlgItem(IDC_CHANNEL_SWATCH_FIRST + channel, shown);
         m_channelSwatches[channel].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
     }
 }
@@ -242,11 +242,11 @@ void SlotControls::ShowChannelValue(int channel, std::string_view text) {
 }
 
 bool SlotControls::IsChannelShown(int channel) const {
-    return m_dialog.IsDlgButtonChecked(IDC_OBD_SHOW_FIRST + channel);
+    return m_dialog.IsDlgButtonChecked(IDC_CHANNEL_SHOW_FIRST + channel);
 }
 
 void SlotControls::SetChannelShown(int channel, bool shown) {
-    SetChecked(IDC_OBD_SHOW_FIRST + channel, shown);
+    SetChecked(IDC_CHANNEL_SHOW_FIRST + channel, shown);
 }
 
 void SlotControls::SetChannelSwatch(int channel, Colour colour) {

@@ -197,14 +197,14 @@ void Print(const char* what, double us) {
 void Run() {
     const auto records = Records(RecordForm::Normal);
     const auto blocks = Blocks(RecordForm::Normal);
-    const auto tenFields = Blocks(RecordForm::Obd);
+    const auto tenChannels = Blocks(RecordForm::TenChannels);
     const std::string log = LongLog();
 
     std::printf("a record from bytes to slots, texts, traces and fuel figures; median of %d rounds of %d\n",
                 kRounds, kRecords);
     Print("live, three groups of four", MedianOfRounds([&] { return LiveUs(blocks, Meters::Closed); }));
     Print("the same with every meter open", MedianOfRounds([&] { return LiveUs(blocks, Meters::Open); }));
-    Print("live, ten fields", MedianOfRounds([&] { return LiveUs(tenFields, Meters::Closed); }));
+    Print("live, ten channels", MedianOfRounds([&] { return LiveUs(tenChannels, Meters::Closed); }));
     Print("a row of a classic log", MedianOfRounds([&] { return ReplayUs(log); }));
     std::printf("parts of a live record of three groups\n");
     Print("the block from the pipe", MedianOfRounds([&] { return BlocksUs(blocks); }));

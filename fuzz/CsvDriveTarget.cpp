@@ -47,7 +47,7 @@ void RequireSaneRecord(const Drive& drive, double seconds, RecordForm form) {
     SlotTable slots;
     RunState state;
     Require(ParseRecord(text, text.find(',') + 1, slots, state), "a record parses");
-    Require(state.tenChannels == (form == RecordForm::Obd), "a record has the form asked for");
+    Require(state.tenChannels == (form == RecordForm::TenChannels), "a record has the form asked for");
     RequireSaneSlots(slots);
 }
 
@@ -77,7 +77,7 @@ void RequireSaneDrive(const Drive& drive) {
             if (drive.Channels().at(static_cast<std::size_t>(slot)).IsUsed())
                 RequireSaneChannel(drive, slot, seconds);
         }
-        for (const RecordForm form : {RecordForm::Normal, RecordForm::Obd, RecordForm::ObdPid})
+        for (const RecordForm form : {RecordForm::Normal, RecordForm::TenChannels, RecordForm::ObdPid})
             RequireSaneRecord(drive, seconds, form);
     }
     const LogSpan span{.from = 0.0, .to = std::min(length, 1.0)};
@@ -86,7 +86,7 @@ void RequireSaneDrive(const Drive& drive) {
     const auto fullRows = static_cast<int>(firstEmpty - drive.Channels().begin()) / kSlotColumns;
     for (int rows = 1; rows <= fullRows; ++rows) RequireSaneLog(ClassicLog(drive, span, rows));
     if (fullRows == kSlotRows) {
-        RequireSaneLog(TenFieldLog(drive, span));
+        RequireSaneLog(TenChannelLog(drive, span));
         RequireSaneLog(AdvancedLog(drive, span));
     }
     RequireSaneLog(ObdLog(drive, span));

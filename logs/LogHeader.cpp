@@ -10,17 +10,17 @@ constexpr int kMaxMarkLength = 6;
 constexpr std::string_view kAdvancedMark = "ADVMB";
 constexpr std::string_view kObdName = "OBD";
 
-// A classic chart row takes five columns, its time and four values; the ten-field group takes eleven. The
+// A classic chart row takes five columns, its time and four values; the ten-channel group takes eleven. The
 // cell that names a row's group stands above its first value.
 constexpr int kRowColumns = 5;
-constexpr int kTenFieldRowColumns = 11;
+constexpr int kTenChannelRowColumns = 11;
 
 // From the cell of row C to the first column of the line with the units, which is three lines further down.
 constexpr int kCommasToUnits = 31;
-// With ten fields, two of the lines on this way have six commas more. Six are skipped here. The other six are
-// skipped with the row's own texts: ten that belong to it, and six.
+// With ten channels, two of the lines on this way have six commas more. Six are skipped here. The other six
+// are skipped with the row's own texts: ten that belong to it, and six.
 constexpr int kMoreCommasToUnits = 6;
-constexpr int kTenFieldTexts = 16;
+constexpr int kTenChannelTexts = 16;
 
 std::string WithoutLeadingBlank(std::string_view unit) {
     if (unit.starts_with(' ')) unit.remove_prefix(1);
@@ -54,21 +54,21 @@ void ReadClassicHeader(LogText& text, LogHeader& header) {
     text.SkipPast(',', 2);
     auto& groups = header.rowGroups;
     groups[0] = TakeGroupCell(text);
-    const bool tenFields = groups[0] == kTenFieldGroup;
-    text.SkipPast(',', tenFields ? kTenFieldRowColumns : kRowColumns);
+    const bool tenChannels = groups[0] == kTenChannelGroup;
+    text.SkipPast(',', tenChannels ? kTenChannelRowColumns : kRowColumns);
     groups[1] = TakeGroupCell(text);
     text.SkipPast(',', kRowColumns);
     groups[2] = TakeGroupCell(text);
-    text.SkipPast(',', kCommasToUnits + (tenFields ? kMoreCommasToUnits : 0));
+    text.SkipPast(',', kCommasToUnits + (tenChannels ? kMoreCommasToUnits : 0));
     for (int row = 0; row < kSlotRows; ++row) {
         const int group = groups.at(static_cast<std::size_t>(row));
         text.SkipPast(',');
-        if (group == kTenFieldGroup) text.SkipPast(',', kTenFieldTexts);
+        if (group == kTenChannelGroup) text.SkipPast(',', kTenChannelTexts);
         for (int field = 0; field < kSlotColumns; ++field) {
             LogColumn& column = header.columns.at(static_cast<std::size_t>(SlotOf(row, field)));
             column.group = group;
             column.field = field;
-            if (group != kTenFieldGroup) TakeClassicUnit(text, column.unit);
+            if (group != kTenChannelGroup) TakeClassicUnit(text, column.unit);
         }
     }
 }

@@ -15,7 +15,7 @@ enum class LogForm {
 };
 
 constexpr int kNoGroup = -1;
-constexpr int kTenFieldGroup = 0;  // stands for a chart row of ten fields instead of a measuring group
+constexpr int kTenChannelGroup = 0;  // stands for a chart row of ten channels instead of a measuring group
 constexpr int kPidCount = 4;
 
 // What a log says about one of the twelve slots.

@@ -86,8 +86,8 @@ int LogReader::ReadClassicRow(RecordBuffer& record) {
         }
         if (row == 1 && groups[0] == kNoGroup) SkipColumns(1);
         m_stamps.at(index) = ReadLogNumber();
-        if (group == kTenFieldGroup) {
-            AppendTenFields(record);
+        if (group == kTenChannelGroup) {
+            AppendTenChannels(record);
             expected += kChannelCount;
             continue;
         }
@@ -185,7 +185,7 @@ void LogReader::AppendValue(RecordBuffer& record, int group, int field, std::str
 }
 
 // "GZER,F0,780,,"
-void LogReader::AppendTenFields(RecordBuffer& record) {
+void LogReader::AppendTenChannels(RecordBuffer& record) {
     for (int field = 0; field < kChannelCount; ++field) {
         const auto value = NextColumn();
         if (!value) return;

@@ -57,7 +57,7 @@ private:
     void AppendItem(RecordBuffer& record);
     void AppendEmptyItems(RecordBuffer& record, int count);
     void AppendValue(RecordBuffer& record, int group, int field, std::string_view unit);
-    void AppendTenFields(RecordBuffer& record);
+    void AppendTenChannels(RecordBuffer& record);
 
     int ReadClassicRow(RecordBuffer& record);
     int ReadAdvancedRow(RecordBuffer& record);

@@ -11,7 +11,8 @@ constexpr int kSlotRows = 3;
 constexpr int kSlotColumns = 4;
 constexpr int kSlotCount = kSlotRows * kSlotColumns;
 
-// The ten channels: the values of a record in the OBD form, whose small boxes take the place of row A.
+// The ten channels: the values of a record in the ten-channel form, whose small boxes take the place of row
+// A.
 constexpr int kChannelCount = 10;
 
 constexpr int SlotOf(int row, int column) {

@@ -20,7 +20,7 @@ struct RunState {
     bool firstSampleDrawn = false;  // slot 0 was selected once in this run
     bool gapPending = false;        // a pause began while data flowed; the resume leaves a gap
 
-    bool tenChannels = false;     // the record has the OBD form ("GZER"): the ten-channel layout
+    bool tenChannels = false;     // the record has the ten-channel form ("GZER")
     bool hadTenChannels = false;  // the same of the record before, to notice a change
     bool obdFile = false;  // generic OBD identifiers: "OBD.SCL" or an OBD log; scaling has one pair a line
 

@@ -59,11 +59,11 @@
 #define IDC_AIR_FUEL_FIRST 1101    /* not in slot order, see AirFuelButtonOf */
 #define IDC_AIR_FUEL_LAST 1112
 
-/* Main dialog: the ten OBD fields. */
-#define IDC_OBD_SWATCH_FIRST 1021
-#define IDC_OBD_VALUE_FIRST 1043
-#define IDC_OBD_SHOW_FIRST 1068
-#define IDC_OBD_SHOW_LAST 1077
+/* Main dialog: the ten channels. */
+#define IDC_CHANNEL_SWATCH_FIRST 1021
+#define IDC_CHANNEL_VALUE_FIRST 1043
+#define IDC_CHANNEL_SHOW_FIRST 1068
+#define IDC_CHANNEL_SHOW_LAST 1077
 
 /* Main dialog: replay and fuel. */
 #define IDC_ELAPSED 1053
@@ -78,7 +78,7 @@
 #define IDC_SHOW_FOCUS 1299
 #define IDC_CHART 1300
 #define IDC_SWATCH_WINDOW_FIRST 1310
-#define IDC_OBD_SWATCH_WINDOW_FIRST 1330
+#define IDC_CHANNEL_SWATCH_WINDOW_FIRST 1330
 #define IDC_PREFS_SWATCH_WINDOW_FIRST 1350
 
 /* Preferences dialog. */

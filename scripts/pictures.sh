@@ -203,7 +203,7 @@ show_replay() {
     remote faster
     sleep 5
     shoot ended
-    remote load "$(windows_path LOGS/ten-fields.csv)"
+    remote load "$(windows_path LOGS/ten-channels.csv)"
     sleep 5
     shoot ten-channels
     close_program

@@ -8,7 +8,7 @@
 
 namespace plotvane {
 
-// The ten channels: values of 0..255 from a record in the OBD form, which take the place of row A.
+// The ten channels: values of 0..255 from a record in the ten-channel form, which take the place of row A.
 class TenChannels {
 public:
     TenChannels(Sample& sample, const Views& views, SlotSelection& selection)

@@ -102,8 +102,8 @@ TEST(AllocationsPerRecord, NoneForLiveGroups) {
     ExpectNothingAllocatedLive(RecordForm::Normal);
 }
 
-TEST(AllocationsPerRecord, NoneForLiveTenFieldRecords) {
-    ExpectNothingAllocatedLive(RecordForm::Obd);
+TEST(AllocationsPerRecord, NoneForLiveTenChannelRecords) {
+    ExpectNothingAllocatedLive(RecordForm::TenChannels);
 }
 
 TEST(AllocationsPerRecord, NoneForLiveIdentifiers) {
@@ -116,8 +116,8 @@ TEST(AllocationsPerRecord, NoneInAClassicLog) {
     ExpectNothingAllocatedInReplay(LogOfManyRows(ClassicLog(ScriptedDrive(), kWholeDrive, 3), 7));
 }
 
-TEST(AllocationsPerRecord, NoneInALogOfTenFields) {
-    ExpectNothingAllocatedInReplay(LogOfManyRows(TenFieldLog(ScriptedDrive(), kWholeDrive), 7));
+TEST(AllocationsPerRecord, NoneInALogOfTenChannels) {
+    ExpectNothingAllocatedInReplay(LogOfManyRows(TenChannelLog(ScriptedDrive(), kWholeDrive), 7));
 }
 
 TEST(AllocationsPerRecord, NoneInAnAdvancedLog) {

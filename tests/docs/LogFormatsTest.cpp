@@ -58,10 +58,10 @@ TEST_F(LogFormatsTest, MeasuringBlocksBecomeTheRecordOnThePage) {
     EXPECT_EQ(m_log.ReadLogRow(m_record), LogRow::Ended);
 }
 
-TEST_F(LogFormatsTest, TenFieldsBecomeTheItemsOnThePage) {
+TEST_F(LogFormatsTest, TenChannelsBecomeTheItemsOnThePage) {
     const std::string begin = m_page.Example("first line") + "038 906 019 FT,x\n\n";
-    Open(begin + m_page.Example("ten fields"));
-    EXPECT_EQ(NextRecord(), "038-906-019-FT," + Unspaced(m_page.Example("items of ten fields")));
+    Open(begin + m_page.Example("ten channels"));
+    EXPECT_EQ(NextRecord(), "038-906-019-FT," + Unspaced(m_page.Example("items of ten channels")));
     EXPECT_TRUE(m_page.Says("with the times " + Time(0) + ", " + Time(1) + " and " + Time(2) +
                             " of rows A, B and C."));
 }

@@ -34,8 +34,8 @@ inline constexpr std::string_view kClassicRecords[] = {
     "G003,F0,2110,/min,G003,F1,322.5,mg/str,G003,F2,320.0,mg/str,G003,F3,38.0,%,"
     "G000,,,,G000,,,,G000,,,,G000,,,,"};
 
-// The ten-field group in row A.
-inline constexpr std::string_view kTenFieldLog = FIRST_LINE
+// The ten-channel group in row A.
+inline constexpr std::string_view kTenChannelLog = FIRST_LINE
     "038 906 019 FT,x\n"
     "\n"
     ",Row A,'000,,,,,,,,,,Row B,'003,,,,Row C,'005\n"
@@ -43,7 +43,7 @@ inline constexpr std::string_view kTenFieldLog = FIRST_LINE
     ",,,,,,,,,,,,,,,,,,,,,\n"
     "mark,time,,,,,,,,,,,time,b0,b1,b2,b3,time,c0,c1,c2,c3\n"
     "0,0.00,1,2,3,4,5,6,7,8,9,10,0.3,11,12,13,14,0.6,21,22,23,24,\n";
-inline constexpr std::string_view kTenFieldRecord =
+inline constexpr std::string_view kTenChannelRecord =
     "038-906-019-FT,GZER,F0,1,,GZER,F1,2,,GZER,F2,3,,GZER,F3,4,,GZER,F4,5,,GZER,F5,6,,GZER,F6,7,,"
     "GZER,F7,8,,GZER,F8,9,,GZER,F9,10,,G003,F0,11,b0,G003,F1,12,b1,G003,F2,13,b2,G003,F3,14,b3,"
     "G005,F0,21,c0,G005,F1,22,c1,G005,F2,23,c2,G005,F3,24,c3,";

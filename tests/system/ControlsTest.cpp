@@ -1,5 +1,5 @@
-// The controls of the slots while data flows: the A/F switches, the fields of generic OBD data, the fuel
-// buttons.
+// The controls of the slots while data flows: the A/F switches, the ten channels of generic OBD data, the
+// fuel buttons.
 #include <gtest/gtest.h>
 
 #include "tests/support/DegreeSign.h"
@@ -118,32 +118,32 @@ TEST_F(AirFuel, TheMeterShowsTheRatioToo) {
     EXPECT_TRUE(Becomes([&] { return SideOfNeedle(meter, kFirstTraceColour); }, 1));  // 15 of 20
 }
 
-// Generic OBD data: ten fields in place of the first four slots.
+// Generic OBD data: ten channels in place of the first four slots.
 
-std::string ObdRecord(int first, int second) {
+std::string TenChannelRecord(int first, int second) {
     std::string record =
         "038 906 019 FT,GZER,F0," + std::to_string(first) + ",,GZER,F1," + std::to_string(second) + ",,";
-    for (int field = 2; field < 10; ++field) record += "GZER,F" + std::to_string(field) + ",0,,";
+    for (int channel = 2; channel < 10; ++channel) record += "GZER,F" + std::to_string(channel) + ",0,,";
     for (int slot = 4; slot < 12; ++slot) record += "G000,,,,";
     return record;
 }
 
-class ObdFields : public LiveControls {
+class TenChannels : public LiveControls {
 protected:
-    ::testing::AssertionResult ShowsField(int field, const std::wstring& text) {
-        return Becomes([&] { return main.Text(IDC_OBD_VALUE_FIRST + field); }, text);
+    ::testing::AssertionResult ShowsChannel(int channel, const std::wstring& text) {
+        return Becomes([&] { return main.Text(IDC_CHANNEL_VALUE_FIRST + channel); }, text);
     }
-    // Row A or the ten fields, never both.
-    void ExpectTenFields(bool ten) {
+    // Row A or the ten channels, never both.
+    void ExpectTenChannels(bool ten) {
         for (int slot = 0; slot < 4; ++slot) {
             for (const int first :
                  {IDC_VALUE_FIRST, IDC_SHOW_FIRST, IDC_SWATCH_FIRST, IDC_SWATCH_WINDOW_FIRST})
                 EXPECT_EQ(main.IsShown(first + slot), !ten) << first + slot;
         }
-        for (int field = 0; field < 10; ++field) {
-            for (const int first :
-                 {IDC_OBD_VALUE_FIRST, IDC_OBD_SHOW_FIRST, IDC_OBD_SWATCH_FIRST, IDC_OBD_SWATCH_WINDOW_FIRST})
-                EXPECT_EQ(main.IsShown(first + field), ten) << first + field;
+        for (int channel = 0; channel < 10; ++channel) {
+            for (const int first : {IDC_CHANNEL_VALUE_FIRST, IDC_CHANNEL_SHOW_FIRST, IDC_CHANNEL_SWATCH_FIRST,
+                                    IDC_CHANNEL_SWATCH_WINDOW_FIRST})
+                EXPECT_EQ(main.IsShown(first + channel), ten) << first + channel;
         }
         for (int slot = 4; slot < 12; ++slot) EXPECT_TRUE(main.IsShown(IDC_VALUE_FIRST + slot)) << slot;
         EXPECT_EQ(main.IsEnabled(IDC_SCALE_MIN), !ten);
@@ -151,23 +151,24 @@ protected:
     }
 };
 
-TEST_F(ObdFields, TakeThePlaceOfTheFirstRow) {
-    session.Host().SendRecord(ObdRecord(12, 128));
-    EXPECT_TRUE(ShowsField(0, L"12"));
-    EXPECT_TRUE(ShowsField(1, L"128"));
-    for (int field = 2; field < 10; ++field) EXPECT_TRUE(ShowsField(field, L"0"));
+TEST_F(TenChannels, TakeThePlaceOfTheFirstRow) {
+    session.Host().SendRecord(TenChannelRecord(12, 128));
+    EXPECT_TRUE(ShowsChannel(0, L"12"));
+    EXPECT_TRUE(ShowsChannel(1, L"128"));
+    for (int channel = 2; channel < 10; ++channel) EXPECT_TRUE(ShowsChannel(channel, L"0"));
     EXPECT_TRUE(session.Shows(11, L"0 "));
-    ExpectTenFields(true);
+    ExpectTenChannels(true);
     for (int slot = 4; slot < 12; ++slot) EXPECT_EQ(session.ValueText(slot), L"0 ") << slot;
     for (int slot = 0; slot < 12; ++slot) EXPECT_FALSE(main.IsChecked(IDC_SHOW_FIRST + slot)) << slot;
-    for (int field = 0; field < 10; ++field) EXPECT_TRUE(main.IsChecked(IDC_OBD_SHOW_FIRST + field)) << field;
-    session.Host().SendRecord(ObdRecord(13, 128));
-    EXPECT_TRUE(ShowsField(0, L"13"));
+    for (int channel = 0; channel < 10; ++channel)
+        EXPECT_TRUE(main.IsChecked(IDC_CHANNEL_SHOW_FIRST + channel)) << channel;
+    session.Host().SendRecord(TenChannelRecord(13, 128));
+    EXPECT_TRUE(ShowsChannel(0, L"13"));
     EXPECT_TRUE(Becomes([this] { return ShownFrames(main); }, std::vector<int>{}));
 }
 
-TEST_F(ObdFields, AreDrawnBetweenMinus1And256) {
-    for (int i = 0; i < 3; ++i) session.Host().SendRecord(ObdRecord(12, 128));
+TEST_F(TenChannels, AreDrawnBetweenMinus1And256) {
+    for (int i = 0; i < 3; ++i) session.Host().SendRecord(TenChannelRecord(12, 128));
     const ChartOnScreen chart(main);
     const int x = chart.PlotRight() - 2;
     EXPECT_TRUE(Becomes([&] { return chart.Rows(x, kFirstTraceColour); },
@@ -175,50 +176,51 @@ TEST_F(ObdFields, AreDrawnBetweenMinus1And256) {
     EXPECT_EQ(chart.Rows(x, 0x00FF00), std::vector<int>{chart.RowOf(128, -1, 256)});
 }
 
-TEST_F(ObdFields, AnUntickedOneLosesColourAndTrace) {
-    session.Host().SendRecord(ObdRecord(12, 128));
-    ASSERT_TRUE(ShowsField(0, L"12"));
-    EXPECT_TRUE(Becomes([&] { return MiddleOf(main.Control(IDC_OBD_SWATCH_WINDOW_FIRST + 1)); }, 0x00FF00u));
-    main.SetChecked(IDC_OBD_SHOW_FIRST + 1, false);
-    for (int i = 0; i < 3; ++i) session.Host().SendRecord(ObdRecord(13, 128));
-    EXPECT_TRUE(ShowsField(0, L"13"));
-    EXPECT_TRUE(Becomes([&] { return MiddleOf(main.Control(IDC_OBD_SWATCH_WINDOW_FIRST + 1)); },
+TEST_F(TenChannels, AnUntickedOneLosesColourAndTrace) {
+    session.Host().SendRecord(TenChannelRecord(12, 128));
+    ASSERT_TRUE(ShowsChannel(0, L"12"));
+    EXPECT_TRUE(
+        Becomes([&] { return MiddleOf(main.Control(IDC_CHANNEL_SWATCH_WINDOW_FIRST + 1)); }, 0x00FF00u));
+    main.SetChecked(IDC_CHANNEL_SHOW_FIRST + 1, false);
+    for (int i = 0; i < 3; ++i) session.Host().SendRecord(TenChannelRecord(13, 128));
+    EXPECT_TRUE(ShowsChannel(0, L"13"));
+    EXPECT_TRUE(Becomes([&] { return MiddleOf(main.Control(IDC_CHANNEL_SWATCH_WINDOW_FIRST + 1)); },
                         ::GetSysColor(COLOR_3DFACE)));
-    EXPECT_EQ(main.Text(IDC_OBD_VALUE_FIRST + 1), L"128");
-    EXPECT_FALSE(main.IsChecked(IDC_OBD_SHOW_FIRST + 1));
+    EXPECT_EQ(main.Text(IDC_CHANNEL_VALUE_FIRST + 1), L"128");
+    EXPECT_FALSE(main.IsChecked(IDC_CHANNEL_SHOW_FIRST + 1));
 }
 
-TEST_F(ObdFields, LieUnderTheirSwatchesAfterAResizeBeforeThem) {
+TEST_F(TenChannels, LieUnderTheirSwatchesAfterAResizeBeforeThem) {
     const HWND chart = main.Control(IDC_CHART).Get();
     main.ResizeTo(700, 500);
     ASSERT_TRUE(Becomes([&] { return main.Control(IDC_CHART).Get() != chart; }, true));
-    session.Host().SendRecord(ObdRecord(12, 128));
-    ASSERT_TRUE(ShowsField(0, L"12"));
-    for (int field = 0; field < 10; ++field) {
-        const RECT placeholder = main.Control(IDC_OBD_SWATCH_FIRST + field).ScreenRect();
-        const RECT swatch = main.Control(IDC_OBD_SWATCH_WINDOW_FIRST + field).ScreenRect();
-        EXPECT_TRUE(::EqualRect(&placeholder, &swatch)) << field;
+    session.Host().SendRecord(TenChannelRecord(12, 128));
+    ASSERT_TRUE(ShowsChannel(0, L"12"));
+    for (int channel = 0; channel < 10; ++channel) {
+        const RECT placeholder = main.Control(IDC_CHANNEL_SWATCH_FIRST + channel).ScreenRect();
+        const RECT swatch = main.Control(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel).ScreenRect();
+        EXPECT_TRUE(::EqualRect(&placeholder, &swatch)) << channel;
     }
 }
 
-TEST_F(ObdFields, GiveWayToTheSlotsAgain) {
+TEST_F(TenChannels, GiveWayToTheSlotsAgain) {
     session.Host().SendRecord(kFirstRecord);
-    session.Host().SendRecord(ObdRecord(12, 128));
-    ASSERT_TRUE(ShowsField(0, L"12"));
+    session.Host().SendRecord(TenChannelRecord(12, 128));
+    ASSERT_TRUE(ShowsChannel(0, L"12"));
     ASSERT_TRUE(session.Shows(11, L"0 "));
-    ExpectTenFields(true);
+    ExpectTenChannels(true);
     session.Host().SendRecord(kSecondRecord);
     ASSERT_TRUE(session.Shows(0, L"1780 /min"));
     ASSERT_TRUE(session.Shows(11, L""));
-    ExpectTenFields(false);
+    ExpectTenChannels(false);
     for (int slot = 0; slot < 12; ++slot) EXPECT_EQ(main.IsChecked(IDC_SHOW_FIRST + slot), slot < 4) << slot;
     EXPECT_EQ(ShownFrames(main), std::vector<int>{0});
     EXPECT_TRUE(Becomes([&] { return MiddleOf(main.Control(IDC_SWATCH_WINDOW_FIRST)); }, kFirstTraceColour));
 }
 
-TEST_F(ObdFields, LoadAndWriteNoRanges) {
-    session.Host().SendRecord(ObdRecord(12, 128));
-    ASSERT_TRUE(ShowsField(0, L"12"));
+TEST_F(TenChannels, LoadAndWriteNoRanges) {
+    session.Host().SendRecord(TenChannelRecord(12, 128));
+    ASSERT_TRUE(ShowsChannel(0, L"12"));
     session.Host().StopSending();
     ASSERT_TRUE(session.Closes());
     EXPECT_FALSE(std::filesystem::exists(session.Scaling("038-906-019-FT.SCL")));
@@ -226,9 +228,9 @@ TEST_F(ObdFields, LoadAndWriteNoRanges) {
 }
 
 // The edit that else takes the caret is locked.
-TEST_F(ObdFields, TheCaretStaysInNoValueBox) {
-    session.Host().SendRecord(ObdRecord(12, 128));
-    ASSERT_TRUE(ShowsField(0, L"12"));
+TEST_F(TenChannels, TheCaretStaysInNoValueBox) {
+    session.Host().SendRecord(TenChannelRecord(12, 128));
+    ASSERT_TRUE(ShowsChannel(0, L"12"));
     main.Focus(IDC_VALUE_FIRST + 5);
     EXPECT_TRUE(main.Answers(5000ms));
     EXPECT_NE(main.FocusedId(), IDC_VALUE_FIRST + 5);

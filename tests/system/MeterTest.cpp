@@ -95,7 +95,7 @@ TEST_F(Meters, AClickBesideTheSwatchesAndTheMenuKeyOpenNone) {
     Start();
     RightClick(main, IDC_CHART);
     RightClick(main, IDC_SHOW_FIRST);
-    RightClick(main, IDC_OBD_SWATCH_FIRST);  // hidden, and not in this layout
+    RightClick(main, IDC_CHANNEL_SWATCH_FIRST);  // hidden, and not in this layout
     main.Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(main.Get()), MAKELPARAM(-1, -1));
     EXPECT_EQ(MeterTitles(main), Titles{});
 }
@@ -159,11 +159,11 @@ TEST_F(Meters, AnObdFieldHasItsOwn) {
     for (int field = 0; field < 10; ++field) record += "GZER,F" + std::to_string(field) + ",250,,";
     for (int slot = 4; slot < 12; ++slot) record += "G000,,,,";
     session.Host().SendRecord(record);
-    ASSERT_TRUE(Becomes([this] { return main.Text(IDC_OBD_VALUE_FIRST + 9); }, L"250"));
+    ASSERT_TRUE(Becomes([this] { return main.Text(IDC_CHANNEL_VALUE_FIRST + 9); }, L"250"));
     ASSERT_TRUE(Becomes([this] { return main.Text(IDC_VALUE_LAST); }, L"0 "));
 
-    RightClick(main, IDC_OBD_SWATCH_FIRST + 2);
-    RightClick(main, IDC_OBD_SWATCH_FIRST + 2);
+    RightClick(main, IDC_CHANNEL_SWATCH_FIRST + 2);
+    RightClick(main, IDC_CHANNEL_SWATCH_FIRST + 2);
     ASSERT_EQ(MeterTitles(main), (Titles{L"Field#3"}));
     const RemoteWindow meter = OpenMeters(main).front();
     EXPECT_EQ(CornerOf(meter), (std::pair<LONG, LONG>(64, 0)));
@@ -171,8 +171,8 @@ TEST_F(Meters, AnObdFieldHasItsOwn) {
     constexpr COLORREF kThirdTraceColour = 0x00FFFF;
     EXPECT_TRUE(Becomes([&] { return SideOfNeedle(meter, kThirdTraceColour); }, 1));  // 250 of 255
 
-    main.SetChecked(IDC_OBD_SHOW_FIRST + 4, false);
-    RightClick(main, IDC_OBD_SWATCH_FIRST + 4);
+    main.SetChecked(IDC_CHANNEL_SHOW_FIRST + 4, false);
+    RightClick(main, IDC_CHANNEL_SWATCH_FIRST + 4);
     RightClick(main, IDC_SWATCH_FIRST);  // hidden in this layout
     EXPECT_EQ(MeterTitles(main), (Titles{L"Field#3"}));
 }

@@ -50,7 +50,7 @@ TEST_F(ReplayForms, ThreeChartRowsOfOneGroupEach) {
     EXPECT_FALSE(HasDialog());
 }
 
-TEST_F(ReplayForms, TenFieldsInPlaceOfTheFirstChartRow) {
+TEST_F(ReplayForms, TenChannelsInPlaceOfTheFirstChartRow) {
     const std::string row = "1,2,3,4,5,6,7,8,9,10,0.3,11,12,13,14,0.6,21,22,23,24,\n";
     Load(WriteLog("x.csv",
                   "Friday,20,November,2026,10:15:30\n"
@@ -62,14 +62,15 @@ TEST_F(ReplayForms, TenFieldsInPlaceOfTheFirstChartRow) {
                   "mark,time,,,,,,,,,,,time,b0,b1,b2,b3,time,c0,c1,c2,c3\n"
                   "0,0.01," +
                       row + "0,0.02," + row));
-    for (int field = 0; field < 10; ++field)
-        EXPECT_TRUE(
-            Becomes([&] { return main.Text(IDC_OBD_VALUE_FIRST + field); }, std::to_wstring(field + 1)));
+    for (int channel = 0; channel < 10; ++channel)
+        EXPECT_TRUE(Becomes([&] { return main.Text(IDC_CHANNEL_VALUE_FIRST + channel); },
+                            std::to_wstring(channel + 1)));
     EXPECT_TRUE(session.Shows(4, L"11 b0"));
     EXPECT_TRUE(session.Shows(7, L"14 b3"));
     EXPECT_TRUE(session.Shows(8, L"21 c0"));
     EXPECT_TRUE(session.Shows(11, L"24 c3"));
-    for (int field = 0; field < 10; ++field) EXPECT_TRUE(main.IsShown(IDC_OBD_VALUE_FIRST + field)) << field;
+    for (int channel = 0; channel < 10; ++channel)
+        EXPECT_TRUE(main.IsShown(IDC_CHANNEL_VALUE_FIRST + channel)) << channel;
     for (int slot = 0; slot < 4; ++slot) EXPECT_FALSE(main.IsShown(IDC_VALUE_FIRST + slot)) << slot;
     EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
     EXPECT_FALSE(HasDialog()) << "eighteen values a row are a whole row here";

@@ -81,7 +81,7 @@ std::vector<int> IdsOfAllControls() {
     std::vector<int> ids = {IDC_CHART_FRAME, IDC_CHART};
     for (int id = IDC_MOVED_FIRST; id <= IDC_MOVED_LAST; ++id) ids.push_back(id);
     for (int slot = 0; slot < 12; ++slot) ids.push_back(IDC_SWATCH_WINDOW_FIRST + slot);
-    for (int field = 0; field < 10; ++field) ids.push_back(IDC_OBD_SWATCH_WINDOW_FIRST + field);
+    for (int channel = 0; channel < 10; ++channel) ids.push_back(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel);
     return ids;
 }
 
@@ -145,7 +145,8 @@ TEST(StartUp, BeforeAnyRecordTheBoxesAreEmptyAndTheScaleBoxesReady) {
         EXPECT_FALSE(main.IsShown(IDC_FRAME_ROW_C_FIRST + slot));
         EXPECT_FALSE(main.IsShown(IDC_AIR_FUEL_FIRST + slot));
     }
-    for (int field = 0; field < 10; ++field) EXPECT_FALSE(main.IsShown(IDC_OBD_VALUE_FIRST + field));
+    for (int channel = 0; channel < 10; ++channel)
+        EXPECT_FALSE(main.IsShown(IDC_CHANNEL_VALUE_FIRST + channel));
     EXPECT_EQ(main.Text(IDC_SHIFT_LABEL), L"PixelShift:3");
     EXPECT_EQ(main.Text(IDC_VERTICAL_SCALE), L"Vertical scale");
     EXPECT_EQ(main.Text(IDC_HORIZONTAL_SCALE), L"Horizontal scale");

@@ -14,7 +14,7 @@ struct DriveChannel {
     int field = 0;       // field number inside the group, 0..3
     int pid = 0;         // generic OBD identifier of the same quantity, 0 if it has none
     int decimals = 0;    // digits after the point in its value texts
-    double lowest = 0;   // over the whole drive; raw byte 0 of a ten-field group stands for it
+    double lowest = 0;   // over the whole drive; raw byte 0 of a ten-channel group stands for it
     double highest = 0;  // over the whole drive; raw byte 255 stands for it
     std::string name;    // the two lines that the host's logs print above a column
     std::string detail;

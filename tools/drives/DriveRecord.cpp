@@ -17,10 +17,10 @@ std::string NormalRecord(const Drive& drive, double seconds, std::string_view id
     return record.Text();
 }
 
-std::string ObdRecord(const Drive& drive, double seconds, std::string_view identifier) {
+std::string TenChannelRecord(const Drive& drive, double seconds, std::string_view identifier) {
     RecordText record(identifier);
-    for (int field = 0; field < kChannelCount; ++field)
-        record.AddObdField(field, std::to_string(RawByte(drive, field, seconds)));
+    for (int channel = 0; channel < kChannelCount; ++channel)
+        record.AddChannel(channel, std::to_string(RawByte(drive, channel, seconds)));
     for (int slot = kSlotColumns; slot < kSlotCount; ++slot) record.AddEmptySlot();
     return record.Text();
 }
@@ -42,8 +42,8 @@ std::string ObdPidRecord(const Drive& drive, double seconds) {
 
 std::string RecordOf(const Drive& drive, double seconds, RecordForm form, std::string_view identifier) {
     switch (form) {
-        case RecordForm::Obd:
-            return ObdRecord(drive, seconds, identifier);
+        case RecordForm::TenChannels:
+            return TenChannelRecord(drive, seconds, identifier);
         case RecordForm::ObdPid:
             return ObdPidRecord(drive, seconds);
         case RecordForm::Normal:

@@ -8,10 +8,10 @@
 namespace plotvane {
 
 enum class RecordForm {
-    Normal,  // three groups of four fields
-    Obd,     // ten raw bytes as "GZER" fields, the other eight slots empty
-    ObdPid   // the normal form with generic OBD identifiers in place of groups: the first four channels that
-             // have one
+    Normal,       // three groups of four fields
+    TenChannels,  // ten raw bytes as "GZER" items; the eight slots after them are empty
+    ObdPid        // the normal form with generic OBD identifiers in place of groups: the first four channels
+                  // that have one
 };
 
 // A moment of the drive as a record of that form. The text always fits one block if the identifier has at

@@ -26,7 +26,7 @@ void RecordText::AddField(int group, int field, std::string_view value, std::str
     m_text += ',';
 }
 
-void RecordText::AddObdField(int field, std::string_view value) {
+void RecordText::AddChannel(int field, std::string_view value) {
     m_text += "GZER,F";
     AppendDecimal(m_text, field);
     m_text += ',';

@@ -10,7 +10,7 @@
 namespace plotvane {
 
 // Writes one exchange record: the identifier, then three groups of fields; a comma ends each item. In the
-// normal form every group has four items; in the OBD form the first has ten.
+// normal form every group has four items; in the ten-channel form the first has ten.
 class RecordText {
 public:
     // The identifier names the module; it must not contain a comma.
@@ -18,8 +18,8 @@ public:
 
     // A field of a measuring group, "G001,F0,780,/min,". The group is 1..999, the field 0..9.
     void AddField(int group, int field, std::string_view value, std::string_view unit);
-    // One of the ten fields of the OBD form, "GZER,F0,780,,".
-    void AddObdField(int field, std::string_view value);
+    // One of the ten channels, "GZER,F0,780,,".
+    void AddChannel(int field, std::string_view value);
     // A slot without a field, "G000,,,,".
     void AddEmptySlot();
 

@@ -53,7 +53,7 @@ bool WriteLogs(const fs::path& folder, const Drive& drive) {
     const LogSpan motorway{.from = 76, .to = 160};
     return ReplaceTextFile(folder / "drive.csv", ClassicLog(drive, whole, kSlotRows)) &&
            ReplaceTextFile(folder / "two-groups.csv", ClassicLog(drive, town, 2)) &&
-           ReplaceTextFile(folder / "ten-fields.csv", TenFieldLog(drive, pullAway)) &&
+           ReplaceTextFile(folder / "ten-channels.csv", TenChannelLog(drive, pullAway)) &&
            ReplaceTextFile(folder / "advanced.csv", AdvancedLog(drive, motorway)) &&
            ReplaceTextFile(folder / "obd.csv", ObdLog(drive, pullAway));
 }

@@ -114,7 +114,7 @@ std::string ClassicLog(const Drive& drive, const LogSpan& span, int rows) {
     return log;
 }
 
-std::string TenFieldLog(const Drive& drive, const LogSpan& span) {
+std::string TenChannelLog(const Drive& drive, const LogSpan& span) {
     constexpr std::string_view kNoNames = ",,,,,,,,,,,,,,,,,,,,,\n";  // a comma less than columns
     std::string log(kFirstLine);
     log += std::string(kModule) + ",Engine control\n\n,Row A,'000,,,,,,,,,,Row B,'" +

@@ -22,7 +22,7 @@ struct LogSpan {
 std::string ClassicLog(const Drive& drive, const LogSpan& span, int rows);
 
 // The first row is a group of ten raw bytes; rows B and C are those of the drive.
-std::string TenFieldLog(const Drive& drive, const LogSpan& span);
+std::string TenChannelLog(const Drive& drive, const LogSpan& span);
 
 // Advanced measuring blocks: six fields of the drive, each with its own group and time.
 std::string AdvancedLog(const Drive& drive, const LogSpan& span);

@@ -50,7 +50,7 @@ struct Named {
 };
 
 constexpr Named<RecordForm> kForms[] = {
-    {"normal", RecordForm::Normal}, {"obd", RecordForm::Obd}, {"obd-pid", RecordForm::ObdPid}};
+    {"normal", RecordForm::Normal}, {"obd", RecordForm::TenChannels}, {"obd-pid", RecordForm::ObdPid}};
 constexpr Named<HostEnd> kEnds[] = {
     {"stop", HostEnd::Stop}, {"close", HostEnd::Close}, {"both", HostEnd::Both}};
 constexpr Named<Fault> kFaults[] = {{"none", Fault::None},       {"stop-mid-block", Fault::StopMidBlock},
@@ -193,7 +193,7 @@ read end of a pipe and plays a drive into the pipe. Ends when PROGRAM ends, with
                     (default: a built-in drive of four minutes)
   --module NAME     identifier of the records (default: 038 906 019 FT)
   --form FORM       normal    three groups of four fields (default)
-                    obd       ten raw bytes as GZER fields
+                    obd       generic OBD: the ten channels, as raw bytes
                     obd-pid   generic OBD identifiers in place of groups, up to four
   --rate R          records per second, 0.1 to 200 (default: 10; the program takes up to 20)
   --speed F         seconds of the drive per second of real time, 0.01 to 100 (default: 1)

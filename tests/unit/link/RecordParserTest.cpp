@@ -51,7 +51,7 @@ TEST_F(RecordParserTest, LeavesAnEmptySlotEmptyAndReadsTheRest) {
     EXPECT_EQ(slots[1].value, 7.0);
 }
 
-TEST_F(RecordParserTest, ReadsTenFieldsOfTheObdForm) {
+TEST_F(RecordParserTest, ReadsTenChannelsOfTheObdForm) {
     std::string items = "GZER,F0,12,,GZER,F1,128,,";
     for (char digit = '2'; digit <= '9'; ++digit) items += std::string("GZER,F") + digit + ",0,,";
     slots[3].group = 5;

@@ -90,8 +90,8 @@ TEST_F(LogDamageTest, AShortObdRowIsShort) {
     EXPECT_EQ(Next(), LogRow::Complete);
 }
 
-TEST_F(LogDamageTest, AShortTenFieldRowIsShort) {
-    std::string log(test::kTenFieldLog);
+TEST_F(LogDamageTest, AShortTenChannelRowIsShort) {
+    std::string log(test::kTenChannelLog);
     log.resize(log.find(",23,24,\n"));
     Open(log, "\n");
     EXPECT_EQ(Next(), LogRow::Short);
@@ -131,7 +131,7 @@ TEST_F(LogDamageTest, AnEndOfFileByteBehindTheLastValueLeavesTheRowWhole) {
 
 TEST_F(LogDamageTest, ALogMayEndAnywhereInItsHeader) {
     for (const auto header :
-         {kClassicHeader, kAdvancedHeader, kObdHeader, kLongObdHeader, test::kTenFieldLog})
+         {kClassicHeader, kAdvancedHeader, kObdHeader, kLongObdHeader, test::kTenChannelLog})
         for (std::size_t length = 0; length <= header.size(); ++length) {
             ExpectBounded(header.substr(0, length));
             if (HasFatalFailure()) return;
@@ -143,7 +143,7 @@ TEST_F(LogDamageTest, AnyByteMayBeAnother) {
                                 std::string(kAdvancedHeader) + std::string(kAdvancedRows),
                                 std::string(kObdHeader) + std::string(kObdRows),
                                 std::string(kLongObdHeader) + std::string(kObdRows),
-                                std::string(test::kTenFieldLog)};
+                                std::string(test::kTenChannelLog)};
     constexpr std::string_view kBytes = {"\0\n,0G'-(\x1A\xFF\xB0\r", 12};
     constexpr std::size_t kBytesAPlace = 2;  // every place sees two of them, every sixth place the same
     for (const std::string& log : logs)
@@ -202,7 +202,7 @@ TEST_F(LogDamageTest, ANulIsAnOrdinaryByteOfNoNumber) {
     EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,7?80,/min,G013,F0,0,km/h,G005,F0,90," DEGREES_C "," + Empty(9));
 }
 
-TEST_F(LogDamageTest, TheTenFieldGroupInAnotherRowDoesNoHarm) {
+TEST_F(LogDamageTest, TheTenChannelGroupInAnotherRowDoesNoHarm) {
     ExpectBounded(FIRST_LINE
                   "ABC,\n\n,A,'000,,,,,,,,,,B,'000,,,,C,'000\n,,,,,,,,,,,,,,,,,,,,,\n,,,,,,,,,,,,,,,,,,,,,\n"
                   "m,t,,,,,,,,,,,t,,,,,t,,,,,,,,,,,,,,,,,,,,,,,,,,,,,,,,,,\n"

@@ -41,8 +41,8 @@ TEST_F(LogHeaderTest, GivesTheSlotsOfAClassicLogTheGroupsOfTheirRows) {
     EXPECT_FALSE(m_state.obdFile);
 }
 
-TEST_F(LogHeaderTest, LeavesTheUnitsOfTheTenFieldRowEmpty) {
-    Open(test::kTenFieldLog);
+TEST_F(LogHeaderTest, LeavesTheUnitsOfTheTenChannelRowEmpty) {
+    Open(test::kTenChannelLog);
     for (int column = 0; column < 4; ++column) {
         ExpectSlot(column, 0, column, "");
         ExpectSlot(4 + column, 3, column, "b" + std::to_string(column));

@@ -41,18 +41,18 @@ TEST_F(LogReaderTest, ReadsAClassicLog) {
     EXPECT_EQ(m_record.Text(), "");
 }
 
-TEST_F(LogReaderTest, ReadsTheTenFieldGroupWithItsTime) {
-    Open(test::kTenFieldLog);
-    EXPECT_EQ(NextRecord(), test::kTenFieldRecord);
+TEST_F(LogReaderTest, ReadsTheTenChannelGroupWithItsTime) {
+    Open(test::kTenChannelLog);
+    EXPECT_EQ(NextRecord(), test::kTenChannelRecord);
     ExpectStamps(0.0, 0.3, 0.6);
     EXPECT_EQ(Next(), LogRow::Ended);
 }
 
-TEST_F(LogReaderTest, TakesTheTimeOfTheTenFieldGroupForRowA) {
-    std::string log(test::kTenFieldLog);
+TEST_F(LogReaderTest, TakesTheTimeOfTheTenChannelGroupForRowA) {
+    std::string log(test::kTenChannelLog);
     log.replace(log.find("0,0.00,1,"), 9, "0,7.25,1,");
     Open(log);
-    EXPECT_EQ(NextRecord(), test::kTenFieldRecord);
+    EXPECT_EQ(NextRecord(), test::kTenChannelRecord);
     ExpectStamps(7.25, 0.3, 0.6);
 }
 

@@ -27,9 +27,10 @@ protected:
     void ExpectSwatchesOverTheirPlaceholders() const {
         for (int slot = 0; slot < kSlotCount; ++slot)
             EXPECT_EQ(EdgesOf(IDC_SWATCH_WINDOW_FIRST + slot), EdgesOf(IDC_SWATCH_FIRST + slot)) << slot;
-        for (int field = 0; field < kChannelCount; ++field)
-            EXPECT_EQ(EdgesOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), EdgesOf(IDC_OBD_SWATCH_FIRST + field))
-                << field;
+        for (int channel = 0; channel < kChannelCount; ++channel)
+            EXPECT_EQ(EdgesOf(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel),
+                      EdgesOf(IDC_CHANNEL_SWATCH_FIRST + channel))
+                << channel;
     }
 
     // The middle of a placeholder on the screen.

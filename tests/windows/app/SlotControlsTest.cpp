@@ -53,10 +53,11 @@ TEST_F(SlotControlsTest, ASwatchKeepsItsColourInItsFrame) {
 
 TEST_F(SlotControlsTest, AnObdSwatchTakesItsColourInTheTenChannelLayout) {
     panel.ApplyLayout(true);
-    for (int field = 0; field < kChannelCount; ++field) {
-        EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), ::GetSysColor(COLOR_3DFACE)) << field;
-        panel.SetChannelSwatch(field, kTraceColour);
-        EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), kTraceColour) << field;
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        EXPECT_EQ(MiddleOf(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel), ::GetSysColor(COLOR_3DFACE))
+            << channel;
+        panel.SetChannelSwatch(channel, kTraceColour);
+        EXPECT_EQ(MiddleOf(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel), kTraceColour) << channel;
     }
 }
 
@@ -65,11 +66,12 @@ TEST_F(SlotControlsTest, AnotherLayoutTakesTheColoursOfAllSwatches) {
     panel.ApplyLayout(true);
     for (int slot = kSlotColumns; slot < kSlotCount; ++slot)
         EXPECT_EQ(MiddleOf(IDC_SWATCH_WINDOW_FIRST + slot), ::GetSysColor(COLOR_3DFACE)) << slot;
-    for (int field = 0; field < kChannelCount; ++field) panel.SetChannelSwatch(field, kTraceColour);
+    for (int channel = 0; channel < kChannelCount; ++channel) panel.SetChannelSwatch(channel, kTraceColour);
     panel.ApplyLayout(false);
     panel.ApplyLayout(true);
-    for (int field = 0; field < kChannelCount; ++field)
-        EXPECT_EQ(MiddleOf(IDC_OBD_SWATCH_WINDOW_FIRST + field), ::GetSysColor(COLOR_3DFACE)) << field;
+    for (int channel = 0; channel < kChannelCount; ++channel)
+        EXPECT_EQ(MiddleOf(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel), ::GetSysColor(COLOR_3DFACE))
+            << channel;
 }
 
 // Air/fuel switches.
@@ -170,8 +172,8 @@ TEST_F(SlotControlsTest, TheLimitsOfTheSelectedSlotStandInTheScaleBox) {
 TEST_F(SlotControlsTest, FindsTheSlotUnderAPoint) {
     for (int slot = 0; slot < kSlotCount; ++slot)
         EXPECT_EQ(panel.SlotAt(MiddleOnScreen(IDC_SWATCH_FIRST + slot)), slot);
-    for (int field = 0; field < kChannelCount; ++field)
-        EXPECT_EQ(panel.ChannelAt(MiddleOnScreen(IDC_OBD_SWATCH_FIRST + field)), field);
+    for (int channel = 0; channel < kChannelCount; ++channel)
+        EXPECT_EQ(panel.ChannelAt(MiddleOnScreen(IDC_CHANNEL_SWATCH_FIRST + channel)), channel);
 }
 
 TEST_F(SlotControlsTest, ASwatchReachesFromItsFirstToItsLastPixel) {
@@ -208,10 +210,10 @@ TEST_F(SlotControlsTest, ValuesStandInTheirBoxes) {
 }
 
 TEST_F(SlotControlsTest, ObdValuesStandInTheirBoxes) {
-    for (int field = 0; field < kChannelCount; ++field)
-        panel.ShowChannelValue(field, std::to_string(field * 25));
-    for (int field = 0; field < kChannelCount; ++field)
-        EXPECT_EQ(dialog.GetDlgItemText(1043 + field), std::to_string(field * 25));
+    for (int channel = 0; channel < kChannelCount; ++channel)
+        panel.ShowChannelValue(channel, std::to_string(channel * 25));
+    for (int channel = 0; channel < kChannelCount; ++channel)
+        EXPECT_EQ(dialog.GetDlgItemText(1043 + channel), std::to_string(channel * 25));
 }
 
 TEST_F(SlotControlsTest, ReadsAndSetsTheCheckBoxes) {
@@ -222,11 +224,11 @@ TEST_F(SlotControlsTest, ReadsAndSetsTheCheckBoxes) {
         dialog.CheckDlgButton(1056 + slot, false);
         EXPECT_FALSE(panel.IsTraceShown(slot));
     }
-    for (int field = 0; field < kChannelCount; ++field) {
-        panel.SetChannelShown(field, true);
-        EXPECT_TRUE(dialog.IsDlgButtonChecked(1068 + field));
-        dialog.CheckDlgButton(1068 + field, false);
-        EXPECT_FALSE(panel.IsChannelShown(field));
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        panel.SetChannelShown(channel, true);
+        EXPECT_TRUE(dialog.IsDlgButtonChecked(1068 + channel));
+        dialog.CheckDlgButton(1068 + channel, false);
+        EXPECT_FALSE(panel.IsChannelShown(channel));
     }
 }
 
@@ -317,9 +319,9 @@ TEST_F(FuelButtonsTest, LeaveTheControlsOfTheSpeedAsTheyAre) {
 TEST_F(FuelButtonsTest, BelowTenChannelsLoseWhatTheseCoverAndGetItBack) {
     panel.ShowFuelButtons(true);
     panel.ApplyLayout(true);
-    ExpectAllButWhatLiesOnIt(IDC_MILEAGE,
-                             {IDC_OBD_VALUE_FIRST, IDC_OBD_VALUE_FIRST + 1, IDC_OBD_SWATCH_FIRST,
-                              IDC_OBD_SWATCH_FIRST + 1, IDC_OBD_SHOW_FIRST, IDC_OBD_SHOW_FIRST + 1});
+    ExpectAllButWhatLiesOnIt(
+        IDC_MILEAGE, {IDC_CHANNEL_VALUE_FIRST, IDC_CHANNEL_VALUE_FIRST + 1, IDC_CHANNEL_SWATCH_FIRST,
+                      IDC_CHANNEL_SWATCH_FIRST + 1, IDC_CHANNEL_SHOW_FIRST, IDC_CHANNEL_SHOW_FIRST + 1});
     panel.ApplyLayout(false);
     ExpectAllButWhatLiesOnIt(IDC_MILEAGE, {});
     EXPECT_FALSE(::GetWindowLongPtrW(dialog.GetDlgItem(IDC_MILEAGE), GWL_STYLE) & BS_ICON)

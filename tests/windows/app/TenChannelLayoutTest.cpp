@@ -21,7 +21,7 @@ std::set<int> RowA() {
 
 std::set<int> ObdRow() {
     std::set<int> ids;
-    for (const int first : {IDC_OBD_VALUE_FIRST, IDC_OBD_SHOW_FIRST, IDC_OBD_SWATCH_FIRST})
+    for (const int first : {IDC_CHANNEL_VALUE_FIRST, IDC_CHANNEL_SHOW_FIRST, IDC_CHANNEL_SWATCH_FIRST})
         ids.merge(Range(first, kChannelCount));
     return ids;
 }
@@ -44,7 +44,7 @@ TEST_F(TenChannelLayoutTest, TheTwelveSlotsAreShownAtFirst) {
     EXPECT_EQ(ShownControls(), expected);
 }
 
-TEST_F(TenChannelLayoutTest, TheTenChannelLayoutExchangesRowAForTheTenFields) {
+TEST_F(TenChannelLayoutTest, TheTenChannelLayoutExchangesRowAForTheTenChannels) {
     const std::set<int> twelve = ShownControls();
     panel.ApplyLayout(true);
     EXPECT_EQ(ShownControls(), WithObdRowInPlaceOfRowA(twelve));
@@ -57,8 +57,8 @@ TEST_F(TenChannelLayoutTest, TheSwatchWindowsGoWithTheirRow) {
         panel.ApplyLayout(tenChannels);
         for (int slot = 0; slot < kSlotCount; ++slot)
             EXPECT_EQ(IsShown(IDC_SWATCH_WINDOW_FIRST + slot), !tenChannels || slot >= kSlotColumns) << slot;
-        for (int field = 0; field < kChannelCount; ++field)
-            EXPECT_EQ(IsShown(IDC_OBD_SWATCH_WINDOW_FIRST + field), tenChannels) << field;
+        for (int channel = 0; channel < kChannelCount; ++channel)
+            EXPECT_EQ(IsShown(IDC_CHANNEL_SWATCH_WINDOW_FIRST + channel), tenChannels) << channel;
     }
 }
 
@@ -92,7 +92,7 @@ TEST_F(TenChannelLayoutTest, FrameAndAirFuelButtonOfTheOtherRowsStay) {
 }
 
 // The boxes of the first two channels lie on the speed buttons.
-TEST_F(TenChannelLayoutTest, WhereTheReplaySpeedIsOfferedItMakesRoomForTheTenFields) {
+TEST_F(TenChannelLayoutTest, WhereTheReplaySpeedIsOfferedItMakesRoomForTheTenChannels) {
     for (const int id :
          {IDC_REPLAY_GROUP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED})
         dialog.ShowDlgItem(id, true);

@@ -9,7 +9,7 @@ using Range = test::FakeChart::Range;
 
 class TenChannelsTest : public test::PlotFixture {
 protected:
-    // A record of the OBD form, as the parser leaves it.
+    // A record of the ten-channel form, as the parser leaves it.
     void TickObd() {
         state.tenChannels = true;
         for (int slot = 0; slot < kSlotCount; ++slot) Empty(slot);

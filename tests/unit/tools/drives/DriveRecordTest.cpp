@@ -53,7 +53,7 @@ TEST(DriveRecord, ObdFormHasTenRawBytesAndEightEmptySlots) {
     drive.channels[2].lowest = -3;  // 3 in a range of -3 to 3
     drive.channels[2].highest = 3;
     drive.channels[9].highest = 5;  // its value 10 is above the range
-    EXPECT_EQ(RecordOf(drive, 0, RecordForm::Obd, "M"),
+    EXPECT_EQ(RecordOf(drive, 0, RecordForm::TenChannels, "M"),
               "M,GZER,F0,1,,GZER,F1,2,,GZER,F2,255,,GZER,F3,4,,GZER,F4,5,,GZER,F5,6,,GZER,F6,7,,GZER,F7,8,,"
               "GZER,F8,9,,GZER,F9,255,," +
                   EmptySlots(8));

@@ -19,8 +19,8 @@ TEST(RecordText, WritesFieldsAndEmptySlots) {
 
 TEST(RecordText, WritesObdFields) {
     RecordText record("OBD");
-    record.AddObdField(0, "1");
-    record.AddObdField(9, "255");
+    record.AddChannel(0, "1");
+    record.AddChannel(9, "255");
     EXPECT_EQ(record.Text(), "OBD,GZER,F0,1,,GZER,F9,255,,");
 }
 

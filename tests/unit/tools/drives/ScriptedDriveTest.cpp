@@ -144,7 +144,7 @@ TEST_F(ScriptedDriveTest, IsTheSameEachTimeAndHoldsItsEnds) {
 
 TEST_F(ScriptedDriveTest, EveryRecordFitsABlockInEveryForm) {
     for (double t = 0; t <= m_drive.Seconds(); t += 1) {
-        for (const RecordForm form : {RecordForm::Normal, RecordForm::Obd, RecordForm::ObdPid})
+        for (const RecordForm form : {RecordForm::Normal, RecordForm::TenChannels, RecordForm::ObdPid})
             EXPECT_TRUE(MakeBlock(RecordOf(m_drive, t, form, std::string(100, 'M')))) << t;
     }
 }

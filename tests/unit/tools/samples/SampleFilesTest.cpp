@@ -130,14 +130,14 @@ TEST_F(SampleLogs, TwoGroupsLeaveRowCEmptyAndHaveAGap) {
     EXPECT_EQ(gaps, 1);
 }
 
-TEST_F(SampleLogs, TenFieldsComeBeforeTwoGroups) {
-    const ReadLog log = Read("ten-fields.csv");
+TEST_F(SampleLogs, TenChannelsComeBeforeTwoGroups) {
+    const ReadLog log = Read("ten-channels.csv");
     EXPECT_EQ(log.last, LogRow::Ended);
     ASSERT_GT(log.records.size(), 100u);
     for (std::size_t i = 0; i < log.records.size(); ++i) {
         RecordText record("038-906-019-FT");
         for (int field = 0; field < kChannelCount; ++field)
-            record.AddObdField(field, std::to_string(RawByte(m_drive, field, log.stamps[i][0])));
+            record.AddChannel(field, std::to_string(RawByte(m_drive, field, log.stamps[i][0])));
         AddRow(record, 1, log.stamps[i][1]);
         AddRow(record, 2, log.stamps[i][2]);
         ASSERT_EQ(log.records[i], record.Text()) << i;

@@ -59,7 +59,7 @@ TEST(SimOptions, ReadsEveryFaultFormAndEnd) {
     EXPECT_EQ(Parsed({L"--fault", L"garbage"}).play.fault, Fault::Garbage);
     EXPECT_EQ(Parsed({L"--fault", L"none"}).play.fault, Fault::None);
     EXPECT_EQ(Parsed({L"--form", L"normal"}).play.form, RecordForm::Normal);
-    EXPECT_EQ(Parsed({L"--form", L"obd"}).play.form, RecordForm::Obd);
+    EXPECT_EQ(Parsed({L"--form", L"obd"}).play.form, RecordForm::TenChannels);
     EXPECT_EQ(Parsed({L"--end", L"close"}).play.end, HostEnd::Close);
     EXPECT_EQ(Parsed({L"--end", L"stop"}).play.end, HostEnd::Stop);
     EXPECT_EQ(Parsed({L"--end", L"both"}).play.end, HostEnd::Both);
