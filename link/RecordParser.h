@@ -10,7 +10,7 @@ namespace plotvane {
 
 // Parses the items of an exchange record into the slots, starting after the identifier's comma.
 //
-//   normal form: three groups of four fields                           -> slots 0..11
+//   normal form: three groups of four fields                    -> slots 0..11
 //   ten-channel: one group of ten ("GZER"), two groups of four  -> the ten channels, slots 4..11
 //
 //   field = "G" tag "," "F" digit "," value "," [" "] unit ","     tag: three characters
