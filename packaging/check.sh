@@ -66,6 +66,7 @@ check_zip() {
     unzip -q "$package"/plotvane-*-win64.zip -d "$place"
     folder=$(echo "$place"/plotvane-*)
     expect "$folder/READ ME FIRST.txt"
+    expect_gone "$folder/Scaling"
     grep -q 'src="data:' "$folder/manual.html" || die "the manual has no pictures"
     ! grep -oE '(src|href)="[^"]*"' "$folder/manual.html" | grep -vE 'src="data:|href="#' ||
         die "the manual refers to another file"
@@ -73,6 +74,20 @@ check_zip() {
     (cd "$folder" && exec setsid wine plotvane.exe </dev/null 9>&-) &
     groups+=($!)
     play_and_close "$folder"
+
+    say "unpacking over it"
+    change_ranges "$folder"
+    local mine
+    mine=$(sha256sum "$folder"/Scaling/*)
+    unzip -q -o "$package"/plotvane-*-win64.zip -d "$place"
+    [[ $(sha256sum "$folder"/Scaling/*) == "$mine" ]] || die "the zip has changed the user's settings"
+}
+
+# change_ranges FOLDER: as a user who wants another range for the engine speed would have left the files.
+change_ranges() {
+    sed -i 's/0,6000/0,5000/' "$1/Scaling/Defaults.cfg" "$1/Scaling/038-906-019-FT.SCL"
+    grep -q "0,5000" "$1/Scaling/Defaults.cfg" && grep -q "0,5000" "$1/Scaling/038-906-019-FT.SCL" ||
+        die "the program's settings have no range of the engine speed"
 }
 
 # install SETUP: installs without questions. Sets $folder to the installed folder and $entry to the Start-menu entry.
@@ -102,6 +117,12 @@ check_installer() {
     install "$package"/plotvane-*-setup.exe
     expect "$folder/manual.html"
     expect "${entry%.lnk} manual.lnk"
+    expect "${entry%.lnk} logs.lnk"
+    expect_gone "$folder/Scaling"
+    local key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Plotvane'
+    wine reg query "$key" | tr -d '\r' >"$logs/installed-entry.log"
+    grep -qE "Publisher +REG_SZ +The Plotvane developers$" "$logs/installed-entry.log" || die "the entry has no publisher"
+    grep -qE "EstimatedSize +REG_DWORD +0x[1-9a-f]" "$logs/installed-entry.log" || die "the entry has no size"
     cmp "$folder/plotvane.exe" "$package"/plotvane-*/plotvane.exe
 
     say "starting from the Start menu"
@@ -122,6 +143,7 @@ check_installer() {
     expect_gone "$folder/manual.html"
     expect_gone "$folder/CHANGES.txt"
     expect_gone "${entry%.lnk} manual.lnk"
+    expect_gone "${entry%.lnk} logs.lnk"
     expect "$folder/Scaling/Prefs.cfg"
     expect "$folder/LOGS/mine.csv"
     expect "$folder/labels"
@@ -137,9 +159,11 @@ check_upgrade() {
     install "$older/older.exe"
     grep -qx "older" "$folder/plotvane.exe" || die "the older version is not installed"
 
-    # Changes that a user may have made since, including to files that came with the package.
+    # What a user may have made and changed since, including files that came with the package.
+    cp -r samples/Scaling "$folder"
     local theirs=(Scaling/Defaults.cfg Scaling/038-906-019-FT.SCL LOGS/drive.csv LOGS/mine.csv labels/038-906-019.LBL)
-    sed -i 's/0,6000/0,5000/' "$folder/Scaling/Defaults.cfg" "$folder/Scaling/038-906-019-FT.SCL"
+    sed -i 's/0,6000/0,5000/' "$folder/Scaling/Defaults.cfg"
+    sed -i 's/0,40,/0,30,/' "$folder/Scaling/038-906-019-FT.SCL"
     printf 'Width=320\r\nHeight=240\r\nMaxMileage=77\r\n' >"$folder/Scaling/Prefs.cfg"
     echo "; mine" >>"$folder/labels/038-906-019.LBL"
     cp "$folder/LOGS/drive.csv" "$folder/LOGS/mine.csv"

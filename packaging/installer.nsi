@@ -5,6 +5,7 @@
 ; 64-bit, like the program, which runs nowhere else.
 Target amd64-unicode
 !include "MUI2.nsh"
+!include "FileFunc.nsh"
 
 !define KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Plotvane"
 
@@ -67,10 +68,8 @@ Section
   File "${SOURCE}/manual.html"
   File "${SOURCE}/CHANGES.txt"
 
-  ; What the user has changed stays as it is.
+  ; What the user has changed stays as it is. The program makes the folder Scaling itself.
   SetOverwrite off
-  SetOutPath "$INSTDIR\Scaling"
-  File "${SOURCE}/Scaling/*"
   SetOutPath "$INSTDIR\LOGS"
   File "${SOURCE}/LOGS/*"
   SetOutPath "$INSTDIR\labels"
@@ -80,10 +79,14 @@ Section
   SetOutPath "$INSTDIR"
   CreateShortCut "$SMPROGRAMS\Plotvane.lnk" "$INSTDIR\plotvane.exe"
   CreateShortCut "$SMPROGRAMS\Plotvane manual.lnk" "$INSTDIR\manual.html"
+  CreateShortCut "$SMPROGRAMS\Plotvane logs.lnk" "$INSTDIR\LOGS"
 
   WriteUninstaller "$INSTDIR\uninstall.exe"
   WriteRegStr HKCU "${KEY}" "DisplayName" "Plotvane"
   WriteRegStr HKCU "${KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${KEY}" "Publisher" "The Plotvane developers"
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2 ; in KB
+  WriteRegDWORD HKCU "${KEY}" "EstimatedSize" $0
   WriteRegStr HKCU "${KEY}" "DisplayIcon" "$INSTDIR\plotvane.exe"
   WriteRegStr HKCU "${KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKCU "${KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
@@ -100,6 +103,7 @@ Section "Uninstall"
   Delete "$INSTDIR\uninstall.exe"
   Delete "$SMPROGRAMS\Plotvane.lnk"
   Delete "$SMPROGRAMS\Plotvane manual.lnk"
+  Delete "$SMPROGRAMS\Plotvane logs.lnk"
   DeleteRegKey HKCU "${KEY}"
   RMDir "$INSTDIR"
 SectionEnd

@@ -49,6 +49,8 @@ struct Named {
     Choice choice;
 };
 
+constexpr const char* kTrialModule = "TRIAL DRIVE";
+
 constexpr Named<RecordForm> kForms[] = {
     {"normal", RecordForm::Normal}, {"obd", RecordForm::TenChannels}, {"obd-pid", RecordForm::ObdPid}};
 constexpr Named<HostEnd> kEnds[] = {
@@ -88,6 +90,9 @@ public:
                 Complain("bad value for " + name + ": " + Ascii(arguments[i - 1]));
         }
         if (m_result.error.empty()) CheckTogether();
+        // A drive of one's own must not spoil the ranges of the module that the samples are of.
+        if (m_seen.contains("--csv") && !m_seen.contains("--module"))
+            m_result.options.play.module = kTrialModule;
         return m_result;
     }
 
@@ -191,7 +196,7 @@ read end of a pipe and plays a drive into the pipe. Ends when PROGRAM ends, with
                     holds the time in seconds; the others end in their unit: rpm, _kmh, _c, _pct,
                     _mbar, _deg, volt, _lph, _gs, _nm, _l, _ms, _mgstr; lambda* has no unit.
                     (default: a built-in drive of four minutes)
-  --module NAME     identifier of the records (default: 038 906 019 FT)
+  --module NAME     identifier of the records (default: 038 906 019 FT; with --csv: TRIAL DRIVE)
   --form FORM       normal    three groups of four fields (default)
                     obd       generic OBD: the ten channels, as raw bytes
                     obd-pid   generic OBD identifiers in place of groups, up to four

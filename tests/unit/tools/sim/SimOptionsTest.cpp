@@ -29,6 +29,11 @@ TEST(SimOptions, WithoutArgumentsPlaysTheBuiltInDriveOnce) {
     EXPECT_FALSE(options.play.loop);
 }
 
+TEST(SimOptions, ADriveOfOnesOwnHasAModuleOfItsOwn) {
+    EXPECT_EQ(Parsed({L"--csv", L"d.csv"}).play.module, "TRIAL DRIVE");
+    EXPECT_EQ(Parsed({L"--module", L"A 1", L"--csv", L"d.csv"}).play.module, "A 1");
+}
+
 TEST(SimOptions, ReadsEveryOption) {
     const SimOptions options = Parsed(
         {L"--folder", L"w",      L"--csv", L"d.csv",   L"--module", L"A 1",       L"--form",
