@@ -6,6 +6,7 @@
 #include "app/MainLayout.h"
 #include "app/MeterWindows.h"
 #include "app/RunButtonControls.h"
+#include "app/SleepBlocker.h"
 #include "app/SlotControls.h"
 #include "app/TitleBar.h"
 #include "framework/Dialog.h"
@@ -35,6 +36,7 @@ private:
     void ShowMessage(int textId, int captionId) override;
     std::optional<std::filesystem::path> ChooseLog() override { return AskForLogFile(m_hWnd); }
     void SetModuleTitle(std::u16string_view title) override { m_titleBar.SetTitle(title); }
+    void StayAwake(bool on) override { m_sleepBlocker.Set(on); }
     void Close() override { OnClose(); }
 
     // The window.
@@ -90,6 +92,7 @@ private:
     RunButtonControls m_buttons;
     MainLayout m_layout;
     TitleBar m_titleBar;
+    SleepBlocker m_sleepBlocker;
     InheritedPipe m_pipe;
     WindowPump m_pump;
     Acquisition m_acquisition;

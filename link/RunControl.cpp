@@ -8,9 +8,13 @@ namespace plotvane {
 // was stopped during a wait cannot know whether a newer one has opened the log again.
 class RunControl::OnStack {
 public:
-    explicit OnStack(RunControl& control) : m_control(control) { m_control.m_onStack = true; }
+    explicit OnStack(RunControl& control) : m_control(control) {
+        m_control.m_onStack = true;
+        m_control.StayAwakeForData();
+    }
     ~OnStack() {
         m_control.m_onStack = false;
+        m_control.StayAwakeForData();
         m_control.m_log.Close();
     }
     OnStack(const OnStack&) = delete;
@@ -37,7 +41,7 @@ void RunControl::StartLive() {
     m_state.logMode = false;
     m_state.restartAfterStop = false;
     m_state.playing = true;
-    ShowButtons();
+    ShowState();
     Start();
 }
 
@@ -48,7 +52,7 @@ void RunControl::Start() {
     m_state.stopped = false;
     m_state.halted = false;
     ++m_state.generation;
-    if (m_onStack) return;
+    if (m_onStack) return StayAwakeForData();
     try {
         RunUntilStopped();
     } catch (...) {
@@ -113,7 +117,7 @@ void RunControl::Stop() {
     } else {
         m_state.restartAfterStop = true;
     }
-    ShowButtons();
+    ShowState();
     SaveRanges();
 }
 
@@ -139,9 +143,19 @@ void RunControl::Pause() {
     }
 }
 
+void RunControl::ShowState() {
+    m_buttons.Show(LookOf(m_state));
+    StayAwakeForData();
+}
+
+// Nobody touches a key during a drive. A record that is malformed ends the data too.
+void RunControl::StayAwakeForData() {
+    m_window.StayAwake(m_onStack && !m_state.stopped && m_state.playing);
+}
+
 void RunControl::TogglePlaying() {
     m_state.playing = !m_state.playing;
-    ShowButtons();
+    ShowState();
 }
 
 void RunControl::ReplayAgain() {
@@ -155,7 +169,7 @@ void RunControl::LoadLog() {
     m_state.obdFile = false;
     if (m_state.reopenLog) m_state.pauseKept = true;
     m_state.reopenLog = false;
-    ShowButtons();
+    ShowState();
     switch (OpenLog()) {
         case LogSource::Opening::Done:
             m_sample.TakeMinimums();
@@ -164,7 +178,7 @@ void RunControl::LoadLog() {
             break;
         case LogSource::Opening::NoLog:
             m_state.pauseKept = false;
-            ShowButtons();
+            ShowState();
             break;
         case LogSource::Opening::BadHeader:
             break;
@@ -184,7 +198,7 @@ void RunControl::Replay() {
     m_state.logMode = true;
     m_state.reopenLog = false;
     m_state.playing = true;
-    ShowButtons();
+    ShowState();
     m_pacing.Restart();
     Start();
 }

@@ -55,7 +55,8 @@ private:
     LogSource::Opening OpenLog();
     void Replay();
     void SaveRanges();
-    void ShowButtons() { m_buttons.Show(LookOf(m_state)); }
+    void ShowState();
+    void StayAwakeForData();
 
     Sample& m_sample;
     RunState& m_state;

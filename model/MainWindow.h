@@ -19,6 +19,9 @@ struct MainWindow {
     // The title that names the module, in UTF-16 because a log's name may have any character.
     virtual void SetModuleTitle(std::u16string_view title) = 0;
 
+    // Whether the machine stays awake, with its display on, from now on.
+    virtual void StayAwake(bool on) = 0;
+
     // As if the user had closed it.
     virtual void Close() = 0;
 };

@@ -34,6 +34,7 @@ public:
         title = text;
         ++titles;
     }
+    void StayAwake(bool on) override { isAwake = on; }
     void Close() override {
         ++closes;
         control->Stop();
@@ -49,6 +50,7 @@ public:
     RunButtonsLook look;
     std::u16string title;
     int titles = 0;
+    bool isAwake = false;
     std::optional<std::filesystem::path> choice;  // nothing: the user cancels
     int asked = 0;
     std::function<void()> whileAsked;  // what else happens while the file dialog is open

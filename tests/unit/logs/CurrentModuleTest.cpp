@@ -11,6 +11,7 @@ struct TitleLog : MainWindow {
     void SetModuleTitle(std::u16string_view title) override { titles.emplace_back(title); }
     void ShowMessage(int, int) override { FAIL() << "nothing to say"; }
     std::optional<std::filesystem::path> ChooseLog() override { return std::nullopt; }
+    void StayAwake(bool) override { FAIL() << "nothing to stay awake for"; }
     void Close() override { FAIL() << "nothing to close for"; }
     std::vector<std::u16string> titles;
 };

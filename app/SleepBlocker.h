@@ -1,0 +1,21 @@
+#pragma once
+
+namespace plotvane {
+
+// Keeps the machine from going to sleep and from turning its display off, which holds off the screen lock
+// too. Windows forgets it when the program ends, however it ends.
+class SleepBlocker {
+public:
+    SleepBlocker() = default;
+    ~SleepBlocker() { Set(false); }
+    SleepBlocker(const SleepBlocker&) = delete;
+    SleepBlocker& operator=(const SleepBlocker&) = delete;
+
+    // For the calling thread, which must always be the same one.
+    void Set(bool on);
+
+private:
+    bool m_isOn = false;
+};
+
+}  // namespace plotvane
