@@ -1,6 +1,7 @@
 #include "app/PlotvaneDlg.h"
 
 #include <array>
+#include <utility>
 
 #include "app/AboutDlg.h"
 #include "app/OwnedWindows.h"
@@ -23,6 +24,8 @@ constexpr UINT_PTR kModeTimer = 1;
 constexpr UINT_PTR kLayoutTimer = 2;
 constexpr UINT_PTR kHintTimer = 3;
 constexpr UINT kTimerMs = 100;
+
+constexpr UINT kLogDropped = WM_APP;
 
 // What the template leaves hidden because it serves replay only.
 constexpr std::array kLogControls = {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED,
@@ -67,6 +70,7 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
     ON_BN_CLICKED(IDC_STOP, OnStop)
     ON_BN_CLICKED(IDC_PAUSE, OnPause)
     ON_BN_CLICKED(IDC_LOAD_LOG, OnLoadLog)
+    ON_MESSAGE(kLogDropped, OnLogDropped)
     ON_BN_CLICKED(IDC_REPLAY_FASTER, OnReplayFaster)
     ON_BN_CLICKED(IDC_REPLAY_SLOWER, OnReplaySlower)
     // Scale boxes.
@@ -94,6 +98,8 @@ CPlotvaneDlg::CPlotvaneDlg()
       m_buttons(*this),
       m_layout(*this, m_chart, m_panel, m_data.state),
       m_titleBar(*this, ToWide(std::string("Plotvane v") + kVersion), LoadText(IDS_TITLE_HINT)),
+      m_logDrop([this] { return MayLoadLog(); },
+                [this](std::filesystem::path log) { TakeDrop(std::move(log)); }),
       m_pump(m_data.state),
       m_acquisition(m_data, {{m_chart, m_panel, m_meters}, m_buttons, *this}, m_pipe, m_pump,
                     LoadAcquisitionTexts()) {}
@@ -180,6 +186,7 @@ void CPlotvaneDlg::DecideMode() {
         m_acquisition.control.StartLive();
     } else {
         for (const int id : kLogControls) ::ShowWindow(GetDlgItem(id), SW_SHOWNORMAL);
+        m_logDrop.Open(m_hWnd);
     }
 }
 
@@ -220,6 +227,28 @@ void CPlotvaneDlg::OnLoadLog() {
     if (MayBegin()) m_acquisition.control.LoadLog();
 }
 
+bool CPlotvaneDlg::MayLoadLog() const {
+    return MayBegin() && m_acquisition.control.MayLoadLog();
+}
+
+// The program from which a log is dropped waits until that is over, but a replay goes on for as long as the
+// log. So the log is loaded when the posted message comes.
+void CPlotvaneDlg::TakeDrop(std::filesystem::path log) {
+    m_droppedLog = std::move(log);
+    ::PostMessageW(m_hWnd, kLogDropped, 0, 0);
+}
+
+LRESULT CPlotvaneDlg::OnLogDropped(WPARAM, LPARAM) {
+    if (!MayLoadLog()) m_droppedLog.reset();
+    if (m_droppedLog) m_acquisition.control.LoadLog();
+    return 0;
+}
+
+std::optional<std::filesystem::path> CPlotvaneDlg::ChooseLog() {
+    if (m_droppedLog) return std::exchange(m_droppedLog, std::nullopt);
+    return AskForLogFile(m_hWnd);
+}
+
 void CPlotvaneDlg::OnSysCommand(UINT id, LPARAM lParam) {
     switch (id & 0xFFF0) {
         case ID_SYSMENU_PREFERENCES:
@@ -257,6 +286,7 @@ void CPlotvaneDlg::OnEndSession(bool isEnding) {
 // Each step may run twice: once for a close, once for the end of the session.
 void CPlotvaneDlg::SaveAndEnd() {
     m_closing = true;
+    m_logDrop.Close();
     ::EndMenu();                // an open menu has a loop on the stack too
     CloseOwnedWindows(m_hWnd);  // first, because the Preferences dialog drops edits that are not saved
     ::SetFocus(nullptr);        // so that a limit still being typed counts

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "app/LogDrop.h"
 #include "app/MainLayout.h"
 #include "app/MeterWindows.h"
 #include "app/RunButtonControls.h"
@@ -34,7 +35,7 @@ protected:
 private:
     // MainWindow.
     void ShowMessage(int textId, int captionId) override;
-    std::optional<std::filesystem::path> ChooseLog() override { return AskForLogFile(m_hWnd); }
+    std::optional<std::filesystem::path> ChooseLog() override;
     void SetModuleTitle(std::u16string_view title) override { m_titleBar.SetTitle(title); }
     void StayAwake(bool on) override { m_sleepBlocker.Set(on); }
     void Close() override { OnClose(); }
@@ -53,6 +54,7 @@ private:
     void OnStop() { m_acquisition.control.Stop(); }
     void OnPause();
     void OnLoadLog();
+    LRESULT OnLogDropped(WPARAM, LPARAM);
     void OnReplayFaster();
     void OnReplaySlower();
 
@@ -78,6 +80,8 @@ private:
     void SetIcons();
 
     bool MayBegin() const;
+    bool MayLoadLog() const;
+    void TakeDrop(std::filesystem::path log);
     void ShowOrDecideMode();
     void DecideMode();
     void SaveAndEnd();
@@ -93,11 +97,13 @@ private:
     MainLayout m_layout;
     TitleBar m_titleBar;
     SleepBlocker m_sleepBlocker;
+    LogDrop m_logDrop;
     InheritedPipe m_pipe;
     WindowPump m_pump;
     Acquisition m_acquisition;
 
-    HICON m_icon = nullptr;  // shared, the system's to free
+    std::optional<std::filesystem::path> m_droppedLog;  // until it is loaded
+    HICON m_icon = nullptr;                             // shared, the system's to free
     bool m_closing = false;
     bool m_sessionEnding = false;  // nobody can answer messages any more
     bool m_arePrefsKnown = false;  // read, or there are none

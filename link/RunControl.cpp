@@ -162,9 +162,12 @@ void RunControl::ReplayAgain() {
     if (OpenLog() == LogSource::Opening::Done) Replay();
 }
 
+bool RunControl::MayLoadLog() const {
+    return !m_state.logMode && !m_state.hostRunning && m_log.MayOpen();
+}
+
 void RunControl::LoadLog() {
-    // The Enter key reaches the button even where it is hidden.
-    if (m_state.logMode || m_state.hostRunning || !m_log.MayOpen()) return;
+    if (!MayLoadLog()) return;  // the Enter key reaches the button even where it is hidden
     m_state.halted = true;
     m_state.obdFile = false;
     if (m_state.reopenLog) m_state.pauseKept = true;

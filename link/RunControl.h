@@ -39,9 +39,11 @@ public:
     // log is being opened, or while it would open another over the one that is being read.
     void Pause();
 
-    // Asks for a log and plays it; returns when the replay is over. Only without the host, and not while a
-    // log is played, opened or read.
+    // Asks for a log and plays it; returns when the replay is over. Does nothing while MayLoadLog says no.
     void LoadLog();
+
+    // Only without the host, and not while a log is played, opened or read.
+    bool MayLoadLog() const;
 
 private:
     class OnStack;
