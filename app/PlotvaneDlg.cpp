@@ -63,6 +63,7 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
     ON_WM_ENDSESSION()
     ON_WM_PAINT()
     ON_WM_QUERYDRAGICON()
+    ON_MESSAGE(WM_SETCURSOR, OnSetCursor)
     ON_WM_SIZE()
     ON_WM_SYSCOMMAND()
     ON_WM_TIMER()
@@ -102,7 +103,9 @@ CPlotvaneDlg::CPlotvaneDlg()
                 [this](std::filesystem::path log) { TakeDrop(std::move(log)); }),
       m_pump(m_data.state),
       m_acquisition(m_data, {{m_chart, m_panel, m_meters}, m_buttons, *this}, m_pipe, m_pump,
-                    LoadAcquisitionTexts()) {}
+                    LoadAcquisitionTexts()),
+      m_tipTexts(m_data, m_acquisition.module.Labels(), LoadText),
+      m_tips(*this, [this](int control) { return m_tipTexts.Of(control); }) {}
 
 BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
@@ -188,6 +191,11 @@ void CPlotvaneDlg::DecideMode() {
         for (const int id : kLogControls) ::ShowWindow(GetDlgItem(id), SW_SHOWNORMAL);
         m_logDrop.Open(m_hWnd);
     }
+}
+
+LRESULT CPlotvaneDlg::OnSetCursor(WPARAM, LPARAM mouse) {
+    m_tips.TakeMouseMessage(HIWORD(mouse));
+    return Default();
 }
 
 void CPlotvaneDlg::OnSize(UINT type, int width, int height) {

@@ -9,6 +9,8 @@
 #include "app/RunButtonControls.h"
 #include "app/SleepBlocker.h"
 #include "app/SlotControls.h"
+#include "app/TipTexts.h"
+#include "app/Tips.h"
 #include "app/TitleBar.h"
 #include "framework/Dialog.h"
 #include "link/Acquisition.h"
@@ -46,6 +48,7 @@ private:
     void OnEndSession(bool isEnding);
     void OnPaint();
     HICON OnQueryDragIcon() { return m_icon; }
+    LRESULT OnSetCursor(WPARAM window, LPARAM mouse);
     void OnSize(UINT type, int width, int height);
     void OnSysCommand(UINT id, LPARAM lParam);
     void OnTimer(UINT_PTR timer);
@@ -101,6 +104,8 @@ private:
     InheritedPipe m_pipe;
     WindowPump m_pump;
     Acquisition m_acquisition;
+    TipTexts m_tipTexts;
+    Tips m_tips;
 
     std::optional<std::filesystem::path> m_droppedLog;  // until it is loaded
     HICON m_icon = nullptr;                             // shared, the system's to free

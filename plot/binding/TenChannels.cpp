@@ -4,14 +4,6 @@
 #include "plot/binding/TraceScaling.h"
 
 namespace plotvane {
-namespace {
-
-// One below and one above what a byte can hold. An unchecked channel is drawn at the lower limit.
-constexpr double kLower = -1.0;
-constexpr double kUpper = 256.0;
-
-}  // namespace
-
 void TenChannels::PrepareSlots() {
     if (m_applied == m_sample.state.tenChannels) return;
     m_applied = m_sample.state.tenChannels;
@@ -25,7 +17,7 @@ void TenChannels::PrepareSlots() {
 void TenChannels::Enter() {
     m_views.panel.ApplyLayout(true);
     for (int channel = 0; channel < kChannelCount; ++channel) {
-        m_views.chart.SetRange(kLower, kUpper, channel);
+        m_views.chart.SetRange(kLowest, kHighest, channel);
         m_views.panel.SetChannelShown(channel, true);
     }
 }
@@ -59,11 +51,11 @@ void TenChannels::UpdateChannels() {
         m_views.panel.ShowChannelValue(channel, m_text);
 
         const bool shown = m_views.panel.IsChannelShown(channel);
-        m_sample.values[channel] = shown ? value : kLower;
+        m_sample.values[channel] = shown ? value : kLowest;
         m_views.panel.SetChannelSwatch(
             channel, shown ? m_views.chart.GetTraceColor(channel) : m_views.panel.InactiveColour());
     }
-    m_sample.values[10] = m_sample.values[11] = kLower;
+    m_sample.values[10] = m_sample.values[11] = kLowest;
 
     for (int slot = SlotOf(1, 0); slot < kSlotCount; ++slot) {
         WriteValueAndUnit(m_text, m_sample.slots[slot]);

@@ -11,6 +11,10 @@ namespace plotvane {
 // The ten channels: values of 0..255 from a record in the ten-channel form, which take the place of row A.
 class TenChannels {
 public:
+    // The range of each: one below and one above what a byte can hold.
+    static constexpr int kLowest = -1;
+    static constexpr int kHighest = 256;
+
     TenChannels(Sample& sample, const Views& views, SlotSelection& selection)
         : m_sample(sample), m_views(views), m_selection(selection) {}
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "framework/Wnd.h"
+
+namespace plotvane {
+
+// Tips over the controls of a dialog. Nothing is made before the pointer first moves over one that has a tip.
+// A text is made when the pointer comes to its control, so tips cost nothing for each sample.
+class Tips {
+public:
+    // The dialog must outlive this object. `textOf` gives the tip of a control by its id: lines, or nothing.
+    Tips(CWnd& dialog, std::function<std::string(int)> textOf)
+        : m_dialog(dialog), m_textOf(std::move(textOf)) {}
+
+    // To be called for each message of the mouse that the dialog hears of by WM_SETCURSOR.
+    void TakeMouseMessage(UINT message);
+
+private:
+    void ComeTo(HWND control);
+    bool Create();
+
+    CWnd& m_dialog;
+    const std::function<std::string(int)> m_textOf;
+    HWND m_window = nullptr;   // owned by the dialog's window, and goes with it
+    HWND m_control = nullptr;  // that the tip in it is for
+};
+
+}  // namespace plotvane
