@@ -4,7 +4,7 @@
 
 namespace plotvane {
 
-// Moves every child control of that run of ids down by some pixels, without repainting.
+// Moves the child controls with ids firstId..lastId down by some pixels, without repainting.
 void MoveControlsDown(CWnd& dialog, int firstId, int lastId, int pixels);
 
 // Makes a child control larger by some pixels; its upper left corner stays. Negative: smaller.

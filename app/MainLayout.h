@@ -18,11 +18,11 @@ public:
     MainLayout(CWnd& dialog, CMultiPlotCtrl& chart, SlotControls& panel, RunState& state)
         : m_dialog(dialog), m_chart(chart), m_panel(panel), m_state(state) {}
 
-    // Creates the chart over its placeholder. Once the dialog has the controls of its template.
+    // Creates the chart over its placeholder. Call it once the dialog has the controls of its template.
     void CreateChart();
 
-    // Takes the present size as the one that the controls are placed for, then gives the window an outer size
-    // in pixels, as far as the screen holds it, and lays it out.
+    // The controls fit the present size of the window. Gives it another outer size in pixels, as far as the
+    // screen holds it, and lays the controls out for that.
     void SetUp(int width, int height);
 
     // Follows a change of the window's size. Does nothing while the window is minimised or too low.

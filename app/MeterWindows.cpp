@@ -5,13 +5,13 @@
 namespace plotvane {
 namespace {
 
-constexpr int kSize = 200;    // pixels, at the opening
+constexpr int kSize = 200;    // pixels, when it opens
 constexpr int kCascade = 32;  // pixels from one slot's meter to the next
 constexpr int kFuelLeft = 96;
 constexpr DWORD kFieldStyle = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
 constexpr DWORD kFuelStyle = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU;
 
-constexpr int kMileageTrace = 1;  // whose colours the fuel needles have
+constexpr int kMileageTrace = 1;  // the fuel needles have its colours
 constexpr int kConsumptionTrace = 2;
 constexpr double kChannelMaximum = 255.0;
 

@@ -20,8 +20,8 @@ struct MeterTexts {
     std::string litresPer100Km;
 };
 
-// The meter windows: one a slot, one a channel, two for the fuel figures. A meter that its user closes
-// deletes itself and clears its pointer here.
+// The meter windows: one for each slot, one for each channel, two for the fuel figures. When the user closes
+// a meter, it deletes itself and clears its pointer here.
 class MeterWindows : public MeterBoard {
 public:
     MeterWindows(CWnd& owner, const ProgramData& data, const TraceChart& chart, MeterTexts texts);

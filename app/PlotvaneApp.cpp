@@ -9,12 +9,12 @@
 namespace plotvane {
 namespace {
 
-// From here on a library that is asked for by its name alone, by Windows' own dialogs too, comes from
-// Windows' own folder or from one that a program has added on purpose. Without this, whatever lies beside the
-// program or in the working folder, which may be anybody's folder of logs, would come first.
+// From here on Windows looks for a library that is named without a folder only in its own folder and in those
+// that a program adds on purpose. This also holds for what Windows' own dialogs load. Without it, Windows
+// would first look beside the program and in the working folder, and anybody may have put files there.
 void RefuseForeignLibraries() {
     ::SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS);
-    ::SetDllDirectoryW(L"");  // no working folder, for those too who ask for the old order of search
+    ::SetDllDirectoryW(L"");  // leaves the working folder out of the older order of search too
 }
 
 // True for the first copy. The handle stays open, and with it the name, until the process ends.

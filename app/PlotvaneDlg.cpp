@@ -31,7 +31,7 @@ constexpr UINT kLogDropped = WM_APP;
 constexpr std::array kLogControls = {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED,
                                      IDC_LOAD_LOG,      IDC_REPLAY_GROUP,  IDC_STOP,         IDC_PAUSE};
 
-// "Scaling" under the current directory; relative where its path is too long for one that is.
+// "Scaling" under the current directory; a relative path if the full one would be too long.
 std::filesystem::path ScalingFolder() {
     constexpr DWORD kMaxDirectory = 512;
     std::array<wchar_t, kMaxDirectory> directory;
@@ -207,7 +207,7 @@ void CPlotvaneDlg::OnSize(UINT type, int width, int height) {
 void CPlotvaneDlg::OnPaint() {
     if (!IsIconic()) {
         Default();
-        // The chart comes to the screen first: it need not wait for the hundred controls below it.
+        // Paints the chart first: it need not wait for the hundred controls below it.
         ::UpdateWindow(m_chart.m_hWnd);
         ::GdiFlush();
         return;
@@ -220,9 +220,9 @@ void CPlotvaneDlg::OnPaint() {
     ::DrawIcon(dc.GetSafeHdc(), x, y, m_icon);
 }
 
-// While a dialog or a message is over the window, nobody can press anything in it. A message that is posted
-// all the same would open one dialog over another until the stack is full. And once the window closes,
-// nothing may begin that would keep the program running without it.
+// While a dialog or a message box is open, the user cannot press anything in this window, but other programs
+// can still post messages to it. They must not open one dialog over another until the stack is full. And once
+// the window closes, nothing may begin that would keep the program running without it.
 bool CPlotvaneDlg::MayBegin() const {
     return !m_closing && ::IsWindowEnabled(m_hWnd);
 }
@@ -277,7 +277,7 @@ void CPlotvaneDlg::ShowPreferences() {
     m_data.state.redrawRequest = true;
 }
 
-// The window ends only once: a message box or the default handling may bring a second close.
+// Closes only once: a message box or the default handling may send a second WM_CLOSE.
 void CPlotvaneDlg::OnClose() {
     if (!m_closing) SaveAndEnd();
 }

@@ -39,7 +39,7 @@ void RunButtonControls::Show(const RunButtonsLook& look) {
     Enable(IDC_STOP, look.stopEnabled);
 }
 
-// A disabled button gives up the focus: no key would do anything there.
+// A disabled button passes the focus on, because no key would do anything there.
 void RunButtonControls::Enable(int button, bool enabled) {
     const HWND window = m_dialog.GetDlgItem(button);
     if (!enabled && ::GetFocus() == window) {
@@ -49,8 +49,8 @@ void RunButtonControls::Enable(int button, bool enabled) {
     ::EnableWindow(window, enabled);
 }
 
-// Shared icons are the system's to free. An image that is shown already is not set again: Wine's buttons keep
-// three bitmaps of each image that they are given, for ever.
+// The system frees shared icons. An image that the button has already is not set again, because Wine's
+// buttons keep three bitmaps of each image for ever.
 void RunButtonControls::SetImage(int button, int icon) {
     const auto image = reinterpret_cast<LPARAM>(::LoadImageW(
         ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icon), IMAGE_ICON, kImageSize, kImageSize, LR_SHARED));

@@ -12,8 +12,8 @@ class RunButtonControls : public RunButtons {
 public:
     explicit RunButtonControls(CWnd& dialog) : m_dialog(dialog) {}
 
-    // Once the dialog has its controls: every button gets its image, and the run buttons look as at the
-    // start.
+    // Gives every button its image and shows the run buttons as at the start. Call it once the dialog has its
+    // controls.
     void SetUp();
 
     // RunButtons.

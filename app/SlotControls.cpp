@@ -22,8 +22,8 @@ int AirFuelIdOf(int slot) {
     return IDC_AIR_FUEL_FIRST + AirFuelButtonOf(slot);
 }
 
-// The part of a control that no other control covers, in the control's own pixels; null if nothing lies on
-// it. The caller frees it. Frames cover nothing.
+// The part of a control that no other control covers, in the control's own pixels; null if no control covers
+// any of it. Frames do not count as cover. The caller frees the region.
 HRGN UncoveredPart(HWND control) {
     CRect place;
     ::GetWindowRect(control, &place);
@@ -169,7 +169,7 @@ void SlotControls::ShowSelection(int slot, int minimum, int maximum) {
         if (m_frame != kNoFrame) m_dialog.ShowDlgItem(FrameOf(m_frame), false);
         m_frame = slot;
         m_dialog.ShowDlgItem(FrameOf(slot), true);
-        // The frame paints over what it encloses.
+        // The frame paints over the controls inside it, so they are painted again.
         for (const int id : {IDC_VALUE_FIRST + slot, IDC_SHOW_FIRST + slot, IDC_SWATCH_FIRST + slot,
                              AirFuelIdOf(slot), IDC_SHOW_FOCUS}) {
             ::InvalidateRect(m_dialog.GetDlgItem(id), nullptr, TRUE);
@@ -282,7 +282,7 @@ void SlotControls::FitFuelButton(int id) {
                                           kFuelImageSize, kFuelImageSize, LR_SHARED);
         m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
     }
-    ::SetWindowRgn(button, uncovered, TRUE);  // the region is the window's from now on
+    ::SetWindowRgn(button, uncovered, TRUE);  // the window owns the region from now on
 }
 
 void SlotControls::ShowPixelShift(int pixels) {

@@ -15,8 +15,8 @@ public:
     SlotControls(CWnd& dialog, std::string pixelShiftText)
         : m_dialog(dialog), m_pixelShiftText(std::move(pixelShiftText)) {}
 
-    // Once the dialog has its controls: creates the swatch windows over their placeholders, and gives the
-    // text of a value box the box's whole width.
+    // Creates the swatch windows over their placeholders, and gives the text of a value box the box's whole
+    // width. Call it once the dialog has its controls.
     void SetUp();
 
     // Moves every swatch to where its placeholder is now, and the focus mark around its check box. The caller

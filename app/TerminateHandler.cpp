@@ -1,8 +1,9 @@
 #include <cstdlib>
 
-// What GCC's library does when an exception has nowhere to go: it writes the exception's name to the console
-// and ends the program. This one just ends it. It has no console, and the reader of names takes 46 KB in the
-// executable. The names are the library's. NOLINTBEGIN(bugprone-reserved-identifier)
+// GCC's library calls this when nobody catches an exception. Its own version writes the exception's name to
+// the console and ends the program. This one only ends the program: there is no console, and the code that
+// reads names takes 46 KB of the executable. The library prescribes these names.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 namespace __gnu_cxx {
 
 [[noreturn]] void __verbose_terminate_handler();

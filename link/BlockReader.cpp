@@ -71,8 +71,8 @@ bool BlockReader::DropIdleBytes() {
     }
 }
 
-// Appends what has arrived to the bytes kept. False at the end of the stream: what is there of a block is
-// then dropped, because the rest will never come.
+// Appends what has arrived to the bytes kept. False at the end of the stream; an unfinished block is then
+// dropped, because the rest will never come.
 bool BlockReader::Fill() {
     std::move(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_begin),
               m_bytes.begin() + static_cast<std::ptrdiff_t>(m_end), m_bytes.begin());

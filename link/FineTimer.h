@@ -6,8 +6,8 @@
 
 namespace plotvane {
 
-// For as long as it lives, Windows wakes a sleeper to the millisecond; without it a wait of one millisecond
-// may last sixteen. Where that cannot be had, the waits are coarse and all else is as ever.
+// While it lives, Windows ends waits to the millisecond; without it a wait of one millisecond may last
+// sixteen. If Windows refuses, the waits stay coarse, and nothing else changes.
 class FineTimer {
 public:
     FineTimer();

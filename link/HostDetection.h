@@ -2,7 +2,7 @@
 
 namespace plotvane {
 
-// True if the host runs, which holds the mutex "DIAGNEL-Running". Does not keep the mutex.
+// True if the mutex "DIAGNEL-Running" exists, which the host holds while it runs. Does not keep the mutex.
 bool IsHostRunning();
 
 }  // namespace plotvane

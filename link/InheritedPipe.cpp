@@ -13,7 +13,7 @@ namespace {
 // A number in the exchange file that is no open descriptor must read as a closed pipe, not end the process.
 void IgnoreInvalidParameter(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) {}
 
-// Belongs to the process and stays as it is.
+// The process owns these bytes; they never change.
 std::span<const std::byte> StartUpBlock() {
     STARTUPINFOW startUp{};
     ::GetStartupInfoW(&startUp);

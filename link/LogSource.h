@@ -29,17 +29,18 @@ public:
     };
 
     // Chooses a log as OpenLogFile does, opens it at its start and reads its header: groups, fields and units
-    // of the slots. Tells the user if that fails. The file dialog, the messages and long headers dispatch
-    // messages; after a Stop or a close among them there is no log to play. Only while MayOpen.
+    // of the slots. Tells the user if that fails. The file dialog, the message boxes and long headers
+    // dispatch messages; after a Stop or a close among them there is no log to play. Call it only while
+    // MayOpen() is true.
     Opening Open(SlotTable& slots);
 
     // Lets the user choose a log, or takes the last one again when a stopped replay is to be repeated, and
-    // checks its first line. 1: a log of the host's; 0: the user has cancelled; -1: it cannot be opened or
-    // is something else, and the user has been told.
+    // checks its first line. Returns 1 for a log of the host's, 0 if the user has cancelled, and -1 if the
+    // file cannot be opened or is something else; then the user has been told.
     int OpenLogFile();
 
-    // Handlers that are dispatched in the middle of opening or reading a log ask these: opening another log
-    // then would replace the one in use.
+    // For handlers, which may run while a log is being opened or read: to open another log then would replace
+    // the one in use.
     bool IsOpening() const { return m_isOpening; }
     bool MayOpen() const { return !m_isOpening && !m_isBeingRead; }
 

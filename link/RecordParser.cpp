@@ -8,7 +8,7 @@
 namespace plotvane {
 namespace {
 
-constexpr std::size_t kSearchLength = 41;    // a field's "G" is one of the next so many characters
+constexpr std::size_t kSearchLength = 41;    // a field's "G" must be among this many characters
 constexpr std::size_t kMaxTextLength = 100;  // of a value and of a unit
 constexpr std::size_t kTagLength = 3;
 constexpr std::string_view kChannelTag = "ZER";

@@ -16,9 +16,9 @@ namespace plotvane {
 //   field = "G" tag "," "F" digit "," value "," [" "] unit ","     tag: three characters
 //   empty = "G000,,,,"
 //
-// Notes in the state whether the record has the ten-channel form, and whether the record before had it. False
-// if the record is malformed: the slots read until then keep what they got. Never reads beyond the text.
-// Allocates nothing once the slots' unit texts have grown.
+// Notes in the state whether the record has the ten-channel form, and whether the record before had it.
+// Returns false if the record is malformed; the slots read until then keep what they got. Never reads beyond
+// the text. Allocates nothing once the slots' unit texts have grown.
 bool ParseRecord(std::string_view text, std::size_t position, SlotTable& slots, RunState& state);
 
 }  // namespace plotvane

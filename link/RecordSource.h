@@ -20,8 +20,8 @@ enum class RunEnd {
 struct RecordSource {
     virtual ~RecordSource() = default;
 
-    // Waits for the next record with the window alive. Nothing once the buffer holds it; otherwise the reason
-    // why the loop must return.
+    // Waits for the next record and keeps the window alive meanwhile. Returns nothing once the buffer holds
+    // the record; otherwise the reason why the loop must return.
     virtual std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run) = 0;
 };
 

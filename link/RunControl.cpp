@@ -122,8 +122,8 @@ void RunControl::Stop() {
 }
 
 // Before the first record, and after a malformed one, the ranges in memory belong to another module or to
-// none: there is nothing to save. A file that could not be read whole is not replaced. The ranges that the
-// user has chosen since then are lost, and the user is told.
+// none, so there is nothing to save. A file that could not be read whole is not replaced: the ranges that the
+// user has chosen since then are lost, and a message says so.
 void RunControl::SaveRanges() {
     ModuleScaling& ranges = m_sample.ranges;
     if (m_module.Key() != ranges.LoadedName()) return;

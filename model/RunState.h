@@ -15,13 +15,13 @@ struct RunState {
     bool endOfLog = false;     // set by the log reader when the file is exhausted
     bool restartAfterStop = false;  // live mode was stopped: the next Pause press restarts it
     bool reopenLog = false;         // a replay was stopped: the next Pause press replays the same file
-    bool pauseKept = false;         // Load has taken that offer back, but a log may still be chosen
+    bool pauseKept = false;         // Load was pressed since: Pause stays enabled meanwhile
     bool redrawRequest = false;     // the loop redraws the whole chart after the next sample
     bool firstSampleDrawn = false;  // slot 0 was selected once in this run
     bool gapPending = false;        // a pause began while data flowed; the resume leaves a gap
 
     bool tenChannels = false;     // the record has the ten-channel form ("GZER")
-    bool hadTenChannels = false;  // the same of the record before, to notice a change
+    bool hadTenChannels = false;  // the record before had that form
     bool obdFile = false;  // generic OBD identifiers: "OBD.SCL" or an OBD log; scaling has one pair a line
 
     // Counts the starts of runs. If a handler starts a run while an older one is still on the stack, the
