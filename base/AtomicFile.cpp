@@ -19,14 +19,14 @@ std::string WithCrLf(std::string_view text) {
     return bytes;
 }
 
-// The fresh file serves as the whole copy. A name that is taken is another program's that is writing, or a
-// file that is none of this program's.
+// The fresh file serves as the whole copy. If the copy's name is taken, either another program is writing
+// this file, or the file of that name is somebody else's.
 bool WriteInPlace(FreshFile& fresh, const std::filesystem::path& file, std::string_view bytes) {
     if (FinishInterrupted(file) != WholeFile::Itself) return false;
     const bool isMarked = fresh.Append(MarkOf(bytes)) && fresh.Flush();
     if (!isMarked || !fresh.Rename(WholeCopyOf(file), IfTaken::Fail) || !fresh.Flush()) return false;
     const Overwritten overwritten = Overwrite(file, bytes);
-    // Then the copy is the file, for every reader.
+    // The file is torn, so every reader uses the copy from now on.
     if (overwritten == Overwritten::Torn) fresh.Keep();
     return overwritten != Overwritten::Untouched;
 }
@@ -38,7 +38,7 @@ bool ReplaceTextFile(const std::filesystem::path& path, std::string_view text) {
 }
 
 bool ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes) {
-    // The renaming would replace a file that its user has protected; opening it for writing would not.
+    // Renaming would replace even a file that the user has protected.
     const FileKind kind = KindOf(path);
     if (kind == FileKind::Protected || kind == FileKind::Other) return false;
     const std::filesystem::path file = FinalPathOf(path);
@@ -63,7 +63,7 @@ TextInput OpenWholeFile(const std::filesystem::path& path) {
     const std::filesystem::path file = FinalPathOf(path);
     // If a user has removed the file, it is gone, even if there is still a copy beside it.
     if (KindOf(file) == FileKind::Missing) return {};
-    // Not later: a program that writes must have no time to begin between the next step and the opening.
+    // Check this first: between the next step and the opening, no program must have time to begin writing.
     if (SizeOfFile(file) > kLargestSettingsFile) return {};
     switch (FinishInterrupted(file)) {
         case WholeFile::Itself:

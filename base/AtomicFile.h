@@ -9,28 +9,27 @@
 namespace plotvane {
 
 // Replaces a settings file whole: the text is written beside it, under a name of its own, flushed to the disk
-// and renamed over it. Where another program has the file open and lets it be written but not renamed over,
-// it is written in place, with the whole new text beside it until the last byte is on the disk. So at any
-// moment, also after a crash or on a full disk, either the old text or the new one is there, and
+// and renamed over it. If another program has the file open and lets others write it but not rename over it,
+// the file is written in place; the whole new text stays beside it until the last byte is on the disk. So at
+// any moment, even after a crash or on a full disk, either the old text or the new one is there, and
 // OpenWholeFile finds it.
 //
-// A link stays a link: what is replaced is the file that it leads to. Each '\n' is written as CR LF. The name
-// must not end in "~".
+// A link stays a link: the file that it leads to is replaced. Each '\n' is written as CR LF. The name must
+// not end in "~".
 //
-// True on success; on failure the old text stands. Nothing is left beside the file in either case, and what a
-// crash has left there goes with the next call. Takes 80 ms, rarely 160, where another program has the file
-// open.
+// True on success; on failure the old text stays. Leaves nothing beside the file in either case, and removes
+// what a crash has left there. Takes up to 80 ms, rarely 160, if another program has the file open.
 [[nodiscard]] bool ReplaceTextFile(const std::filesystem::path& path, std::string_view text);
 
 // The same for bytes, which are written as they are.
 [[nodiscard]] bool ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes);
 
-// Writes a file that is missing, in the same way. False, with nothing changed, if anything has that name by
-// then: a file that another program has made meanwhile is left alone.
+// Writes a file that is missing, in the same way. Returns false and changes nothing if anything has that
+// name: another program may have made the file meanwhile.
 [[nodiscard]] bool CreateTextFile(const std::filesystem::path& path, std::string_view text);
 
-// Bytes. Settings files have a few thousand. The reader of a number looks for its comma up to the end of the
-// file, and the window stands still meanwhile: over gigabytes without a comma, for many seconds.
+// In bytes; settings files have a few thousand. The reader of a number looks for its comma up to the end of
+// the file, and the window stands still meanwhile. In gigabytes without a comma that would take many seconds.
 constexpr std::uint64_t kLargestSettingsFile = std::uint64_t{16} << 20;
 
 // Opens a file that these functions write. Not open if it cannot be read, if it is longer than

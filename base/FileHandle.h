@@ -11,8 +11,8 @@ struct FileCloser {
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
-// Opens a file like std::fopen, on every system with the path's own characters. Waits up to 80 ms for another
-// program that keeps the file to itself. Null if the file cannot be opened or is a folder.
+// Opens a file like std::fopen, on every system with the path's own characters. If another program keeps the
+// file to itself, waits up to 80 ms for it. Null if the file cannot be opened or is a folder.
 FileHandle OpenFile(const std::filesystem::path& path, const char* mode);
 
 // The same without waiting.

@@ -16,9 +16,9 @@ bool IsDeviceName(std::string_view fileName);
 // The same for the last name of a path, which may contain any characters.
 bool NamesDevice(const std::filesystem::path& path);
 
-// Whether the text, which came from a host or a log, names a plain file in the folder before it: it is not
-// empty, contains no separator, wildcard or control byte, does not end in a dot or a blank (Windows cuts them
-// off and so opens another file), and is no device.
+// Whether the text, which came from a host or a log, is safe as the name of a plain file in a known folder:
+// it is not empty, contains no separator, wildcard or control byte, does not end in a dot or a blank (Windows
+// cuts them off and so opens another file), and is no device.
 bool IsSafeFileName(std::string_view fileName);
 
 }  // namespace plotvane

@@ -5,8 +5,8 @@
 #include <vector>
 
 // The few operations on files and folders that the program needs, on the system's own functions. Those of
-// std::filesystem would do, but the linker cannot take them without the library's copying, walking and file
-// streams: 220 KB in each executable. Only the path type is used from there.
+// std::filesystem would do, but they bring the library's copying, walking and file streams with them: 220 KB
+// in each executable. So only the path type comes from there.
 namespace plotvane {
 
 enum class FileKind {
@@ -27,12 +27,12 @@ std::uint64_t SizeOfFile(const std::filesystem::path& path);
 // Makes a folder and those above it that are missing. Silent on failure; the write that follows reports it.
 void MakeFolders(const std::filesystem::path& folder);
 
-// Removes a file, if it is there and may be removed. Of a link it removes the link.
+// Removes a file, if it is there and may be removed. If it is a link, removes the link itself.
 void RemoveFile(const std::filesystem::path& path);
 
-// Where a file really is, with every link on the way followed; on Windows in the form that takes names of any
-// length. The file may be missing, its folder must be there: otherwise, and where the system cannot tell, the
-// answer is the path as it was given.
+// Where a file really is, with every link on the way followed; on Windows in the form that allows names of
+// any length. The file may be missing, but its folder must exist: otherwise, and if the system cannot tell,
+// returns the path as given.
 std::filesystem::path FinalPathOf(const std::filesystem::path& path);
 
 // The paths of what is in a folder; empty if it cannot be read.

@@ -25,7 +25,8 @@ private:
     HANDLE m_handle;
 };
 
-// To ask about a file or folder, not to read it: that works also where another program keeps it to itself.
+// Opens a file or folder to ask about it, not to read it. That works even if another program keeps it to
+// itself.
 HANDLE OpenToAsk(const std::filesystem::path& path) {
     return ::CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -46,7 +47,8 @@ bool IsFolder(const BY_HANDLE_FILE_INFORMATION& information) {
     return (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// A link that leads nowhere opens as if it were missing itself; its attributes are its own.
+// Opening a link that leads nowhere fails as if the link itself were missing. Its attributes can still be
+// read.
 bool IsLinkToNowhere(const std::filesystem::path& path) {
     return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }

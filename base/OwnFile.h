@@ -18,8 +18,8 @@ struct TakenFile {
     bool isHeld = false;  // because another program has it open
 };
 
-// Opens a file for reading that nobody has open. Nobody else can open it until the handle is closed. Only
-// plain files are opened: no folder, no device, no link.
+// Opens a file that nobody else has open, for reading. Nobody else can open it until the handle is closed.
+// Opens only plain files: no folder, no device, no link.
 TakenFile TakeFile(const std::filesystem::path& path);
 
 enum class IfTaken { Replace, Fail };
@@ -29,7 +29,8 @@ enum class IfTaken { Replace, Fail };
 [[nodiscard]] bool RenameOwnFile(const FileHandle& file, const std::filesystem::path& from,
                                  const std::filesystem::path& to, IfTaken ifTaken);
 
-// Closes and removes a file of CreateOwnFile or TakeFile. If it may not be removed, only closes it.
+// Closes and removes a file of CreateOwnFile or TakeFile. Only closes it if the system does not let it be
+// removed.
 void RemoveOwnFile(FileHandle file, const std::filesystem::path& path);
 
 // A number that nobody can predict.

@@ -12,9 +12,9 @@ namespace plotvane {
 
 // A text file, the host's or this program's own, read character by character. It may have any length; the
 // memory is constant. Line ends arrive as a single '\n' (CR LF is folded; a lone CR stays). The text ends at
-// the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. The C library's
-// own text mode is not used, because it differs between systems. The watch, if any, is called every 64 KB; if
-// it answers that the text is no longer wanted, the text ends there and is closed.
+// the end of the file and at the bytes 0x1A and 0xFF, which the formats treat as end of file. This class does
+// not use the C library's text mode, because that differs between systems. The watch, if any, is called every
+// 64 KB; if it answers that the text is no longer wanted, the text ends there and is closed.
 class TextInput {
 public:
     static constexpr int kEnd = -1;
@@ -27,8 +27,8 @@ public:
 
     bool IsOpen() const { return m_file != nullptr; }
 
-    // The next character as 0..254, or kEnd. Get moves past it, Peek does not. At the end, after an error, or
-    // when not open, both return kEnd again and again.
+    // The next character as 0..254, or kEnd. Get moves past it, Peek does not. At the end, after an error,
+    // and when not open, both return kEnd every time.
     int Get();
     int Peek();
 

@@ -62,7 +62,7 @@ TakenFile TakeOnceNobodyWrites(const std::filesystem::path& path) {
     return taken;
 }
 
-// Whether the disk refused to give up the copy: nobody knows then whose it is.
+// Whether the disk failed while the copy was read: then nobody knows whose file it is.
 bool HasFailed(const TakenFile& taken) {
     return taken.file && std::ferror(taken.file.get()) != 0;
 }

@@ -16,8 +16,8 @@ namespace plotvane {
 // may be as long as Windows allows. The file is given by its final path.
 std::filesystem::path WholeCopyOf(const std::filesystem::path& file);
 
-// The end mark of a copy of this text. A file of that name without it is not a copy: it is neither used nor
-// removed. Readers of text stop before the mark.
+// The end mark of a copy of this text. A file of that name without the mark is not a copy, and is neither
+// used nor removed. Readers of text stop before the mark.
 std::string MarkOf(std::string_view bytes);
 
 enum class Overwritten {
@@ -39,8 +39,8 @@ enum class WholeFile {
 // program that is writing.
 WholeFile FinishInterrupted(const std::filesystem::path& file);
 
-// Removes a copy whose file has been replaced since. False if it cannot be removed, or if a file
-// of its name cannot be read and may be one: readers would use it instead of the file.
+// Removes a copy whose file has been replaced since. Returns false if the copy cannot be removed, or if a
+// file of that name cannot be read: it may be a copy, and readers would use it instead of the file.
 [[nodiscard]] bool RemoveWholeCopy(const std::filesystem::path& file);
 
 }  // namespace plotvane
