@@ -24,10 +24,10 @@ public:
     CurrentModule(RunState& state, const ModuleScaling& scaling, MainWindow& window, std::string liveTitle,
                   std::filesystem::path labelsFolder, ReadWatch* watch = nullptr);
 
-    // Call for every record before its items are parsed. Takes the module from the record's first field,
-    // unless the scaling of the present key is loaded: then the record's own name is ignored, so that one
-    // module's ranges stay in force until the loop starts again. Returns the position after the first comma.
-    // If the record has no comma, returns nothing and changes nothing.
+    // Call for every record before its items are parsed. Takes the module from the record's first field. Once
+    // the scaling of a module is loaded, ignores the names in later records, so that this module's ranges
+    // stay in force until the loop starts again. Returns the position after the first comma. If the record
+    // has no comma, returns nothing and changes nothing.
     std::optional<std::size_t> ApplyModuleName(std::string_view record);
 
     // The module name from a log's header, used as the key until the first record. No scaling file has that

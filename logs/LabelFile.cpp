@@ -89,8 +89,8 @@ std::optional<std::filesystem::path> FindSharedFile(const std::filesystem::path&
         if (!IsSafeFileName(*target)) return std::nullopt;
         return labelsFolder / PathFromText(*target);
     }
-    // A part that could not be read might have redirected the module. A file that is missing, or whose rest
-    // is no longer wanted, is not open.
+    // The part that could not be read might have redirected the module. A file is not open if it is missing
+    // or if its rest is no longer wanted.
     if (input.HasFailed() || !input.IsOpen()) return std::nullopt;
     return path;
 }

@@ -11,14 +11,14 @@ constexpr std::string_view kAdvancedMark = "ADVMB";
 constexpr std::string_view kObdName = "OBD";
 
 // A classic chart row takes five columns, its time and four values; the ten-channel group takes eleven. The
-// cell that names a row's group stands above its first value.
+// cell that names a row's group is above its first value.
 constexpr int kRowColumns = 5;
 constexpr int kTenChannelRowColumns = 11;
 
 // From the cell of row C to the first column of the line with the units, which is three lines further down.
 constexpr int kCommasToUnits = 31;
-// With ten channels, two of the lines on this way have six commas more. Six are skipped here. The other six
-// are skipped with the row's own texts: ten that belong to it, and six.
+// With ten channels, each of the two lines in between has six commas more. This is one six; the other six are
+// skipped together with the ten texts of the row.
 constexpr int kMoreCommasToUnits = 6;
 constexpr int kTenChannelTexts = 16;
 

@@ -1,8 +1,8 @@
 /* Names of the resources. Plain numbers only: portable code names message texts with them too.
-   Of a run of alike controls, number k has the id FIRST + k. */
+   In a run of similar controls, number k has the id FIRST + k. */
 #pragma once
 
-/* The texts and frames of a dialog that the program never asks for. */
+/* For texts and frames that the program never asks for. */
 #ifndef IDC_STATIC
 #define IDC_STATIC -1
 #endif

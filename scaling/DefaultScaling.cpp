@@ -65,7 +65,7 @@ void DefaultScaling::LoadDefaultScaling() {
 }
 
 int DefaultScaling::SaveDefaultScaling() const {
-    // The user's own list is still in the file.
+    // The file still holds the user's own list.
     if (m_isStandIn) return -1;
     return ReplaceTextFile(m_folder / kFileName, Text()) ? 0 : -1;
 }
@@ -165,7 +165,7 @@ void DefaultScaling::UseBuiltInTable(std::string_view unitOfInjectedQuantity) {
         m_rows[row] = {std::string(row == kInjectedQuantityRow ? unitOfInjectedQuantity : unit), min, max};
     }
     m_lastIndex = static_cast<int>(kBuiltInRows.size()) - 1;
-    // A file that exists holds the user's list. It can be read later, when the program that holds it has
+    // If the file exists, it holds the user's list, and can be read once the program that has it open has
     // closed it.
     m_isStandIn = KindOf(m_folder / kFileName) != FileKind::Missing;
     if (m_isStandIn) return;

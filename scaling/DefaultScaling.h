@@ -22,7 +22,7 @@ public:
     explicit DefaultScaling(std::filesystem::path scalingFolder);
 
     // Reads the file when plotting starts. If it is missing, takes the built-in table (with the unit
-    // "mg/str") and writes it. Failures are silent: the table is then not on the disk. A file that exists but
+    // "mg/str") and writes it. Fails silently: the table is then not on the disk. A file that exists but
     // cannot be read stays as it is, because it holds what the user has set.
     void LoadForPlotting();
 

@@ -60,7 +60,7 @@ void ClearSelection(const CWnd& dialog, int list) {
 
 BEGIN_MESSAGE_MAP(CPrefsDlg, CDialog)
     ON_WM_CLOSE()
-    // Colours. A slider's every redraw counts, also while it is dragged.
+    // Colours. Every redraw of a slider counts, even while the user drags it.
     ON_NOTIFY_RANGE(NM_CUSTOMDRAW, IDC_PREFS_BACK_RED, IDC_PREFS_TRACE_BLUE, OnSliderDrawn)
     ON_CONTROL_RANGE(CBN_SELENDOK, IDC_PREFS_BACK_PRESET, IDC_PREFS_TRACE_PRESET, OnPresetChosen)
     ON_CBN_SELENDOK(IDC_PREFS_TRACE_LIST, OnTraceChosen)
@@ -224,10 +224,10 @@ void CPrefsDlg::OnNumberLeft(UINT id) {
     }
 }
 
-// A rejected thickness stays in the record until the edit is changed, however often it is left. The other
-// edits may show a bad number from the file; it is rejected whenever the focus leaves it for another control.
-// But after a box has closed, the system may take the focus from the whole dialog once more and give it back,
-// which does not count.
+// A rejected thickness stays in the record until the user changes the edit, however often the focus leaves
+// it. The other edits may show a bad number from the file; it is rejected whenever the focus moves to another
+// control. After a box has closed, the system may take the focus from the whole dialog once more and give it
+// back; that does not count.
 bool CPrefsDlg::IsJudgedAfterReset(PrefsNumber number) const {
     return number != PrefsNumber::Thickness && ::IsChild(m_hWnd, ::GetFocus());
 }
@@ -327,8 +327,8 @@ void CPrefsDlg::OnCancel() {
     if (m_rejecting) ::PostMessageW(::GetLastActivePopup(m_hWnd), WM_CLOSE, 0, 0);
 }
 
-// Reads them at once. The default processing would read them later, but a close of the program saves the
-// preferences next.
+// Reads the preferences at once. The default processing would read them later, but if the whole program
+// closes, it saves them next.
 void CPrefsDlg::OnClose() {
     OnCancel();
 }

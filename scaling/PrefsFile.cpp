@@ -28,8 +28,8 @@ std::optional<std::string> TextOf(const std::filesystem::path& path) {
     return text;
 }
 
-// A missing file holds nothing, for certain. One that exists and cannot be read holds what the user has set,
-// and nobody but the user may overwrite it.
+// A missing file certainly holds nothing. A file that exists but cannot be read holds what the user has set,
+// and only the user may overwrite it.
 bool UseDefaults(const std::filesystem::path& file, Prefs& prefs) {
     const bool saveWindowSize = prefs.saveWindowSize;
     prefs = Prefs{};
@@ -44,7 +44,7 @@ std::string LineColorKey(std::size_t trace) {
     return key;
 }
 
-// The text's values by key, and whether it had a key that only the present form has.
+// The text's values by key. Also says whether the text had a key that only the present form has.
 class KeyedText {
 public:
     explicit KeyedText(std::string_view text) : m_text(text) {}
@@ -74,7 +74,7 @@ private:
     bool m_hasKeys = false;
 };
 
-// The older form, token by token. Take returns false, and leaves the value, if the text has ended.
+// The older form, token by token. At the end of the text, Take returns false and leaves the value as it is.
 class OldTokens {
 public:
     explicit OldTokens(const std::filesystem::path& path) : m_input(OpenWholeFile(path)) {}

@@ -9,7 +9,7 @@
 namespace plotvane {
 namespace {
 
-// No longer number fits an int.
+// Longer numbers do not fit an int.
 constexpr std::size_t kMaxNumberLength = 64;
 
 bool IsWhiteSpace(int character) {
