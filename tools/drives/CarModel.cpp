@@ -117,7 +117,7 @@ void CarModel::RunEngine() {
 
 void CarModel::RunMixture() {
     constexpr double kSwingSeconds = 1.3;
-    constexpr double kLeanEnd = 2.3;  // air without fuel tends to this; the sensor's range ends earlier
+    constexpr double kLeanEnd = 2.3;  // what pure air tends to; the sensor's range ends earlier
     m_lambdaTarget = 1.0;
     if (m_coolant < 32.5) m_lambdaTarget = 0.95;
     if (m_airMass > 640.0) m_lambdaTarget = 0.9;

@@ -20,7 +20,7 @@ public:
         double throttle;        // %
         double chargePressure;  // mbar, absolute, ahead of the throttle
         double ignition;        // ° before top dead centre
-        double lambda;          // measured; the sensor ends at 1.99
+        double lambda;          // measured; the sensor reads up to 1.99
         double lambdaTarget;
         double lambdaControl;  // %, correction of the injected mass
         double fuelFlow;       // l/h; 0 on overrun

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kFirstLine = "Friday,20,November,2026,10:15:30\n";
 constexpr std::string_view kModule = "038 906 019 FT";
 constexpr std::string_view kRowNames = "ABC";
-// Of the drive's slots, those that an advanced log has.
+// The slots of the drive that an advanced log has.
 constexpr int kAdvancedSlots[] = {0, 1, 4, 6, 8, 11};
 constexpr int kAdvancedFields = static_cast<int>(std::size(kAdvancedSlots));
 constexpr int kPids = 4;
@@ -39,7 +39,8 @@ std::string UnitCell(const DriveChannel& channel) {
     return channel.unit.empty() ? "" : ' ' + channel.unit;
 }
 
-// When the host asked for each row: about every 0.4 s, never quite regularly, rounded as it is written.
+// The times at which the host asked for each row: about every 0.4 s, never quite regular, rounded as in the
+// log.
 std::vector<double> RowTimes(const LogSpan& span) {
     constexpr double kInterval = 0.4;
     constexpr double kJitter = 0.06;
@@ -54,19 +55,19 @@ std::vector<double> RowTimes(const LogSpan& span) {
     return times;
 }
 
-// Groups are asked for one behind the other.
+// The host asks for one group after the other.
 constexpr double kGroupDelay = 0.12;
-// And so are the fields of the other forms.
+// In the other forms it asks for one field after the other.
 constexpr double kFieldDelay = 0.03;
 
-// A time and four values, each behind a comma.
+// A time and four values, each with a comma before it.
 void AppendGroup(std::string& line, const Drive& drive, int row, double start, double time) {
     line += ',' + Time(time);
     for (int column = 0; column < kSlotColumns; ++column)
         line += ',' + ValueText(drive, SlotOf(row, column), start + time);
 }
 
-// A line of the classic header: an empty column and what `cell` says, for each of the rows.
+// A line of the classic header: an empty column, then what `cell` returns for each row.
 template <typename Cell>
 std::string ColumnLine(const Drive& drive, std::string_view marker, std::string_view time, int rows,
                        int first, Cell cell) {
@@ -88,7 +89,7 @@ std::string ClassicLog(const Drive& drive, const LogSpan& span, int rows) {
     std::string log(kFirstLine);
     log += std::string(kModule) + ",Engine control\n\n";
     for (int row = 0; row < kSlotRows; ++row) {
-        // The line ends with row C's cell: the units are counted in commas from there.
+        // The line must end with row C's cell, because a reader counts commas from there to find the units.
         log += row == 0 ? "," : ",,,,";
         log += "Row ";
         log += kRowNames[static_cast<std::size_t>(row)];
@@ -115,7 +116,8 @@ std::string ClassicLog(const Drive& drive, const LogSpan& span, int rows) {
 }
 
 std::string TenChannelLog(const Drive& drive, const LogSpan& span) {
-    constexpr std::string_view kNoNames = ",,,,,,,,,,,,,,,,,,,,,\n";  // a comma less than columns
+    constexpr std::string_view kNoNames =
+        ",,,,,,,,,,,,,,,,,,,,,\n";  // one comma less than the log has columns
     std::string log(kFirstLine);
     log += std::string(kModule) + ",Engine control\n\n,Row A,'000,,,,,,,,,,Row B,'" +
            Digits3(ChannelAt(drive, SlotOf(1, 0)).group) + ",,,,Row C,'" +
@@ -182,7 +184,7 @@ std::string ObdLog(const Drive& drive, const LogSpan& span) {
         pids += ",time,PID- 000";
         units += ",time,";
     }
-    // The names stand between: the units are looked for from the line behind that of the PIDs on.
+    // The names go between the two: a reader looks for the units after the line of the PIDs.
     std::string log(kFirstLine);
     log += "OBD-II,generic data\n\n" + pids + '\n' + names + '\n' + units + '\n';
     int number = 0;

@@ -167,7 +167,7 @@ private:
 
     PlayResult TakeLeave() {
         if (m_inBlock) {
-            // The program would take a control code for part of the block.
+            // No control code: the program would take it for part of the block.
             m_link.Close();
             return PlayResult::PipeClosed;
         }

@@ -26,7 +26,7 @@ std::vector<BYTE> DescriptorBlock(int descriptor, HANDLE handle) {
     return block;
 }
 
-// Limits inheritance to one handle; without the list, the program would inherit every inheritable handle of
+// Limits inheritance to one handle. Without this list, the program would inherit every inheritable handle of
 // this process.
 class InheritedHandles {
 public:

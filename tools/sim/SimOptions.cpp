@@ -18,8 +18,8 @@ std::string Ascii(std::wstring_view text) {
     return ascii;
 }
 
-// Takes the characters that have the same number in Windows-1252. Nothing if there is any other, or a comma,
-// which would end the identifier.
+// Takes the characters that have the same number in Windows-1252. Returns nothing if the text has any other,
+// or a comma, which would end the identifier.
 std::optional<std::string> ModuleName(std::wstring_view text) {
     if (text.empty() || text.size() > kLongestModule) return std::nullopt;
     std::string name;

@@ -139,7 +139,7 @@ private:
 
     fs::path ExchangeFile() const { return m_options.folder / L"MB-PIPE.TXT"; }
 
-    // The program removes the file when it closes; a crashed program has not.
+    // The program removes the file when it closes, but not when it crashes.
     void RemoveExchangeFile() const {
         std::error_code ignored;
         fs::remove(ExchangeFile(), ignored);
