@@ -36,8 +36,8 @@ void RequireSaneTable(const DefaultScaling& table, int lowestLastIndex) {
     }
 }
 
-// Whether the saved file would read back as the same rows: reading drops a line end in a unit, and stops at
-// either of the two end marks.
+// Whether the saved file reads back as the same rows. It does not if a unit holds a line end, which reading
+// drops, or if a row before the last one holds one of the two end marks.
 bool SurvivesAFile(const DefaultScaling& table) {
     for (int row = 0; row <= table.LastIndex(); ++row) {
         const FieldScaling& record = table.Row(row);

@@ -18,12 +18,12 @@ namespace plotvane::fuzz {
 //                                               l  a line of the log that the user chooses
 //                                               z  the last line of that log, without a line end
 //   what the user does
-//   t  so many hundredths of a second later; then one character for each click:
+//   t  a number of hundredths of a second to wait; then one character for each click:
 //      S Stop, P Pause, L Load, + - pixel shift, * / replay speed, > < next or previous slot,
 //      0..9 the check box of a slot and of a channel, A all A/F switches, M a limit: the rest of the line
 //      is typed as minimum and as maximum of the selected slot
 //
-// Other lines say nothing.
+// Other lines mean nothing.
 struct DriveScript {
     struct Click {
         double atMs = 0.0;

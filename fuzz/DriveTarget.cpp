@@ -99,7 +99,7 @@ public:
     WorkingFolder(const WorkingFolder&) = delete;
     WorkingFolder& operator=(const WorkingFolder&) = delete;
 
-    // Nothing may be in the folder that the program must not create.
+    // The folder must hold nothing that the program may not create.
     static void RequireTidy() {
         for (const auto& entry : std::filesystem::directory_iterator(ScratchPath())) {
             const auto name = entry.path().filename();
@@ -162,7 +162,7 @@ private:
         m_dialog.Stop();
     }
 
-    // Ignores clicks after the close, which may happen during one of the clicks.
+    // Ignores clicks after the close; one of the clicks may have closed the program.
     void Perform(std::string_view clicks) {
         for (std::size_t i = 0; i < clicks.size() && m_dialog.closes == 0; ++i) {
             if (clicks[i] == 'M') {

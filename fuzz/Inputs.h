@@ -18,12 +18,11 @@ std::string_view AsText(std::span<const std::uint8_t> bytes);
 // left.
 std::string_view TakePart(std::string_view& rest);
 
-// The text that a file's bytes stand for: CR LF is one '\n', and 0x1A or 0xFF ends it. Written a second time
-// here, independently of the reader under test.
+// The text of a file with these bytes: CR LF is one '\n', and 0x1A or 0xFF ends it. This is a second version
+// of the rule, independent of the reader under test.
 std::string TextOfFile(std::string_view bytes);
 
-// The file with CR LF for each '\n'. Every reader must see the same text in it. Only for a file without any
-// CR.
+// The file with CR LF for each '\n'. Every reader must see the same text in it. The file must not hold a CR.
 std::string WithCrLf(std::string_view bytes);
 
 }  // namespace plotvane::fuzz

@@ -52,7 +52,7 @@ Replay Read(const std::filesystem::path& path, std::size_t fileSize) {
         replay.last = reader.ReadLogRow(record);
         replay.records.emplace_back(record.Text());
         replay.stamps.push_back(reader.Stamps());
-        Require(replay.last == LogRow::Complete || state.endOfLog, "what is no row ends the log");
+        Require(replay.last == LogRow::Complete || state.endOfLog, "anything but a whole row ends the log");
     }
     return replay;
 }
@@ -68,8 +68,8 @@ void RequireSaneHeader(const Replay& replay) {
     }
 }
 
-// Whether each item of a record is short enough for the parser. Only what stands between two commas may be
-// too long: names and tags are bounded.
+// Whether each item of a record is short enough for the parser. Only the text between two commas can be too
+// long: names and tags are bounded.
 bool FitsTheParser(std::string_view record) {
     while (!record.empty()) {
         const std::size_t length = std::min(record.find(','), record.size());
@@ -92,7 +92,7 @@ void RequireSaneRows(const Replay& replay) {
         const bool parsed = comma != std::string::npos && ParseRecord(record, comma + 1, slots, state);
         RequireSaneSlots(slots);
         const bool whole = row + 1 < replay.records.size() || replay.last == LogRow::Complete;
-        // The unit of a generic OBD log may hold commas, and so anything.
+        // The unit of a generic OBD log may hold commas, so its record may hold anything.
         if (!whole || replay.obdFile || !FitsTheParser(record)) continue;
         Require(parsed, "a whole row is a record that parses");
         if (state.tenChannels) continue;
@@ -127,7 +127,8 @@ LogCheck CheckOf(std::string_view text) {
 int FuzzLog(Bytes input) {
     const std::string_view bytes = AsText(input);
     const ScratchFile file("fuzz.csv", bytes);
-    Require(CheckLog(file.Path()) == CheckOf(TextOfFile(bytes)), "a log is told by its first line");
+    Require(CheckLog(file.Path()) == CheckOf(TextOfFile(bytes)),
+            "the first line shows whether a file is a log");
 
     const Replay replay = Read(file.Path(), bytes.size());
     RequireSaneHeader(replay);

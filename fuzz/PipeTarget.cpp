@@ -15,12 +15,12 @@ using test::Require;
 
 namespace {
 
-constexpr int kStopNow = 255;  // as a cut: the user stops the run and then starts the next one
+constexpr int kStopNow = 255;  // a cut of this size: the user stops the run and then starts the next one
 constexpr int kMaxSmallCut = 127;
 constexpr int kLargeCutUnit = 33;  // the largest cut, 127 of these, is just more than the reader's buffer
 
 // Delivers the stream in portions, one for each read. A cut of up to 127 is a number of bytes, a larger one a
-// number of units; 0 means that nothing has arrived. After the stream the host is gone.
+// number of units; 0 means that nothing has arrived. The pipe closes after the stream.
 class CutPipe : public HostPipe {
 public:
     CutPipe(std::string_view stream, Bytes cuts) : m_stream(stream), m_cuts(cuts) {}

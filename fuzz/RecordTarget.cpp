@@ -21,7 +21,7 @@ void RequireSaneAnswer(std::string_view text, std::size_t position) {
     RequireSaneSlots(slots);
     Require(state.hadTenChannels, "the form of the record before is remembered");
 
-    // Parses again into the used slots: no record may depend on the one before.
+    // Parses the record again into the same slots: the result must not depend on the record before.
     SlotTable again = slots;
     RunState stateAgain;
     Require(ParseRecord(text, position, again, stateAgain) == whole, "the same record parses the same");

@@ -9,8 +9,8 @@
 
 namespace plotvane::fuzz {
 
-// Checks every sample on its way to the chart: boxes, values and fuel figures must follow from the slots, by
-// rules that are written a second time here.
+// Checks every sample on its way to the chart: boxes, values and fuel figures must follow from the slots. It
+// has its own version of the rules.
 class SampleCheck {
 public:
     SampleCheck(const ProgramData& data, const test::FakePanel& panel, const FuelFigures& fuel)

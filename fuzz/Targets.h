@@ -12,20 +12,20 @@ namespace plotvane::fuzz {
 
 using Bytes = std::span<const std::uint8_t>;
 
-int FuzzNumbers(Bytes input);        // model/Numbers
+int FuzzNumbers(Bytes input);        // base/Numbers
 int FuzzRecord(Bytes input);         // link/RecordParser
 int FuzzPipe(Bytes input);           // link/BlockReader, with the records it finds
-int FuzzExchange(Bytes input);       // link/ExchangeFile, files/TextInput
-int FuzzWholeCopy(Bytes input);      // files/WholeCopy
-int FuzzModuleKey(Bytes input);      // logs/ModuleKey, files/FileName
+int FuzzExchange(Bytes input);       // link/ExchangeFile, base/TextInput
+int FuzzWholeCopy(Bytes input);      // base/WholeCopy
+int FuzzModuleKey(Bytes input);      // logs/ModuleKey, base/FileName
 int FuzzLabels(Bytes input);         // logs/LabelFile, redirects included
 int FuzzDefaults(Bytes input);       // scaling/DefaultScaling
 int FuzzModuleScaling(Bytes input);  // scaling/ModuleScaling, both forms
 int FuzzPrefs(Bytes input);          // scaling/PrefsFile, both forms
 int FuzzLog(Bytes input);            // logs/LogCheck, logs/LogReader, all three forms
 int FuzzDrive(Bytes input);          // link/Acquisition: from bytes and clicks to traces and figures
-int FuzzCsvDrive(Bytes input);       // tools/PlainCsv, and the records and logs made from it
-int FuzzHostScript(Bytes input);     // tools/HostScript
+int FuzzCsvDrive(Bytes input);       // tools/drives/PlainCsv, and the records and logs made from it
+int FuzzHostScript(Bytes input);     // tools/sim/HostScript
 
 struct Target {
     std::string_view name;  // of its folders in seeds/ and finds/

@@ -29,7 +29,7 @@ bool IsMarked(std::string_view copy) {
 
 }  // namespace
 
-// Two parts: a settings file, and what lies where its whole copy belongs.
+// Two parts: a settings file, and the file that has the name of its whole copy.
 int FuzzWholeCopy(Bytes input) {
     std::string_view rest = AsText(input);
     const std::string_view bytes = TakePart(rest);
@@ -38,13 +38,14 @@ int FuzzWholeCopy(Bytes input) {
     const ScratchFile copy("Prefs.cf~", copyBytes);
 
     if (!IsMarked(copyBytes)) {
-        Require(Read(file) == TextOfFile(bytes), "a file beside another one's is read for itself");
-        Require(file.Bytes() == bytes && copy.Bytes() == copyBytes, "what is somebody else's stays");
+        Require(Read(file) == TextOfFile(bytes), "without a mark, the file itself is read");
+        Require(file.Bytes() == bytes && copy.Bytes() == copyBytes,
+                "without a mark, both files stay as they are");
     }
     copy.Write(std::string(copyBytes) + MarkOf(copyBytes));
-    Require(Read(file) == TextOfFile(copyBytes), "a copy that is whole is what is read");
-    Require(file.Bytes() == copyBytes, "the file is finished by its copy");
-    Require(!std::filesystem::exists(copy.Path()), "a copy goes when its file is finished");
+    Require(Read(file) == TextOfFile(copyBytes), "a whole copy is read in place of the file");
+    Require(file.Bytes() == copyBytes, "the file then holds the text of its copy");
+    Require(!std::filesystem::exists(copy.Path()), "the copy is removed once the file is finished");
     Require(Read(file) == TextOfFile(copyBytes), "a file that was finished reads the same again");
     return 0;
 }

@@ -5,13 +5,13 @@
 
 #include "fuzz/Targets.h"
 
-// The readers take files, which cost only microseconds in memory. A TMPDIR from outside is kept.
+// The readers read files, which cost only microseconds in memory. A TMPDIR that is already set stays.
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     return setenv("TMPDIR", "/dev/shm", 0);
 }
 
-// A thrown promise ends the process at the place where it was broken: nothing between there and libFuzzer
-// catches it, so the stack is not unwound and shows the place.
+// A broken promise throws. Nothing between there and libFuzzer catches it, so the process ends with the whole
+// stack in place, and the stack shows where it happened.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     return plotvane::fuzz::FUZZ_TARGET({data, size});
 }
