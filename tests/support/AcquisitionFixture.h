@@ -22,7 +22,7 @@ protected:
 
     std::filesystem::path ScalingFile(std::string_view name) { return folder / "Scaling" / name; }
 
-    // A click some milliseconds from now, from whatever pump is waiting then.
+    // Runs a click some milliseconds from now, in whatever wait is on then.
     void After(double ms, std::function<void()> click) { pump.At(pump.NowMs() + ms, std::move(click)); }
 
 private:

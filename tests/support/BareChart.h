@@ -13,9 +13,8 @@
 namespace plotvane::test {
 
 // The chart's drawing rules as bare calls of the drawing system, on bitmaps compatible with the screen: one
-// block transfer for the scroll, the dots pixel by pixel, three block transfers to show it. There is no
-// window and there are no labels. The real chart must show the same pixels, and its speed is measured against
-// this.
+// block transfer for the scroll, the dots pixel by pixel, three block transfers to show it. It has no window
+// and no labels. The real chart must show the same pixels, and the benches compare its speed with this one.
 class BareChart {
 public:
     struct Look {

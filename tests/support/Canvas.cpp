@@ -67,7 +67,7 @@ COLORREF Canvas::At(int x, int y) const {
         m_picture.Pixels()[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_picture.Width()) +
                            static_cast<std::size_t>(x)];
     if (pixel == kUntouched) return kUntouched;
-    // From 0x00RRGGBB, without the unused byte: block transfers copy whatever their source has there.
+    // From 0x00RRGGBB, without the unused byte, because block transfers copy that from their source.
     return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
 }
 

@@ -12,8 +12,8 @@ namespace plotvane::test {
 // At() returns this for a pixel that nothing has drawn on; no colour is equal to it.
 constexpr COLORREF kUntouched = 0xCCCCCCCC;
 
-// A bitmap to draw on instead of a window. Every byte is 0xCC at first, so a test can also check that nothing
-// was drawn at a place. If the test has failed, the destructor saves the picture as SUITE.TEST.bmp in the
+// A bitmap to draw on instead of a window. Every byte is 0xCC at first, so a test can also check that nobody
+// has drawn at a place. If the test has failed, the destructor saves the picture as SUITE.TEST.bmp in the
 // folder "failed" beside the test program.
 class Canvas {
 public:

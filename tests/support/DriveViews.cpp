@@ -92,7 +92,7 @@ void OpenMeters::SetSlotRange(int slot, double minimum, double maximum) {
     m_slots[slot].SetRange(minimum, maximum);
 }
 
-// The next one to open starts afresh.
+// The next meter to open starts from nothing.
 void OpenMeters::CloseFuelMeters() {
     m_mileage.emplace();
     m_consumption.emplace();

@@ -15,8 +15,8 @@
 
 namespace plotvane::test {
 
-// The chart down to its lines and labels, without pixels: everything that is computed for a sample is, and
-// looked at.
+// The chart without its pixels. It computes everything that the real one computes for a sample, down to lines
+// and labels, and checks it.
 class LineChart : public TraceChart {
 public:
     LineChart(const Prefs& prefs, const RunState& state, const SlotTable& slots);
@@ -42,7 +42,7 @@ private:
     bool m_redraw = true;
 };
 
-// Every meter open, down to the needle's angle and the texts.
+// Every meter is open; each computes everything down to the needle's angle and the texts.
 class OpenMeters : public MeterBoard {
 public:
     void SetSlotValue(int slot, double value) override { Show(m_slots[slot], value); }

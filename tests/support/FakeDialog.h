@@ -13,10 +13,10 @@
 
 namespace plotvane::test {
 
-// The main dialog's part in an acquisition: what it was asked for, and how its run buttons look.
+// The main dialog's part in an acquisition. It notes what it was asked for and how its run buttons look.
 class FakeDialog : public MainWindow, public RunButtons {
 public:
-    // As the user does it.
+    // What the user does.
     void Stop() { control->Stop(); }
     void Pause() { control->Pause(); }
 

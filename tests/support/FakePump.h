@@ -9,8 +9,8 @@
 
 namespace plotvane::test {
 
-// A clock that only waiting moves, and handlers that run from the pump when their time has come, as the
-// user's clicks do. Like a message, a handler whose time comes ends the sleep.
+// A clock that moves only while somebody waits. Handlers run from the pump at their times, as the user's
+// clicks do. Like a message, a handler ends the sleep.
 class FakePump : public MessagePump {
 public:
     double NowMs() override { return m_nowMs; }
@@ -27,7 +27,7 @@ public:
         }
     }
 
-    // In the order of their times.
+    // Call it in the order of the times.
     void At(double ms, std::function<void()> handler) { m_posted.emplace_back(ms, std::move(handler)); }
 
     void Pass(double ms) { m_nowMs += ms; }

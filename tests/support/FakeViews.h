@@ -7,7 +7,7 @@
 #include "plot/binding/SlotPanel.h"
 #include "plot/chart/TraceChart.h"
 
-// Views that remember what they were told, so that tests can read it back.
+// Views that remember what they were told to show.
 namespace plotvane::test {
 
 struct FakeChart : TraceChart {

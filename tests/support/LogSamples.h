@@ -66,7 +66,7 @@ inline constexpr std::string_view kObdHeader = FIRST_LINE
     "OBD-II,generic data\n"
     "mark,time,PID- 012,time,PID- 013,time,PID- 005,time,PID- 000\n"
     "mark,time,Engine speed (/min),time,Vehicle speed (km/h),time,Coolant (" DEGREES_C "),time,none\n";
-// The same, over more lines.
+// The same head over more lines.
 inline constexpr std::string_view kLongObdHeader = FIRST_LINE
     "OBD-II,generic data\n"
     "\n"

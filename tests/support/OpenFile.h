@@ -10,7 +10,7 @@ namespace plotvane::test {
 inline bool IsHeldOpen(const std::filesystem::path& file) {
     namespace fs = std::filesystem;
 #ifdef _WIN32
-    // Windows renames no file that somebody has open.
+    // Windows does not rename a file that somebody has open.
     fs::path other = file;
     other += ".renamed";
     std::error_code held;
@@ -20,7 +20,7 @@ inline bool IsHeldOpen(const std::filesystem::path& file) {
 #else
     const fs::path sought = fs::canonical(file);
     return std::ranges::any_of(fs::directory_iterator("/proc/self/fd"), [&](const auto& entry) {
-        std::error_code closed;  // of the folder that is being read
+        std::error_code closed;  // the descriptor of the folder that is being read
         return fs::read_symlink(entry.path(), closed) == sought;
     });
 #endif

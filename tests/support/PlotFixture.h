@@ -22,7 +22,7 @@ protected:
         target.unit = unit;
     }
 
-    // As a record does that leaves the slot empty.
+    // What a record does that leaves the slot empty.
     void Empty(int slot) { Fill(slot, 0, 0, 0.0, ""); }
 
     // A first record of one group; the other slots are empty.

@@ -8,7 +8,7 @@
 // Records as the host sends them and as the log reader makes them.
 namespace plotvane::test {
 
-// So many empty items.
+// Empty items, this many.
 inline std::string Empty(int count) {
     std::string items;
     for (; count > 0; --count) items += "G000,,,,";

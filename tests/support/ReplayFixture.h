@@ -20,11 +20,11 @@ constexpr const char* kReplayedLog =
     "1,0.50,1240,90.0,4.2,0.98,0.62,1240,310.0,305.5,40.1,,,,,\n"
     "2,3.50,n/a,91.8,6.5,1.00,3.62,2110,322.5,320.0,38.0,,,,,\n";
 
-// A row, or a header, that is too long to be read in one go.
+// A row, or a header, so long that reading it dispatches messages.
 inline const std::string kLongText(1'000'000, 'x');
 
-// So many dispatches after the third sample, a long fourth row is being read: fewer belong to the wait
-// before it.
+// This many dispatches after the third sample, the source is in the middle of a long fourth row. The first
+// few of them still belong to the wait before that row.
 constexpr int kInTheLongRow = 10;
 
 // The whole acquisition without a host. The user has a log to choose.

@@ -8,7 +8,7 @@
 namespace plotvane::test {
 
 // The folder in which targets write their input as files. There is one for the whole process, because
-// creating one for each input would take longer than the readers do. It is empty whenever a target has ended.
+// creating one for each input would take longer than the readers do. Every target leaves it empty.
 inline const std::filesystem::path& ScratchPath() {
     static const TempFolder folder;
     return folder.Path();

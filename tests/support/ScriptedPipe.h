@@ -9,9 +9,8 @@
 
 namespace plotvane::test {
 
-// A pipe whose writer wrote in given portions: each read takes from one portion at most, and an empty
-// portion reads once as "nothing has arrived". After the last one nothing arrives any more, or the pipe is
-// closed.
+// A pipe whose writer wrote in given portions. A read takes bytes from one portion at most; an empty portion
+// reads once as "nothing has arrived". After the last portion nothing more arrives, or the pipe is closed.
 class ScriptedPipe : public HostPipe {
 public:
     void Attach(int newDescriptor) override { descriptor = newDescriptor; }

@@ -16,8 +16,7 @@
 
 namespace plotvane::test {
 
-// A pipe that always holds the next of some blocks, over and over, until it has given so many; then the host
-// stops.
+// A pipe that repeats a list of blocks until it has given a number of them; then the host stops.
 class EndlessPipe : public HostPipe {
 public:
     EndlessPipe(std::vector<std::string> blocks, int count) : m_blocks(std::move(blocks)), m_left(count) {}
@@ -49,7 +48,7 @@ private:
 };
 
 // The whole portable way from bytes to slots, texts, traces, meters and fuel figures, in a working folder of
-// its own and on views without pixels. `onSample` is called for each sample on its way to the chart.
+// its own and on views without pixels. It calls `onSample` with each sample on the way to the chart.
 class WholeWay {
 public:
     enum class Meters {

@@ -10,10 +10,10 @@
 
 namespace plotvane::test {
 
-// Asks a window of the program repeatedly, at least once, for as long as this object watches. Each answer
-// must come within 200 ms on an idle machine. On a busy machine everything takes longer, so a thread does a
-// fixed piece of work at the same time: the limit for an answer grows by the factor by which the slowest run
-// of that work took longer than its undisturbed time. On an idle machine the factor is close to 1.
+// Asks a window of the program repeatedly, at least once, for as long as this object watches. On an idle
+// machine each answer must come within 200 ms. On a busy machine everything takes longer, so a thread does a
+// fixed piece of work at the same time and measures its slowest run. If that took three times as long as
+// undisturbed, an answer may take three times as long too. On an idle machine the factor is close to 1.
 class AnswerWatch {
 public:
     // With a null window, this only does the work and asks nothing.

@@ -7,7 +7,7 @@
 
 namespace plotvane::test {
 
-// Long enough for a busy machine; a test that passes never needs all of it.
+// Long enough for a busy machine. Only a test that fails waits until the end.
 constexpr std::chrono::milliseconds kDeadline{10'000};
 constexpr DWORD kPollMs = 5;
 

@@ -14,7 +14,8 @@ std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor, std::size_t handl
     std::memcpy(block.data(), &number, sizeof number);
     std::fill_n(block.begin() + sizeof(int), count, BYTE{0});
     block[sizeof(int) + count - 1] = kOpenPipe;
-    std::memcpy(block.data() + block.size() - handleSize, &pipe, handleSize);  // before it: none
+    // The descriptors before this one are not open.
+    std::memcpy(block.data() + block.size() - handleSize, &pipe, handleSize);
     return block;
 }
 
@@ -51,7 +52,7 @@ ChildProcess::ChildProcess(std::wstring commandLine, const std::filesystem::path
 
 ChildProcess::~ChildProcess() {
     ::TerminateJobObject(m_job.Get(), 1);
-    // The mutex of this program must be gone before the next test starts one.
+    // The mutex of this program must be gone before the next test starts the program again.
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION job{};
     for (int poll = 0; poll < 1000; ++poll) {
         if (!::QueryInformationJobObject(m_job.Get(), JobObjectBasicAccountingInformation, &job, sizeof job,

@@ -11,7 +11,7 @@
 
 namespace plotvane::test {
 
-// The folder of the programs under test, which is also that of this test program.
+// The folder of the programs under test; this test program is in it too.
 std::filesystem::path ProgramFolder();
 
 // The block in which a parent's C run-time hands an inheritable pipe to a new process as that descriptor

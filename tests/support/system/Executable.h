@@ -10,7 +10,7 @@
 
 namespace plotvane::test {
 
-// What a 64-bit Windows program or library says of itself, read from its file.
+// The headers of a 64-bit Windows program or library, read from its file.
 class Executable {
 public:
     struct Section {
@@ -20,7 +20,7 @@ public:
         std::string_view bytes;  // those in the file; lives as long as the object
     };
 
-    // Throws std::runtime_error if it is no such file.
+    // Throws std::runtime_error if the file is not a program or library.
     explicit Executable(const std::filesystem::path& file);
     Executable(const Executable&) = delete;
     Executable& operator=(const Executable&) = delete;
@@ -53,7 +53,7 @@ private:
     std::vector<Directory> m_directories;
 };
 
-// In lower case: to Windows the names of libraries are all the same in either.
+// In lower case, because Windows ignores the case of library names.
 std::string LowerCase(std::string name);
 
 }  // namespace plotvane::test

@@ -13,9 +13,9 @@ namespace plotvane::test {
 
 namespace {
 
-// Wine's own libraries ask for these by name, the first two before the program has run a single instruction
-// of its own, the last in a way that pays no heed to where a program wants its libraries from. Windows names
-// them in full.
+// Wine's own libraries load these by their bare names, and the program cannot prevent it: the first two are
+// loaded before it runs its first instruction, and the call for the last one ignores the folders that the
+// program has set. Windows loads them by their full paths.
 const std::array<std::string, 3> kNamedInFull = {"uxtheme.dll", "winex11.drv", "msimg32.dll"};
 
 std::filesystem::path SystemFolder() {
@@ -24,7 +24,8 @@ std::filesystem::path SystemFolder() {
     return path;
 }
 
-// Nothing for what is not there, or no library: names of interfaces that Windows resolves by itself.
+// Empty if the file is missing or is no library, such as the names of interfaces that Windows resolves
+// itself.
 std::set<std::string> ImportsOf(const std::string& library) {
     try {
         return Executable(SystemFolder() / library).Imports();

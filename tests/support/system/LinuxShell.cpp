@@ -21,7 +21,7 @@ std::wstring Escaped(const std::wstring& text) {
 
 }  // namespace
 
-// What starts is no Windows process, so nobody can wait for it; it says itself that it has come to its end.
+// The shell is no Windows process, so nobody can wait for it. It makes a file when it has finished.
 bool RunInShell(const std::filesystem::path& folder, const std::wstring& command) {
     std::wstring line =
         L"sh -c \"" +
@@ -38,7 +38,7 @@ bool RunInShell(const std::filesystem::path& folder, const std::wstring& command
             return isDone || std::filesystem::remove(folder / kFailed);
         },
         true))
-        << "the shell did not do its work";
+        << "the shell did not finish";
     return isDone;
 }
 

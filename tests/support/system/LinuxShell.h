@@ -5,8 +5,9 @@
 
 namespace plotvane::test {
 
-// Has Linux's shell run a command in a folder that can be written, and waits for its end: for what Windows
-// has no call for. False if the command failed, or if there is no such shell; the latter fails the test too.
+// Lets Linux's shell run a command that Windows has no call for, and waits for its end. The shell must be
+// able to write into the folder. False if the command failed, or if there is no shell; that fails the test
+// too.
 bool RunInShell(const std::filesystem::path& folder, const std::wstring& command);
 
 }  // namespace plotvane::test

@@ -10,7 +10,7 @@ namespace plotvane::test {
 // is none.
 RemoteWindow FindMainDialog(DWORD processId = 0);
 
-// The slots whose selection frame is shown; at most one if all is well.
+// The slots whose selection frame is shown. There should be one at most.
 std::vector<int> ShownFrames(const RemoteWindow& main);
 
 // The colour on the screen in the middle of a control.

@@ -80,7 +80,7 @@ MessageStorm::Message MessageStorm::Key() {
 MessageStorm::Message MessageStorm::Mouse() {
     const RemoteWindow to = Pick(2) == 0 ? m_main : OneOf(m_controls);
     const UINT message = OneOf(kMouseMessages);
-    // Where a window is named, where a part of the frame, or which buttons are down.
+    // The parameter is a window, a part of the frame, or the buttons that are down.
     const WPARAM what = message == WM_CONTEXTMENU ? reinterpret_cast<WPARAM>(to.Get()) : Pick(HTHELP + 1);
     return {to, message, what, MAKELPARAM(Pick(900), Pick(700))};
 }

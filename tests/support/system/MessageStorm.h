@@ -7,13 +7,13 @@
 
 namespace plotvane::test {
 
-// Messages at random, posted to the main window and its controls: commands of every control, items of the
-// system menu, timers, keys, the mouse, and what the system tells windows, in any order and with any
-// parameters. Left out is what asks for an end (a close, a request to quit, Esc, Alt+F4, the end of the
-// session) or destroys a window: a program that does what it is asked has no fault.
+// Posts random messages to the main window and its controls: commands of every control, items of the system
+// menu, timers, keys, the mouse, and notices of the system, in any order and with any parameters. It leaves
+// out what ends the program (a close, a request to quit, Esc, Alt+F4, the end of the session) or destroys a
+// window, because a program that obeys those has no fault.
 class MessageStorm {
 public:
-    // The same seed gives the same messages, as far as the windows are the same.
+    // The same seed and the same windows give the same messages.
     MessageStorm(const RemoteWindow& main, unsigned seed);
 
     void Post(int count);
@@ -34,7 +34,7 @@ private:
     Message Notice();
     Message ControlMessage();
 
-    // One of so many numbers, from 0.
+    // A random number from 0 to count - 1.
     unsigned Pick(std::size_t count) { return static_cast<unsigned>(m_random() % count); }
     template <class List>
     auto OneOf(const List& list) {

@@ -15,7 +15,7 @@ std::vector<RemoteWindow> OpenMeters(const RemoteWindow& main);
 std::multiset<std::wstring> MeterTitles(const RemoteWindow& main);
 
 // Asks the main window for a menu at the middle of one of its controls, as a right click there does. Returns
-// when the request has been handled.
+// when the window has handled that.
 void RightClick(const RemoteWindow& main, int control);
 
 // The half of a meter that shows more of its needle: -1 left, 1 right, 0 neither.

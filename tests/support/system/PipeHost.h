@@ -12,8 +12,8 @@ namespace plotvane::test {
 constexpr std::size_t kBlockBytes = 513;
 
 // The host's side of the exchange, byte by byte: the pipe whose read end the program inherits, and the named
-// mutex that says that the host is running. For a whole drive use diagnel-sim; this class is for the moments
-// in between.
+// mutex that says that the host is running. For a whole drive use diagnel-sim; this class lets a test look
+// between two bytes.
 class PipeHost {
 public:
     PipeHost();

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A value that only the test of ComesBackToLife sends.
+// A value that only ComesBackToLife sends.
 constexpr int kSignOfLife = 4321;
 constexpr const char* kSignOfLifeRow = "4321,90.0,50,4.2";
 
@@ -126,8 +126,8 @@ void AnyState::HoldWithPause() {
         if (m_state == ProgramState::LiveMalformed) {
             return Stays([this] { return session.ValueText(0); }, DriveText(1), 300ms);
         }
-        // The program may take a while to read what has piled up before it. If it was paused, or its host has
-        // stopped, it needs a press of Pause.
+        // The program may take a while to read all that came before this record. If it is paused, or its host
+        // has stopped, somebody has to press Pause.
         for (int press = 0; press < 2; ++press) {
             if (Becomes([&] { return session.ValueText(0) == sign || session.Host().Unread() > 0; }, true) &&
                 Becomes([&] { return session.ValueText(0); }, sign, 1500ms)) {

@@ -11,7 +11,7 @@
 
 namespace plotvane::test {
 
-// Every state that the program can be in while nothing but its main window is open.
+// Every state of the program while only its main window is open.
 enum class ProgramState {
     Idle,           // no host, and no log yet
     LiveWaiting,    // the host has sent nothing yet
@@ -38,8 +38,8 @@ protected:
     // Starts the program and brings it into that state.
     void Enter(ProgramState state);
 
-    // Whether a user can make the program show new values again with no more than Pause or Load. After a
-    // malformed record that is impossible, and the last values must stay.
+    // Whether a user can make the program show new values again with Pause or Load alone. After a malformed
+    // record that is impossible, and the last values must stay.
     ::testing::AssertionResult ComesBackToLife();
 
     std::optional<Feed> feed;  // in states in which the host keeps sending

@@ -14,8 +14,8 @@ namespace plotvane::test {
 ::testing::AssertionResult KeepsAnswering(const RemoteWindow& window,
                                           std::chrono::milliseconds during = std::chrono::seconds(1));
 
-// Success if the program, which has just been asked to close, ends within a second and with exit code 0. On a
-// busy machine the second is longer, as the limit for answers is.
+// Call it after asking the program to close. Success if the program ends within a second and with exit code
+// 0. On a busy machine it may take longer, by the same factor as an answer.
 ::testing::AssertionResult EndsPromptly(const Session& session);
 
 // The same, after closing the main window.

@@ -7,13 +7,13 @@
 
 namespace plotvane::test {
 
-// An engine at idle, then pulling away: group 1 with its four fields. The host too sends a blank before
-// "km/h".
+// An engine at idle, then pulling away: group 1 with its four fields. The real host sends a blank before
+// "km/h" too.
 inline const std::string kFirstRecord = RecordOf(
     "038 906 019 FT", "G001,F0,780,/min,G001,F1,90.0," DEGREES_C ",G001,F2,50, km/h,G001,F3,4.2,l/h,");
 inline const std::string kSecondRecord = RecordOf(
     "038 906 019 FT", "G001,F0,1780,/min,G001,F1,91.0," DEGREES_C ",G001,F2,51, km/h,G001,F3,5.2,l/h,");
-// There is no field within reach of the identifier, so a reader must not show anything of it.
+// No field is within reach after the identifier, so a reader must show nothing of this record.
 inline const std::string kMalformedRecord = "038 906 019 FT," + std::string(60, 'x');
 
 // The scaling file of that module, and the title of the window while it plots the module.

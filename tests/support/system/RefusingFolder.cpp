@@ -7,7 +7,7 @@
 namespace plotvane::test {
 namespace {
 
-// Folders of Linux itself, in which not even root can make anything.
+// Folders of Linux itself. Not even root can make anything in them.
 constexpr const wchar_t* kSystemFolders[] = {L"Z:\\sys", L"Z:\\proc"};
 
 bool Refuses(const std::filesystem::path& folder) {
@@ -31,10 +31,10 @@ RefusingFolder::RefusingFolder() {
 }
 
 RefusingFolder::~RefusingFolder() {
-    Unprotect();  // or it could not be removed
+    Unprotect();  // otherwise nobody could remove it
 }
 
-// Windows knows no write protection of folders, and Wine's attribute changes nothing about one.
+// Windows cannot write-protect folders, and under Wine the attribute has no effect on them.
 void RefusingFolder::Protect() const {
     EXPECT_TRUE(RunInShell(m_above.Path(), L"chmod a-w protected"));
 }

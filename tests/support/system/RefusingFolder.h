@@ -6,9 +6,9 @@
 
 namespace plotvane::test {
 
-// A folder in which this user can make neither file nor folder: one of its own, which is write-protected, or,
-// for a user whom no protection stops, one that the system keeps to itself. Each is tried first; some
-// machines have none.
+// A folder in which this user can make neither file nor folder. It is a write-protected folder of the
+// object's own. Protection does not stop root, so for root it is a folder of the system. The constructor
+// tries each of these; some machines have none.
 class RefusingFolder {
 public:
     RefusingFolder();

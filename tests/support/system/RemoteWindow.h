@@ -8,8 +8,8 @@
 
 namespace plotvane::test {
 
-// A window of another process, used as a person uses it: read, click, type. No call blocks for long if the
-// window does not answer: each one gives up after some seconds.
+// A window of another process. A test uses it as a person does: it reads, clicks and types. If the window
+// does not answer, each call gives up after some seconds.
 class RemoteWindow {
 public:
     RemoteWindow() = default;

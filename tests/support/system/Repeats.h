@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// How often a test does what it does: the usual number, or the one that the environment asks for, as
-// scripts/soak.sh does.
+// How often a test repeats its work: the usual number, or the one in that variable of the environment, which
+// scripts/soak.sh sets.
 inline int Repeats(const char* variable, int usual) {
     const char* const asked = std::getenv(variable);
     return asked ? std::atoi(asked) : usual;

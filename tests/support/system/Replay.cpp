@@ -40,7 +40,7 @@ RemoteWindow Replay::FileDialog() const {
 }
 
 void Replay::Type(const RemoteWindow& fileDialog, const std::filesystem::path& path) {
-    // Which of the two it has depends on the system.
+    // Some systems have the one control, some the other.
     const int name = fileDialog.Control(cmb13).Exists() ? cmb13 : edt1;
     fileDialog.Control(name).Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
     EXPECT_EQ(fileDialog.Text(name), path.wstring());

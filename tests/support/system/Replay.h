@@ -12,24 +12,24 @@
 
 namespace plotvane::test {
 
-// The program without a host, and logs for it in the folder where it looks for them.
+// The program without a host, with logs in its folder of logs.
 class Replay : public ::testing::Test {
 protected:
     Replay() = default;
-    // In such a folder: see Session.
+    // In a folder below the session's own: see Session.
     explicit Replay(const std::filesystem::path& below) : session(below) {}
 
     // Waits until the program offers to load a log.
     void Start();
 
-    // Gives a log to the program's folder of logs.
+    // Writes a log into the program's folder of logs.
     std::filesystem::path WriteLog(const std::filesystem::path& name, std::string_view bytes);
 
-    // Presses a button as a person can: it has to be there and enabled. The handler goes on for as long as
-    // the replay does.
+    // Presses a button, which has to be shown and enabled, as for a person. Does not wait for the handler,
+    // because that may last as long as the replay.
     void Press(int button);
 
-    // The program's dialog for choosing a log, after Load was pressed; waited for.
+    // Waits for the program's dialog for choosing a log. Press Load first.
     RemoteWindow FileDialog() const;
 
     // Types a path into that dialog.
@@ -38,7 +38,7 @@ protected:
     // Types a path into that dialog and confirms.
     void Choose(const std::filesystem::path& path);
 
-    // Load, and the file dialog.
+    // Presses Load and chooses the log in the file dialog.
     void Load(const std::filesystem::path& path);
 
     void ConfirmMessage(const std::wstring& text, const std::wstring& caption) const {
@@ -64,13 +64,14 @@ struct LogRowText {
 // km/h and l/h, nothing in the other rows.
 std::string ClassicLog(const std::vector<LogRowText>& rows);
 
-// Values told from one another by the first: 780, 1240 and 900 /min.
+// Values of a row. The first tells them apart: 780, 1240 and 900 /min.
 constexpr const char* kIdle = "780,90.0,0,0.9";
 constexpr const char* kDriving = "1240,90.0,50,4.2";
 constexpr const char* kOther = "900,90.0,0,0.9";
 
-// The reading of a row waits for as long as the two rows before it lie apart. So here the given values, of
-// the fifth row, stay for nearly five seconds at the usual speed, in which a test can look around.
+// Before it reads a row, the program waits as long as the two rows before it are apart. So in this log the
+// given values, in the fifth row, stay for nearly five seconds at the usual speed, and a test can look
+// around.
 std::string LogThatLingersAt(const char* values);
 
 }  // namespace plotvane::test

@@ -16,7 +16,7 @@ namespace plotvane::test {
 namespace {
 
 constexpr int kLooks = 8;
-constexpr DWORD kBetweenLooksMs = 7;  // does not fall into step with twenty records per second
+constexpr DWORD kBetweenLooksMs = 7;  // out of step with twenty records per second
 
 // The commit charge. The field named "private" has the same value on Windows but is 0 under Wine.
 std::size_t PrivateKilobytesOf(HANDLE process) {
@@ -58,8 +58,8 @@ struct GdiEntry {
 static_assert(sizeof(GdiEntry) == 24);
 
 // Wine's GetGuiResources always returns 0. But its GDI keeps a table for each process in the same place as
-// Windows, so the used entries can be counted. GDI uses the lowest entries first; a process that uses more
-// than these has failed any check here.
+// Windows, so this counts the used entries. GDI uses the lowest entries first. A process with more objects
+// than this many fails every check anyway.
 int CountGdiTable(HANDLE process) {
     constexpr std::uintptr_t kTableInPeb = 0xF8;
     PROCESS_BASIC_INFORMATION basic{};

@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// The program's thread answers for the images between two handlers, never in the middle of one, so everything
-// read after that belongs together.
+// The program answers the question for an image only between two handlers. So nothing changes while this
+// function reads the rest.
 RunButtonsSeen ButtonsOf(const RemoteWindow& main) {
     const auto image = [&](int id) { return main.Control(id).Send(BM_GETIMAGE, IMAGE_ICON); };
     RunButtonsSeen seen;

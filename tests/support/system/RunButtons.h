@@ -17,7 +17,7 @@ struct RunButtonsSeen {
     bool operator==(const RunButtonsSeen&) const = default;
 };
 
-// The run buttons of a main window. No handler runs in the meantime, so the parts belong together.
+// The run buttons of a main window, all at one moment: no handler runs meanwhile.
 RunButtonsSeen ButtonsOf(const RemoteWindow& main);
 
 }  // namespace plotvane::test

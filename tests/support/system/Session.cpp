@@ -8,7 +8,7 @@ namespace plotvane::test {
 
 namespace {
 
-// Any free number will do; this one shows that the program reads it from the file.
+// Any free number will do, as long as the program can only know it from the file.
 constexpr int kDescriptor = 5;
 
 constexpr int kMessageText = 0xFFFF;

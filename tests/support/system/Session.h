@@ -17,13 +17,14 @@
 
 namespace plotvane::test {
 
-// One run of the real program in a working folder of its own. Whatever still runs ends with the object.
+// One run of the real program in a working folder of its own. The destructor ends whatever still runs.
 class Session {
 public:
-    // `below` is a folder under the one of the session's own, or a whole path; it is made if it is missing.
+    // `below` is a folder inside the session's own one, or a whole path. If it is missing, the constructor
+    // makes it.
     explicit Session(const std::filesystem::path& below = {});
 
-    // The program as it lies in that folder, instead of the one beside the tests.
+    // Runs the program in that folder instead of the one beside the tests.
     void RunFrom(std::filesystem::path programFolder) { m_programFolder = std::move(programFolder); }
 
     // Without a host the program offers logs to replay; with one it plots live.
@@ -45,13 +46,14 @@ public:
     void StartThroughDocumentedHost();
 
     PipeHost& Host() { return *m_host; }
-    // The program, or the other host where that started it.
+    // The program, or the host if a host started the program.
     ChildProcess& Process() const { return *m_process; }
 
-    // The program's main dialog, waited for; an empty window if it does not come.
+    // Waits for the program's main dialog. An empty window if it does not come.
     RemoteWindow Main() const;
-    // A window of the program beside the main one that holds the control `id`, such as a message box (whose
-    // text is the control 0xFFFF) or the About dialog. Waited for; an empty window if it does not come.
+    // Waits for a window of the program, other than the main one, that holds the control `id`: a message box,
+    // for example, whose text is the control 0xFFFF, or the About dialog. An empty window if it does not
+    // come.
     RemoteWindow DialogWith(int id) const;
 
     // Waits for a message with this text, which must come, and confirms it.

@@ -8,11 +8,11 @@
 namespace plotvane::test {
 namespace {
 
-// The longest short settings file and the shortest long one lie far on either side.
+// All short settings files are much shorter than this, and all long ones much longer.
 constexpr int kRoomForShortFiles = 4096;
 
 // Limits how long the program's files may grow. The program ignores the signal that comes with it: see
-// scripts/wine-run.sh. False if no program runs in the folder.
+// scripts/wine-run.sh. Returns false if no program runs in the folder.
 bool LimitFiles(const std::filesystem::path& folder, const std::wstring& limit) {
     constexpr const wchar_t* kFound = L"linux-found-it";
     RunInShell(folder,

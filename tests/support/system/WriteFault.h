@@ -10,7 +10,7 @@
 
 namespace plotvane::test {
 
-// Why settings files cannot be replaced, for real, for as long as the object lives.
+// A real reason why settings files cannot be replaced, for as long as the object lives.
 class WriteFault {
 public:
     virtual ~WriteFault() = default;
@@ -27,10 +27,10 @@ private:
     Handle m_handle;
 };
 
-// A disk on which the program can write so many bytes more of any one file.
+// A disk that is full for every file of the program beyond this size in bytes.
 class FullDisk : public WriteFault {
 public:
-    // The program is the one that runs in this folder. Throws std::runtime_error if that does not.
+    // Affects the program that runs in this folder. Throws std::runtime_error if none does.
     FullDisk(const std::filesystem::path& folder, int bytes);
     ~FullDisk() override;
 
@@ -39,19 +39,19 @@ private:
 };
 
 enum class WriteFaultKind {
-    Held,             // another program keeps the file to itself
+    Held,             // another program lets nobody else open the file
     HeldForReaders,   // it lets others read it
     HeldForDeleting,  // and delete it, but not write it
-    FullDisk          // the disk takes the short settings files at most, or not even them
+    FullDisk          // the disk has room for the short settings files at most
 };
 std::string NameOf(WriteFaultKind kind);
 
-// For a held file, the file has to be there. A full disk has room for other files if they are shorter than
-// this one by far.
+// A held file has to exist. A full disk still has room for other files if they are much shorter than this
+// one.
 std::unique_ptr<WriteFault> Break(WriteFaultKind kind, const std::filesystem::path& file);
 
-// A link of Linux's, for as long as this object lives. Windows can neither make nor remove it, so Linux's own
-// programs are asked to. Throws std::runtime_error where they cannot.
+// A symbolic link of Linux, for as long as this object lives. Windows can neither make nor remove it, so a
+// Linux shell does. Throws std::runtime_error if that fails.
 class LinuxLink {
 public:
     LinuxLink(std::filesystem::path link, const std::string& target);
