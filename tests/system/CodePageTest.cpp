@@ -1,5 +1,5 @@
-// Systems whose own characters are not those of Windows-1252, and whose numbers have a decimal comma. Each
-// test runs once in each of several such places, in a folder named in the letters of others.
+// Systems that have other characters than Windows-1252, and a decimal comma. Each test runs once for each of
+// several countries, in a folder whose name has Cyrillic and Japanese letters.
 #include <cstdlib>
 
 #include "tests/support/DegreeSign.h"
@@ -10,8 +10,8 @@
 namespace plotvane::test {
 namespace {
 
-// As the test is told what place it is in; empty if not.
-std::wstring Told(const wchar_t* what) {
+// What the environment says about the country; empty if nothing.
+std::wstring FromEnvironment(const wchar_t* what) {
     const wchar_t* const value = _wgetenv(what);
     return value ? value : L"";
 }
@@ -27,8 +27,8 @@ protected:
     CodePage() : Replay(u"\u041C\u043E\u0438 \u043B\u043E\u0433\u0438 \u8ECA") {}
 
     void SetUp() override {
-        ASSERT_EQ(std::to_wstring(::GetACP()), Told(L"PLOTVANE_CODE_PAGE"));
-        ASSERT_EQ(DecimalSeparator(), Told(L"PLOTVANE_DECIMAL_SEPARATOR"));
+        ASSERT_EQ(std::to_wstring(::GetACP()), FromEnvironment(L"PLOTVANE_CODE_PAGE"));
+        ASSERT_EQ(DecimalSeparator(), FromEnvironment(L"PLOTVANE_DECIMAL_SEPARATOR"));
     }
     void StartLive() {
         session.StartWithHost();
@@ -36,7 +36,7 @@ protected:
     }
 };
 
-TEST_F(CodePage, ALogIsShownAndPlayedByItsOwnNameAndWithPoints) {
+TEST_F(CodePage, ALogKeepsItsNameAndItsDecimalPoints) {
     Start();
     Load(WriteLog(u"\u041F\u043E\u0435\u0437\u0434\u043A\u0430 \u8ECA.csv",
                   LogThatLingersAt("1240.5,90.25,50,4.2")));
@@ -103,7 +103,7 @@ TEST_F(CodePage, UnitsInThePreferencesAreThoseOfWindows1252) {
     EXPECT_TRUE(session.Closes());
 }
 
-// The layout is measured in the widths of the font, and windows are cut to pixels.
+// Windows measures dialogs in widths of the font and rounds to pixels.
 TEST_F(CodePage, TheControlsHaveTheSizesOfTheirLayout) {
     Start();
     EXPECT_EQ(main.Control(IDC_VALUE_FIRST).Size().cx, 74);

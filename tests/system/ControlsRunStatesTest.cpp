@@ -20,7 +20,7 @@ protected:
     ::testing::AssertionResult Become(const RunButtonsSeen& wanted) {
         return Becomes([this] { return ButtonsOf(main); }, wanted);
     }
-    // The image of Pause changes, and nothing else of the buttons.
+    // Waits until Pause has another image. Nothing else about the buttons may change.
     ::testing::AssertionResult OnlyPauseLooksDifferent() {
         return Becomes(
             [this] {

@@ -36,7 +36,7 @@ TEST_F(LiveControls, ALimitThatIsBeingTypedWhenTheWindowClosesIsKept) {
     EXPECT_EQ(BytesOf(session.Scaling(kScalingFile)), ScalingBytes(3, "0,5000,-10,120,0,250,0,100,"));
 }
 
-// Lambda in the first slot, in a group that measures it.
+// Lambda in the first slot, in one of the groups that measure it.
 std::string LambdaRecord(const std::string& lambda, const std::string& unit = "") {
     return RecordOf("038 906 019 FT", "G031,F0," + lambda + "," + unit +
                                           ",G031,F1,90.0," DEGREES_C ",G031,F2,50,km/h,G031,F3,4.2,l/h,");
@@ -190,7 +190,7 @@ TEST_F(TenChannels, AnUntickedOneLosesColourAndTrace) {
     EXPECT_FALSE(main.IsChecked(IDC_CHANNEL_SHOW_FIRST + 1));
 }
 
-TEST_F(TenChannels, LieUnderTheirSwatchesAfterAResizeBeforeThem) {
+TEST_F(TenChannels, LieUnderTheirSwatchesAfterAnEarlierResize) {
     const HWND chart = main.Control(IDC_CHART).Get();
     main.ResizeTo(700, 500);
     ASSERT_TRUE(Becomes([&] { return main.Control(IDC_CHART).Get() != chart; }, true));
@@ -227,7 +227,7 @@ TEST_F(TenChannels, LoadAndWriteNoRanges) {
     EXPECT_FALSE(std::filesystem::exists(session.Scaling("Defaults.cfg")));
 }
 
-// The edit that else takes the caret is locked.
+// The edit that usually takes the caret is locked here.
 TEST_F(TenChannels, TheCaretStaysInNoValueBox) {
     session.Host().SendRecord(TenChannelRecord(12, 128));
     ASSERT_TRUE(ShowsChannel(0, L"12"));
@@ -306,7 +306,8 @@ TEST_F(FuelButtons, AClosedMeterCanBeOpenedAgain) {
     EXPECT_EQ(MeterTitles(main), (std::multiset<std::wstring>{kConsumption}));
 }
 
-// 4 l/h at 50 km/h are 8 l/100km, of 20; standing, 8 l/h are nearly all of 10.
+// 4 l/h at 50 km/h are 8 l/100km, on a scale up to 20. At a standstill the scale ends at 10 l/h, and 8 are
+// near its end.
 TEST_F(FuelButtons, TheConsumptionMeterFollowsTheDrive) {
     const auto record = [](const char* speed, const char* flow) {
         return RecordOf("038 906 019 FT", std::string("G001,F0,780,/min,G000,,,,G001,F2,") + speed +

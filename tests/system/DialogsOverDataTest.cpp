@@ -1,5 +1,5 @@
-// Preferences and About left open while the host goes on. The acquisition runs below them on the same stack
-// and stands still on purpose: what the host sends meanwhile waits in the pipe.
+// Somebody leaves Preferences or About open while the host goes on. The acquisition is below the dialog on
+// the same stack, and waits there on purpose: what the host sends meanwhile stays in the pipe.
 #include "tests/support/system/ProgramState.h"
 
 namespace plotvane::test {
@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 
 struct SystemDialog {
     WPARAM command;
-    int control;  // that only this dialog has
+    int control;  // one that only this dialog has
     const char* name;
 };
 
@@ -19,7 +19,7 @@ void PrintTo(const SystemDialog& dialog, std::ostream* out) {
 
 class DialogOverData : public AnyState, public ::testing::WithParamInterface<SystemDialog> {
 protected:
-    // Over a program that shows what the host sends.
+    // Opens the dialog over a program that shows what the host sends.
     void Open() {
         Enter(ProgramState::LiveRunning);
         ASSERT_FALSE(HasFatalFailure());
@@ -28,7 +28,7 @@ protected:
         ASSERT_TRUE(dialog.Exists());
         answers = std::make_unique<AnswerWatch>(main.Get());
     }
-    // The window answers meanwhile, and shows nothing new.
+    // The window answers, but shows nothing new.
     void StandsStillBelowIt() {
         EXPECT_TRUE(Becomes([this] { return session.Host().Unread() > 0; }, true));
         const std::wstring shown = session.ValueText(0);

@@ -1,4 +1,4 @@
-// The host that docs/pipe-protocol.md shows to those who write one; the build takes it from the page.
+// The host that docs/pipe-protocol.md shows to authors of hosts. The build takes it from the page.
 #include <gtest/gtest.h>
 
 #include "tests/support/system/Session.h"

@@ -1,4 +1,4 @@
-// People in a hurry: every button and every key that ends something, in every state of the program.
+// People in a hurry press every button, and every key that ends something, in every state of the program.
 #include "tests/support/system/ProgramState.h"
 
 namespace plotvane::test {
@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 class Pressing : public AnyState {
 protected:
-    // What a person can press now: buttons and check boxes that are shown and enabled, no frames.
+    // The buttons and check boxes that a person can press now: shown and enabled, and no group boxes.
     std::vector<int> PressableButtons() const {
         std::vector<int> ids;
         for (HWND child = ::GetWindow(main.Get(), GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
@@ -23,16 +23,16 @@ protected:
         return ids;
     }
 
-    // Down and up, as a mouse does; the test waits for the answer afterwards.
+    // Presses and releases the button as a mouse does, and waits for an answer.
     ::testing::AssertionResult PressAndAnswer(int id) {
         main.Control(id).Post(BM_CLICK);
         for (int turn = 0; turn < 3; ++turn) {
-            if (!main.Answers(kDeadline)) return ::testing::AssertionFailure() << "no answer behind " << id;
+            if (!main.Answers(kDeadline)) return ::testing::AssertionFailure() << "no answer after " << id;
         }
         return ::testing::AssertionSuccess();
     }
 
-    // Whether no dialog for choosing a log is left.
+    // Cancels dialogs for choosing a log until none is left.
     ::testing::AssertionResult CancelsFileDialog() {
         return Becomes(
             [this] {
@@ -61,7 +61,7 @@ TEST_P(EveryState, EachButtonThatChangesNoRunCanBePressed) {
     int pressed = 0;
     for (const int id : PressableButtons()) {
         if (id == IDC_STOP || id == IDC_PAUSE || id == IDC_LOAD_LOG) continue;
-        // Twice: a check box is as before then.
+        // Twice, so that a check box is as before.
         EXPECT_TRUE(PressAndAnswer(id)) << id;
         EXPECT_TRUE(PressAndAnswer(id)) << id;
         ++pressed;
@@ -72,8 +72,8 @@ TEST_P(EveryState, EachButtonThatChangesNoRunCanBePressed) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// Of Stop, Pause and Load log file those that a state offers. What they do is said elsewhere; here nothing
-// may get stuck after them.
+// Those of Stop, Pause and Load log file that a state offers. Other tests check what they do; here nothing
+// may get stuck afterwards.
 struct OfferedButton {
     int id;
     const char* name;
@@ -103,7 +103,7 @@ TEST_P(RunButton, LeavesNothingStuck) {
     ASSERT_TRUE(main.IsEnabled(id));
     AnswerWatch answers(main.Get());
     EXPECT_TRUE(PressAndAnswer(id));
-    if (id != IDC_LOAD_LOG) {  // how long the system takes to open its dialog for files is its own affair
+    if (id != IDC_LOAD_LOG) {  // opening its dialog for files may take the system long
         EXPECT_TRUE(AnsweredPromptly(answers));
     }
     if (id == IDC_LOAD_LOG && (state == ProgramState::Idle || state == ProgramState::ReplayEnded)) {
@@ -139,7 +139,7 @@ TEST_P(EveryState, EnterEndsNothing) {
         Key(VK_RETURN);
         EXPECT_TRUE(main.Answers(kDeadline));
     }
-    // It presses the button that has the focus: Pause, or Load.
+    // Enter presses the button that has the focus: Pause or Load.
     EXPECT_TRUE(CancelsFileDialog());
     EXPECT_TRUE(ComesBackToLife());
     EXPECT_TRUE(ClosesPromptly(session));

@@ -1,4 +1,4 @@
-// What the program leaves on the disk, to the byte.
+// Which bytes the program leaves on the disk.
 #include <gtest/gtest.h>
 
 #include <set>

@@ -24,7 +24,7 @@ protected:
     TempFolder m_elsewhere;
 };
 
-TEST_F(ReadOnlyFolder, IsNoHindranceToStartingAndClosing) {
+TEST_F(ReadOnlyFolder, DoesNotPreventStartingAndClosing) {
     ASSERT_FALSE(std::filesystem::exists(session.Scaling("")));
     Start();
     EXPECT_FALSE(HasDialog());
@@ -45,7 +45,7 @@ TEST_F(ReadOnlyFolder, PlaysALogAndSaysAtItsEndThatTheRangesAreNotSaved) {
     EXPECT_TRUE(session.Closes());
 }
 
-TEST_F(ReadOnlyFolder, SaysItAtACloseInMidReplayTooAndEnds) {
+TEST_F(ReadOnlyFolder, SaysSoAlsoWhenClosedDuringAReplayAndEnds) {
     Start();
     Load(LogElsewhere());
     ASSERT_TRUE(session.Shows(0, L"1240 /min"));
@@ -54,7 +54,7 @@ TEST_F(ReadOnlyFolder, SaysItAtACloseInMidReplayTooAndEnds) {
     EXPECT_TRUE(session.Process().EndsWithin(kDeadline));
 }
 
-// A folder copied from a disc: each file is there, and protected.
+// A folder copied from a disc: every file is there, but write-protected.
 class ReadOnlyFiles : public Replay {
 protected:
     void Protect(const char* name, std::string_view bytes) {
@@ -92,7 +92,7 @@ TEST_F(ReadOnlyFiles, AreReadAndStayAsTheyAre) {
     EXPECT_EQ(BytesOf(session.Scaling(kScalingFile)), ranges);
 }
 
-// A folder whose whole path has so many characters.
+// A folder whose full path has this many characters.
 std::filesystem::path FolderOfLength(std::size_t length) {
     const std::filesystem::path above = std::filesystem::temp_directory_path();
     static int folders = 0;
@@ -113,7 +113,7 @@ protected:
     TempFolder m_elsewhere;
 };
 
-TEST_P(LongFolder, HoldsTheSettingsAsAnyOther) {
+TEST_P(LongFolder, HoldsTheSettingsLikeAnyOther) {
     ASSERT_EQ(session.Folder().wstring().size(), GetParam());
     WriteBytes(m_elsewhere / "x.csv", LogThatLingersAt(kDriving));
     Start();
@@ -129,9 +129,9 @@ TEST_P(LongFolder, HoldsTheSettingsAsAnyOther) {
     }
 }
 
-// Without long paths Windows opens a file by up to 259 characters. The ranges have the longest name of all
-// the settings, "Scaling\038-906-019-FT.SCL" behind a backslash; and no folder is the current one with more
-// than 258 characters, which has room for them only where long paths are on.
+// Without long paths Windows opens files with paths of up to 259 characters. The longest path among the
+// settings is that of the ranges: the folder, a backslash and "Scaling\038-906-019-FT.SCL". The path of a
+// current folder has at most 258 characters; there the ranges need long paths.
 constexpr std::size_t kLongestForPlainPaths = 259 - 27;
 constexpr std::size_t kLongestCurrentFolder = 258;
 INSTANTIATE_TEST_SUITE_P(Of, LongFolder, ::testing::Values(kLongestForPlainPaths, kLongestCurrentFolder),

@@ -1,5 +1,5 @@
-// Blocks that no host would send: whatever they hold, the program goes on answering or has closed in good
-// order, and it closes only where it was told to.
+// Blocks that no host would send. Whatever they hold, the program keeps answering or closes properly, and it
+// closes only if a block said so.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -15,8 +15,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Blocks of each kind. A few hundred fit into a test run, because the program takes twenty a second and has
-// to be started afresh behind each that is malformed; PLOTVANE_BLOCKS asks for more.
+// The number of blocks of each kind. A test run has time for a few hundred, because the program takes twenty
+// a second and must be restarted after each malformed one. PLOTVANE_BLOCKS asks for more.
 int HowMany() {
     constexpr int kUsual = 60;
     const char* const asked = std::getenv("PLOTVANE_BLOCKS");
@@ -40,7 +40,7 @@ std::string Flipped(Random& random, int number) {
     return block;
 }
 
-// Up to so many characters of any kind, but no comma: that would end an item.
+// Up to `length` characters of any kind, except a comma, which would end the item.
 std::string ItemUpTo(Random& random, int length) {
     std::string item;
     for (int left = Below(random, length + 1); left > 0; --left) {
@@ -50,8 +50,8 @@ std::string ItemUpTo(Random& random, int length) {
     return item;
 }
 
-// Once in twenty any bytes at all. Otherwise, so that not every block is the last that a run of the program
-// reads, the form of a record, with anything in its items.
+// One block in twenty is random bytes. The others have the form of a record with random items, because the
+// program reads nothing after a malformed block.
 std::string Arbitrary(Random& random, int) {
     std::string block;
     if (Below(random, 20) == 0) {
@@ -84,21 +84,21 @@ protected:
             m_closesAllowed = false;
             while (sent < blocks && SendSome(session, random, make, sent)) {
             }
-            sent -= static_cast<int>(session.Host().Unread() / kBlockBytes);  // these nobody has looked at
+            sent -= static_cast<int>(session.Host().Unread() / kBlockBytes);  // nobody has read these
             if (session.Process().Running()) {
-                EXPECT_TRUE(AnsweredPromptly(answers)) << "behind block " << sent;
-                EXPECT_TRUE(ClosesPromptly(session)) << "behind block " << sent;
+                EXPECT_TRUE(AnsweredPromptly(answers)) << "after block " << sent;
+                EXPECT_TRUE(ClosesPromptly(session)) << "after block " << sent;
             } else {
-                EXPECT_TRUE(m_closesAllowed) << "it ended by itself behind block " << sent;
-                EXPECT_EQ(session.Process().ExitCode(), 0u) << "behind block " << sent;
+                EXPECT_TRUE(m_closesAllowed) << "it ended by itself after block " << sent;
+                EXPECT_EQ(session.Process().ExitCode(), 0u) << "after block " << sent;
             }
             ExpectNoFileButScaling(session);
         }
     }
 
 private:
-    // A record names the file that its ranges are saved in. Whatever it says, that is one in the folder for
-    // them.
+    // A record names the file for its ranges. Whatever name it gives, that file must be in the folder
+    // Scaling.
     static void ExpectNoFileButScaling(const Session& session) {
         for (const auto& entry : std::filesystem::directory_iterator(session.Folder())) {
             EXPECT_TRUE(entry.path().filename() == "Scaling" || entry.path() == session.ExchangeFile())
@@ -109,21 +109,21 @@ private:
         }
     }
 
-    // Sends a few blocks and waits until they are read. False where the program reads no more.
+    // Sends a few blocks and waits until they are read. False if the program no longer reads.
     bool SendSome(Session& session, Random& random, std::string (*make)(Random&, int), int& sent) {
         for (int more = 0; more < kAtATime; ++more) {
             const std::string block = make(random, ++sent);
             m_closesAllowed = m_closesAllowed || block.find('\xFD') != std::string::npos;
             session.Host().Send(block);
         }
-        // As long as the number of unread bytes goes down they are being read.
+        // While the number of unread bytes falls, the program reads.
         int startsOver = 0;
         for (DWORD left = session.Host().Unread(); left > 0;) {
             const bool reads = bool(Becomes([&] { return session.Host().Unread() < left; }, true, kStill));
             if (!session.Process().Running()) return false;
             if (!reads && !StartsOver(session)) return false;
             if (!reads && ++startsOver > kAtATime) {
-                ADD_FAILURE() << "it starts over, and over, and reads nothing";
+                ADD_FAILURE() << "it keeps starting over and reads nothing";
                 return false;
             }
             left = session.Host().Unread();
@@ -131,8 +131,7 @@ private:
         return true;
     }
 
-    // A block that begins with 0xFE stops the program, and Pause starts it again. False where it is not
-    // stopped.
+    // A block that begins with 0xFE stops the program, and Pause starts it again. False if it is not stopped.
     bool StartsOver(Session& session) {
         if (ButtonsOf(session.Main()).pauseImage == m_runningImage) return false;
         session.Main().PostClick(IDC_PAUSE);
@@ -146,7 +145,7 @@ private:
     bool m_closesAllowed = false;
 };
 
-TEST_F(ForeignBlocks, WithBitsTurnedOver) {
+TEST_F(ForeignBlocks, WithFlippedBits) {
     SendAll(Flipped, 20261121);
 }
 

@@ -1,4 +1,4 @@
-// Hosts that die, stutter, flood or fall silent, and a program that goes on answering throughout.
+// The host dies, stutters, floods the pipe or falls silent; the program keeps answering.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -65,7 +65,7 @@ TEST_F(HostFaults, ABlockInTwoPartsIsShownRightWhereverItIsSplit) {
         const std::string block = BlockOf(DriveRecord(number));
         TheHost().Send(block.substr(0, split));
         ASSERT_TRUE(HasTakenAll()) << split;
-        ASSERT_EQ(ShownNumber(), number - 1) << "a part is shown already, of " << split << " bytes";
+        ASSERT_EQ(ShownNumber(), number - 1) << "the program shows a part of " << split << " bytes";
         TheHost().Send(block.substr(split));
         ASSERT_TRUE(session.Shows(0, DriveText(number))) << split;
         const std::wstring last = std::to_wstring(number % 100) + L".5 %";
@@ -83,7 +83,7 @@ TEST_F(HostFaults, AFloodOfNothingNewHidesNoRecordAndHoldsNothingUp) {
     }
     EXPECT_GT(flood.Sent(), 20);
     EXPECT_TRUE(AnsweredPromptly(*answers));
-    EXPECT_TRUE(ClosesPromptly(session)) << "in the midst of it";
+    EXPECT_TRUE(ClosesPromptly(session)) << "during the flood";
 }
 
 TEST_F(HostFaults, RecordsAsFastAsThePipeTakesThemAreShownOneAfterAnother) {
@@ -98,7 +98,7 @@ TEST_F(HostFaults, RecordsAsFastAsThePipeTakesThemAreShownOneAfterAnother) {
             return now > 60;
         },
         true));
-    EXPECT_GT(TheHost().Unread(), 30'000u) << "the pipe is full all the while";
+    EXPECT_GT(TheHost().Unread(), 30'000u) << "the pipe is always full";
     EXPECT_TRUE(AnsweredPromptly(*answers));
     EXPECT_TRUE(ClosesPromptly(session)) << "with the pipe full";
 }
@@ -115,7 +115,7 @@ TEST_F(HostFaults, SilenceBeforeAfterAndInsideABlockHoldsNothingUp) {
     EXPECT_TRUE(ClosesPromptly(session)) << "inside a block";
 }
 
-TEST_F(HostFaults, AHostThatClosesInTheMidstOfAFloodEndsTheProgram) {
+TEST_F(HostFaults, AHostThatClosesDuringAFloodEndsTheProgram) {
     Feed flood = Feed::NothingNew(TheHost());
     ASSERT_TRUE(Becomes([&] { return flood.Sent() > 100; }, true));
     flood.Stop();
@@ -123,10 +123,10 @@ TEST_F(HostFaults, AHostThatClosesInTheMidstOfAFloodEndsTheProgram) {
     EXPECT_TRUE(EndsPromptly(session));
 }
 
-// A number that is not the pipe's but, say, 0 behind which a console stands: reading it would wait for
-// somebody to type. It counts as a pipe that is closed, and so as a host that has stopped.
+// The exchange file names the descriptor of a console, such as 0, instead of the pipe. Reading that would
+// wait for somebody to type. It counts as a closed pipe, and so as a host that has stopped.
 TEST(HostThatNamesAConsole, CountsAsStoppedAndHoldsNothingUp) {
-    ::FreeConsole();  // one that cannot be typed into, if any
+    ::FreeConsole();  // a console that nobody can type into, if there is one
     ASSERT_TRUE(::AllocConsole()) << ::GetLastError();
     SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
     Handle console(::CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,

@@ -1,4 +1,4 @@
-// A host that stops, closes, falls silent, breaks off or dies: the window goes on answering.
+// The host stops, closes, falls silent, breaks off or dies; the window keeps answering.
 #include <gtest/gtest.h>
 
 #include "tests/support/system/Prompt.h"
@@ -41,13 +41,13 @@ TEST_F(Host, HalfABlockLeavesTheWindowAnsweringAndIsFinishedLater) {
     EXPECT_TRUE(m_session.Shows(0, L"780 /min"));
 }
 
-TEST_F(Host, HalfABlockDoesNotHinderClosing) {
+TEST_F(Host, HalfABlockDoesNotPreventClosing) {
     TheHost().Send(kFirstRecord.substr(0, 20));
     ASSERT_TRUE(Becomes([this] { return TheHost().Unread(); }, 0u));
     EXPECT_TRUE(m_session.Closes());
 }
 
-TEST_F(Host, AHostThatDiesInMidBlockCountsAsStopped) {
+TEST_F(Host, AHostThatDiesInTheMiddleOfABlockCountsAsStopped) {
     TheHost().SendRecord(kFirstRecord);
     ASSERT_TRUE(m_session.Shows(0, L"780 /min"));
     TheHost().Send(kSecondRecord.substr(0, 100));
@@ -76,7 +76,7 @@ TEST_F(Host, RestartingAfterTheHostHasDiedStopsAgain) {
 }
 
 TEST_F(Host, NothingNewDrawsNothingAndHoldsNothingUp) {
-    // Far more than one a turn: a program that waited its turn for each would lag by a quarter of an hour.
+    // A program that waited 50 ms for each of these bytes would lag by a quarter of an hour.
     TheHost().Send(std::string(20'000, '\xFF'));
     EXPECT_TRUE(KeepsAnswering(m_session.Main()));
     EXPECT_EQ(m_session.ValueText(0), L"");
@@ -163,7 +163,7 @@ TEST_F(Host, AMalformedRecordEndsTheReadingForGood) {
     EXPECT_TRUE(Stays([this] { return TheHost().Unread(); }, 513u, 500ms));
     EXPECT_EQ(m_session.ValueText(0), L"780 /min") << "the display keeps its last state";
     EXPECT_TRUE(KeepsAnswering(m_session.Main()));
-    // Pause twice: neither holds for good nor reads again.
+    // Press Pause twice: the program must neither hang nor read again.
     m_session.Main().PostClick(IDC_PAUSE);
     m_session.Main().PostClick(IDC_PAUSE);
     EXPECT_TRUE(Stays([this] { return TheHost().Unread(); }, 513u, 300ms));
@@ -173,7 +173,7 @@ TEST_F(Host, AMalformedRecordEndsTheReadingForGood) {
 TEST_F(Host, LoadingALogIsNotOfferedWhileTheHostRuns) {
     TheHost().SendRecord(kFirstRecord);
     ASSERT_TRUE(m_session.Shows(0, L"780 /min"));
-    // Enter reaches the hidden default button and comes as IDOK too.
+    // Enter reaches the hidden default button, and also arrives as IDOK.
     m_session.Main().PostClick(IDC_LOAD_LOG);
     m_session.Main().PostClick(IDOK);
     TheHost().SendRecord(kSecondRecord);
@@ -181,7 +181,7 @@ TEST_F(Host, LoadingALogIsNotOfferedWhileTheHostRuns) {
     EXPECT_EQ(WindowsOf(m_session.Process().Id()).size(), 1u);
 }
 
-// What the host hands over says how wide its handles are.
+// The block that the host hands over shows how wide its handles are.
 TEST(HostOf32Bits, IsUnderstoodAsWell) {
     Session session;
     session.StartWithHost([](HANDLE pipe, int descriptor) { return DescriptorBlock(pipe, descriptor, 4); });
@@ -203,7 +203,7 @@ TEST(HostWithABrokenBlock, CountsAsStopped) {
     EXPECT_TRUE(session.Closes());
 }
 
-TEST(NoExchangeFile, IsSaidAndEndsTheProgram) {
+TEST(NoExchangeFile, IsReportedAndEndsTheProgram) {
     Session session;
     session.StartWithHostButNoExchangeFile();
     constexpr int kMessageText = 0xFFFF;

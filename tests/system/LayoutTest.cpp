@@ -40,7 +40,7 @@ protected:
     void SetUp() override {
         m_session.Start();
         m_main = m_session.Main();
-        // The start-up decision has been made, so the controls that it shows are there.
+        // The program has chosen its mode, so it shows the controls of that mode.
         ASSERT_TRUE(Becomes([this] { return m_main.IsShown(IDC_LOAD_LOG); }, true));
         m_size = m_main.Size();
     }
@@ -93,7 +93,7 @@ TEST_F(Layout, ManySizesInARowAreOneRelayout) {
     EXPECT_TRUE(Stays([this] { return Chart(); }, second, 400ms));
 }
 
-TEST_F(Layout, ThereAndBackAgainStillLeavesTheNextResizeItsRelayout) {
+TEST_F(Layout, AfterAResizeAndBackTheNextResizeIsStillLaidOut) {
     const HWND first = Chart();
     m_main.ResizeTo(m_size.cx + 1, m_size.cy + 1);
     m_main.ResizeTo(m_size.cx, m_size.cy);

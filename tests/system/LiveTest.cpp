@@ -120,12 +120,13 @@ TEST(Live, TheTraceStartsWithTheSecondRecord) {
     const ChartOnScreen chart(session.Main());
     session.Host().SendRecord(kFirstRecord);
     ASSERT_TRUE(session.Shows(0, L"780 /min"));
-    // The ranges are new, so the first record ends in a redraw of the whole chart.
+    // The ranges are new, so after the first record the program redraws the whole chart.
     EXPECT_TRUE(
         Stays([&] { return chart.Rows(chart.PlotRight() - 2, 0x0000FF); }, std::vector<int>{}, 300ms));
 
     session.Host().SendRecord(kFirstRecord);
-    // Pen up at the row of the first record, four pixels to the right: shift 3 and the extension.
+    // The trace begins in the row of the first record and is four pixels wide: a shift of 3 and the
+    // extension.
     const int row = chart.RowOf(780, 0, 6000);
     const int right = chart.PlotRight();
     for (int x = right - 4; x <= right - 1; ++x) {

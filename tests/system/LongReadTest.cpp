@@ -1,7 +1,7 @@
-// Logs that take seconds to be read over: a line of gigabytes, or what a crash leaves where a file was to
-// grow, nothing but NULs. The window goes on answering, and what the user asks for ends the reading at once.
+// Logs that take seconds to read: with a line of gigabytes, for example the NULs that a crash leaves in a
+// file. The window keeps answering, and a Stop or a close ends the reading at once.
 #include <windows.h>
-// After it, whose types it needs.
+// Needs the types of windows.h.
 #include <winioctl.h>
 
 #include "tests/support/system/Handle.h"
@@ -14,10 +14,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The disk does not have to hold them: nothing was ever written there.
-constexpr std::uintmax_t kNothing = std::uintmax_t{64} << 30;  // bytes; minutes of reading
+// The file is sparse, so the disk need not hold these bytes.
+constexpr std::uintmax_t kNothing = std::uintmax_t{64} << 30;  // bytes; reading them takes minutes
 
-// Makes a file that long. std::filesystem::resize_file would ask for as much free space.
+// Makes a file this long. std::filesystem::resize_file would need as much free space.
 void Lengthen(const std::filesystem::path& path, std::uintmax_t size) {
     const Handle file(::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     DWORD returned = 0;
@@ -30,18 +30,17 @@ void Lengthen(const std::filesystem::path& path, std::uintmax_t size) {
 
 class LongRead : public Replay {
 protected:
-    // A file with that beginning and nothing more.
-    std::filesystem::path WriteWithNothingBehind(const std::filesystem::path& name,
-                                                 std::string_view beginning) {
+    // A file with this beginning, then NULs.
+    std::filesystem::path WriteAndLengthen(const std::filesystem::path& name, std::string_view beginning) {
         const auto path = WriteLog(name, beginning);
         Lengthen(path, kNothing);
         return path;
     }
-    // Plays three rows of a log, and then comes the long one.
+    // Plays three rows of a log, up to the long one.
     void PlayToTheLongRow() {
         Start();
-        Load(WriteWithNothingBehind("long.csv",
-                                    ClassicLog({{"0.01", kIdle}, {"0.02", kIdle}, {"0.03", kDriving}})));
+        Load(
+            WriteAndLengthen("long.csv", ClassicLog({{"0.01", kIdle}, {"0.02", kIdle}, {"0.03", kDriving}})));
         ASSERT_TRUE(session.Shows(0, L"1240 /min"));
         ASSERT_TRUE(Becomes([this] { return main.Text(IDC_ELAPSED); }, L"0.03"));
     }
@@ -51,7 +50,7 @@ TEST_F(LongRead, InARowKeepsTheWindowAliveAndACloseEndsIt) {
     PlayToTheLongRow();
     ASSERT_FALSE(HasFatalFailure());
     EXPECT_TRUE(KeepsAnswering(main));
-    EXPECT_TRUE(main.IsEnabled(IDC_STOP)) << "it is still read";
+    EXPECT_TRUE(main.IsEnabled(IDC_STOP)) << "the row is still being read";
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
@@ -70,9 +69,9 @@ TEST_F(LongRead, InARowIsEndedByAStop) {
 
 TEST_F(LongRead, InAHeaderKeepsTheWindowAliveAndACloseEndsIt) {
     Start();
-    Load(WriteWithNothingBehind("long.csv", "Friday,20,November,2026,10:15:30\r\n038 906 019 FT,Engine"));
+    Load(WriteAndLengthen("long.csv", "Friday,20,November,2026,10:15:30\r\n038 906 019 FT,Engine"));
     AnswerWatch answers(main.Get());
-    // Neither opens anything over it.
+    // Neither may open anything over the log.
     main.PostClick(IDC_LOAD_LOG);
     main.PostClick(IDC_PAUSE);
     EXPECT_TRUE(Stays([this] { return HasDialog(); }, false, 1s));
@@ -80,7 +79,7 @@ TEST_F(LongRead, InAHeaderKeepsTheWindowAliveAndACloseEndsIt) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// They are read with the first record.
+// The program reads labels with the first record.
 TEST(LongReadOfLabels, KeepsTheWindowAliveAndACloseEndsIt) {
     Session session;
     const auto labels = session.Folder() / "labels" / "038-906-019-FT.LBL";
@@ -93,7 +92,7 @@ TEST(LongReadOfLabels, KeepsTheWindowAliveAndACloseEndsIt) {
     session.Host().SendRecord(kFirstRecord);
     ASSERT_TRUE(Becomes([&] { return session.Host().Unread(); }, 0u));
     EXPECT_TRUE(KeepsAnswering(main));
-    EXPECT_EQ(session.ValueText(0), L"") << "they are still read";
+    EXPECT_EQ(session.ValueText(0), L"") << "the labels are still being read";
     EXPECT_TRUE(ClosesPromptly(session));
 }
 

@@ -1,5 +1,5 @@
-// Long runs in short: what the program holds of the system does not grow with the records that it has shown.
-// scripts/soak.sh is the same for an hour.
+// Short forms of long runs: the resources that the program holds do not grow with the number of records that
+// it has shown. scripts/soak.sh does the same for an hour.
 #include <gtest/gtest.h>
 
 #include "tests/support/system/MainDialog.h"
@@ -13,13 +13,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What the system itself may still put aside in the first seconds. A program that held on to one object, or
-// to two kilobytes, for each of the few hundred records that are shown here would exceed it.
+// The system itself may still allocate this much in the first seconds. A program that kept one object, or two
+// kilobytes, for each of the few hundred records shown here would exceed it.
 constexpr GrowthAllowance kAllowed{.privateKilobytes = 512, .gdiObjects = 2, .userObjects = 0, .handles = 4};
 
 class LongRun : public Replay {
 protected:
-    // The program has shown its first values and its last title.
+    // Waits until the program has shown its first values and its last title.
     void WaitUntilSettled() {
         ASSERT_TRUE(Becomes([this] { return session.ValueText(0).empty(); }, false));
         ASSERT_TRUE(Becomes([this] { return main.Text().starts_with(L"Plotvane"); }, true));
@@ -46,13 +46,13 @@ protected:
                 return session.Process().Running();
             },
             true, time));
-        EXPECT_GT(changes, 20) << "there was something to grow with";
+        EXPECT_GT(changes, 20) << "the program has shown enough records";
         EXPECT_EQ(GrownBeyond(before, ResourcesOf(main.ProcessId()), kAllowed), "");
         EXPECT_TRUE(AnsweredPromptly(answers));
     }
 };
 
-TEST_F(LongRun, LiveWithMetersOpenHoldsWhatItHolds) {
+TEST_F(LongRun, LiveWithMetersOpenDoesNotGrow) {
     session.StartThroughStandIn(L"--rate 20 --loop");
     main = session.Main();
     WaitUntilSettled();
@@ -69,8 +69,8 @@ TEST_F(LongRun, AHostThatSendsTenTimesTooFastChangesNothing) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// Rows a millisecond apart: none is waited for.
-TEST_F(LongRun, AReplayAtFullPaceHoldsWhatItHolds) {
+// The rows are a millisecond apart, so the replay waits for none.
+TEST_F(LongRun, AReplayAtFullPaceDoesNotGrow) {
     std::vector<LogRowText> rows;
     for (int row = 1; row <= 60'000; ++row) {
         const std::string digits = std::to_string(1000 + row % 1000);

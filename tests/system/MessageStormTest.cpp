@@ -1,5 +1,5 @@
-// Programs that post what they like. PLOTVANE_STORMS says how many storms go over each state; by itself one
-// does.
+// Other programs may post whatever they like. PLOTVANE_STORMS gives the number of storms for each state; the
+// default is one.
 #include <cstdlib>
 
 #include "tests/support/system/MessageStorm.h"
@@ -24,7 +24,7 @@ TEST_P(StormOver, LeavesAProgramThatAnswersAndCloses) {
         Enter(GetParam());
         ASSERT_FALSE(HasFatalFailure()) << "before seed " << seed;
         MessageStorm(main, seed).Post(kMessages);
-        main.Post(WM_LBUTTONUP);  // on a title bar the system waits for it, and looks at nothing else
+        main.Post(WM_LBUTTONUP);  // after a press on the title bar the system waits for this alone
         EXPECT_TRUE(main.Answers(kDeadline)) << "seed " << seed;
         ASSERT_TRUE(session.Process().Running())
             << "seed " << seed << ", ended with " << session.Process().ExitCode();

@@ -1,4 +1,4 @@
-// Meters of the fields, opened by a right click and fed by the drive.
+// The user opens meters of fields by a right click, and the drive moves them.
 #include <gtest/gtest.h>
 
 #include "tests/support/system/MainDialog.h"
@@ -54,7 +54,7 @@ TEST_F(Meters, ARightClickOnASwatchOpensTheMeterOfItsField) {
     EXPECT_EQ(corners, (std::set<std::pair<LONG, LONG>>{{0, 0}, {0, 32}, {0, 64}, {0, 96}}));
 }
 
-// What the mouse itself does: the swatch has nothing to do with the button and passes it on.
+// With real mouse messages: the swatch does not handle the button and passes it on.
 TEST_F(Meters, TheRightMouseButtonOverASwatchIsTheRightClick) {
     Start();
     main.Control(IDC_SWATCH_WINDOW_FIRST + 1).Send(WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(3, 3));
@@ -142,8 +142,8 @@ TEST_F(Meters, ANewLimitReachesTheMeterWithTheNextRecord) {
     ASSERT_EQ(OpenMeters(main).size(), 1u);
     const RemoteWindow meter = OpenMeters(main).front();
     session.Host().SendRecord(SpeedRecord(1200));
-    // With other slots in use the first one is selected again, and with it comes the old limit: the record
-    // has to be through before anything is typed.
+    // This record uses other slots, so the program selects the first one again and shows its old limit. Wait
+    // for the record before typing.
     ASSERT_TRUE(session.Shows(0, L"1200 /min"));
     EXPECT_TRUE(Becomes([&] { return SideOfNeedle(meter, kFirstTraceColour); }, -1));
     main.Type(IDC_SCALE_MAX, L"1300");

@@ -44,7 +44,7 @@ TEST_F(ReplayControls, ANewSpeedIsInForceAtOnce) {
     Load(WriteLog("x.csv", LogThatLingersAt(kDriving)));
     ASSERT_TRUE(session.Shows(0, L"1240 /min"));
     for (int press = 0; press < 3; ++press) main.Click(IDC_REPLAY_FASTER);
-    // 4.9 seconds of the log are 0.6 now.
+    // 4.9 seconds of the log now take 0.6.
     EXPECT_TRUE(Becomes([this] { return session.ValueText(0); }, L"780 /min", 3000ms));
 }
 
@@ -64,7 +64,7 @@ TEST_F(ReplayControls, AJumpInTimeLeavesAGapInsteadOfALongWait) {
                                        {"1005", kIdle}})));
     EXPECT_TRUE(session.Shows(0, L"1240 /min"));
     EXPECT_TRUE(session.Shows(0, L"780 /min"));
-    // Thirty pixels, then the new trace with its three.
+    // The gap has thirty pixels. To its right is the new trace, with a shift of three.
     const ChartOnScreen chart(main);
     const int right = chart.PlotRight();
     EXPECT_TRUE(Becomes([&] { return chart.Rows(right - 2, kFirstTraceColour).empty(); }, false));
@@ -73,7 +73,7 @@ TEST_F(ReplayControls, AJumpInTimeLeavesAGapInsteadOfALongWait) {
     EXPECT_NE(chart.Rows(right - 38, kFirstTraceColour), std::vector<int>{});
 }
 
-// Both lie in the same place of the window.
+// They overlap in the window.
 TEST_F(ReplayControls, SpeedAndFuelButtonsBothWork) {
     Load(WriteLog("x.csv", LogThatLingersAt(kDriving)));
     ASSERT_TRUE(session.Shows(0, L"1240 /min"));

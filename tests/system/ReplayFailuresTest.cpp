@@ -1,5 +1,5 @@
-// What a replay says when a file is not what it should be: each message with its text and caption, and what
-// is left afterwards.
+// What a replay says when a file is not what it should be: the text and caption of each message, and the
+// state afterwards.
 #include "tests/support/system/Handle.h"
 #include "tests/support/system/Replay.h"
 
@@ -15,17 +15,17 @@ protected:
         m_atRest = Buttons();
     }
 
-    // After a log was refused.
+    // Call it after the program has refused a log.
     void ExpectNothingIsLoaded() {
         EXPECT_TRUE(Becomes([this] { return Buttons(); }, m_atRest));
         EXPECT_FALSE(HasDialog());
         for (int slot = 0; slot < 12; ++slot) EXPECT_EQ(session.ValueText(slot), L"");
     }
-    // After a replay that has ended before its time.
+    // Call it after a replay that has ended too early.
     void ExpectTheReplayIsOver() {
         EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
         EXPECT_TRUE(Buttons().pauseEnabled);
-        EXPECT_FALSE(HasDialog()) << "it is said once";
+        EXPECT_FALSE(HasDialog()) << "the message comes once";
     }
 
     RunButtonsSeen m_atRest;
@@ -45,7 +45,7 @@ TEST_F(ReplayFailures, AFirstLineWithALetterInItsTimeIsRefused) {
     ExpectNothingIsLoaded();
 }
 
-TEST_F(ReplayFailures, AFileThatCannotBeOpenedIsSaid) {
+TEST_F(ReplayFailures, AFileThatCannotBeOpenedIsReported) {
     const auto log = WriteLog("x.csv", ClassicLog({{"0.01", kIdle}}));
     const Handle keptToOneself(
         ::CreateFileW(log.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -68,7 +68,7 @@ TEST_F(ReplayFailures, ARowCutShortEndsTheReplayWithAMessage) {
     EXPECT_EQ(session.ValueText(0), L"1240 /min") << "what was drawn stays";
 }
 
-TEST_F(ReplayFailures, ASecondLogBehindTheFirstEndsTheReplayWithAMessage) {
+TEST_F(ReplayFailures, ASecondLogAfterTheFirstEndsTheReplayWithAMessage) {
     const std::string log = ClassicLog({{"0.01", kIdle}, {"0.02", kDriving}});
     Load(WriteLog("x.csv", log + log));
     ConfirmMessage(L"Unexpected end of values. Is this an appended log file?", L"Uh oh....");
@@ -100,10 +100,10 @@ TEST_F(ReplayFailures, AnEmptyRangeFileOfTheModuleIsReadAndWrittenAgain) {
     EXPECT_NE(written.find("\r\n255,0,100,0,100,0,100,0,100,\r\n"), std::string::npos);
 }
 
-TEST_F(ReplayFailures, RangesThatCannotBeSavedAreSaid) {
+TEST_F(ReplayFailures, RangesThatCannotBeSavedAreReported) {
     Load(WriteLog("x.csv", LogThatLingersAt(kDriving)));
     ASSERT_TRUE(session.Shows(0, L"1240 /min"));
-    // A folder of that name cannot be written to as a file.
+    // A folder has the name of the file, so the program cannot write it.
     std::filesystem::remove(session.Scaling("038-906-019-FT.SCL"));
     std::filesystem::create_directory(session.Scaling("038-906-019-FT.SCL"));
     Press(IDC_STOP);

@@ -1,4 +1,4 @@
-// The forms in which the host writes its logs, and what the program shows of each.
+// What the program shows of each form of the host's logs.
 #include <array>
 
 #include "tests/support/DegreeSign.h"
@@ -15,7 +15,7 @@ class ReplayForms : public Replay {
 protected:
     void SetUp() override { Start(); }
 
-    // As they are once the last row has been read.
+    // The values once the program has read the last row.
     void ExpectValues(const BoxTexts& wanted) {
         EXPECT_TRUE(Becomes(
             [this] {
@@ -73,7 +73,7 @@ TEST_F(ReplayForms, TenChannelsInPlaceOfTheFirstChartRow) {
         EXPECT_TRUE(main.IsShown(IDC_CHANNEL_VALUE_FIRST + channel)) << channel;
     for (int slot = 0; slot < 4; ++slot) EXPECT_FALSE(main.IsShown(IDC_VALUE_FIRST + slot)) << slot;
     EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
-    EXPECT_FALSE(HasDialog()) << "eighteen values a row are a whole row here";
+    EXPECT_FALSE(HasDialog()) << "here a row is whole with eighteen values";
 }
 
 TEST_F(ReplayForms, FieldsOfTheUsersChoice) {

@@ -1,4 +1,4 @@
-// Numbers are written with a point, whatever the user's system writes.
+// The program writes numbers with a point, even if the user's system writes a comma.
 #include "tests/support/system/Records.h"
 #include "tests/support/system/Replay.h"
 

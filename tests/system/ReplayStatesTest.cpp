@@ -1,4 +1,4 @@
-// Load, Stop and Pause from state to state: what the buttons offer, and what they do.
+// Load, Stop and Pause in each state: what the buttons offer, and what they do.
 #include "tests/support/system/Replay.h"
 
 #include <dlgs.h>
@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 constexpr COLORREF kFirstTraceColour = 0x0000FF;
 
-// Over at once.
+// A replay that is over at once.
 const std::string kShortLog = ClassicLog({{"0.01", kIdle}, {"0.02", kDriving}});
 
 class ReplayStates : public Replay {
@@ -29,11 +29,11 @@ protected:
         Load(WriteLog("x.csv", kShortLog));
         ASSERT_TRUE(session.Shows(0, L"1240 /min"));
         ASSERT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
-        ASSERT_TRUE(main.Answers(5000ms));  // and the file is closed again
+        ASSERT_TRUE(main.Answers(5000ms));  // the handler is over, so the file is closed
     }
     bool IsPlaying() const { return Buttons().stopImage != m_atRest.stopImage; }
 
-    // Stopped after a replay: nothing but starting over or another log.
+    // The replay is stopped: the user can only start over or load another log.
     void ExpectStartingOverIsOffered() {
         EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
         const RunButtonsSeen seen = Buttons();
@@ -131,7 +131,7 @@ TEST_F(ReplayStates, AfterAStopTheSameLogIsReplayedFromItsFirstRowWithoutAsking)
     PlayUpToTheLongPause();
     Press(IDC_STOP);
     ExpectStartingOverIsOffered();
-    // Another log under the same name tells that the file is read again.
+    // Another log under the same name shows that the program reads the file again.
     WriteLog("x.csv", LogThatLingersAt(kOther));
     Press(IDC_PAUSE);
     EXPECT_TRUE(session.Shows(0, L"900 /min"));
@@ -171,7 +171,7 @@ TEST_F(ReplayStates, AtTheEndOfTheLogTheProgramStopsByItself) {
     ExpectStartingOverIsOffered();
 }
 
-// Names without a folder are looked for where the dialog begins.
+// The dialog looks for a name without a folder in the folder in which it begins.
 TEST_F(ReplayStates, TheFileDialogBeginsInTheFolderOfLogs) {
     WriteLog("x.csv", LogThatLingersAt(kDriving));
     WriteBytes(session.Folder() / "x.csv", LogThatLingersAt(kOther));
@@ -210,7 +210,7 @@ TEST_F(ReplayStates, ACancelledDialogGivesUpTheLogBefore) {
     EXPECT_EQ(session.ValueText(0), L"1240 /min");
 }
 
-TEST_F(ReplayStates, AFileThatIsGoneIsSaidAndCanBeTriedAgain) {
+TEST_F(ReplayStates, AFileThatIsGoneIsReportedAndCanBeTriedAgain) {
     PlayToTheEnd();
     const auto log = session.Folder() / "LOGS" / "x.csv";
     std::filesystem::rename(log, session.Folder() / "kept.csv");
@@ -218,8 +218,8 @@ TEST_F(ReplayStates, AFileThatIsGoneIsSaidAndCanBeTriedAgain) {
     Press(IDC_PAUSE);
     ConfirmMessage(L"Sorry, can't open this file.", L"Error");
     EXPECT_TRUE(Becomes([this] { return ::IsWindowEnabled(main.Get()) != FALSE; }, true));
-    EXPECT_EQ(Buttons(), before) << "the same is offered again";
-    EXPECT_FALSE(HasDialog()) << "it is said once";
+    EXPECT_EQ(Buttons(), before) << "the program offers the same again";
+    EXPECT_FALSE(HasDialog()) << "the message comes once";
 
     WriteLog("x.csv", LogThatLingersAt(kOther));
     Press(IDC_PAUSE);

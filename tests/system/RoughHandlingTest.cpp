@@ -1,4 +1,5 @@
-// Every meter open, a window that is pulled about, and copies started over and over.
+// Every meter is open, somebody keeps resizing the window, starts more copies, and presses faster than the
+// program can follow.
 #include <random>
 
 #include "tests/support/system/MainDialog.h"
@@ -26,8 +27,8 @@ protected:
         }
         ASSERT_EQ(OpenMeters(main).size(), kAllMeters);
     }
-    // Waits until what was posted to the window has been handled: the effect of a press that is posted after
-    // it shows that.
+    // Waits until the window has handled everything posted to it: posts one more press and waits for its
+    // effect.
     ::testing::AssertionResult HandlesAll() {
         const std::wstring before = main.Text(IDC_SHIFT_LABEL);
         main.PostClick(before.ends_with(L":3") ? IDC_SHIFT_UP : IDC_SHIFT_DOWN);
@@ -72,7 +73,7 @@ TEST_F(RoughHandling, AnotherLogIsLoadedWithEveryMeterOpen) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-TEST_F(RoughHandling, EveryMeterFollowsTheHostAndClosesInTheMidstOfIt) {
+TEST_F(RoughHandling, EveryMeterFollowsTheHostAndClosesWithTheProgram) {
     Enter(ProgramState::LiveRunning);
     OpenEveryMeter();
     ASSERT_FALSE(HasFatalFailure());
@@ -86,9 +87,9 @@ TEST_F(RoughHandling, EveryMeterFollowsTheHostAndClosesInTheMidstOfIt) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// Sizes from nothing to more than the screen, faster than they can be laid out, with the window shrunk to the
-// task bar and spread over the screen in between.
-TEST_F(RoughHandling, AWindowThatIsPulledAboutEndsUpLaidOutForItsLastSize) {
+// Sizes from nothing to more than the screen, faster than the program can lay them out. In between the window
+// is minimised and maximised.
+TEST_F(RoughHandling, AWindowResizedManyTimesIsLaidOutForItsLastSize) {
     Enter(ProgramState::LiveRunning);
     ASSERT_FALSE(HasFatalFailure());
     const SIZE usual = main.Size();
@@ -103,8 +104,8 @@ TEST_F(RoughHandling, AWindowThatIsPulledAboutEndsUpLaidOutForItsLastSize) {
         if (pull % 30 == 21) main.Post(WM_SYSCOMMAND, SC_RESTORE);
         main.ResizeTo(static_cast<int>(random() % 1400), static_cast<int>(random() % 1100));
     }
-    // The window manager follows when it likes, and may shrink or spread the window once more behind all
-    // that.
+    // The window manager follows in its own time, and may minimise or maximise the window once more
+    // afterwards.
     const auto chartGrewBy = [&](int width, int height) {
         if (::IsIconic(main.Get()) || ::IsZoomed(main.Get())) main.Post(WM_SYSCOMMAND, SC_RESTORE);
         if (main.Size().cx != usual.cx + width) main.ResizeTo(usual.cx + width, usual.cy + height);
@@ -115,13 +116,13 @@ TEST_F(RoughHandling, AWindowThatIsPulledAboutEndsUpLaidOutForItsLastSize) {
     EXPECT_TRUE(Becomes([&] { return chartGrewBy(90, 60); }, std::pair<LONG, LONG>(90, 60)));
     EXPECT_TRUE(Becomes([&] { return chartGrewBy(0, 0); }, std::pair<LONG, LONG>(0, 0)));
     answers.Stop();
-    EXPECT_LE(answers.MedianMs(), answers.BoundMs()) << "laying out is dear, but must not pile up";
+    EXPECT_LE(answers.MedianMs(), answers.BoundMs()) << "a layout is expensive, but layouts must not pile up";
     EXPECT_TRUE(ComesBackToLife());
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// Presses that were posted all at once, in more numbers than a stack could hold holds: each second one
-// resumes the hold that the one before it began.
+// More presses at once than the stack has room for holds. Every second press resumes the hold that the one
+// before began.
 class FloodOfPauses : public RoughHandling, public ::testing::WithParamInterface<ProgramState> {};
 
 TEST_P(FloodOfPauses, LeavesOneHoldAtMost) {
@@ -140,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(In, FloodOfPauses,
                          ::testing::Values(ProgramState::LiveRunning, ProgramState::ReplayPlaying),
                          [](const auto& info) { return NameOf(info.param); });
 
-// What opens a dialog or a message, asked for over and over without a look at the one that is open already.
+// Something opens a dialog or a message, again and again, although one is open already.
 struct Request {
     const char* name;
     ProgramState state;
@@ -183,9 +184,9 @@ TEST_P(FloodOfRequests, OpensOneWindow) {
 INSTANTIATE_TEST_SUITE_P(For, FloodOfRequests, ::testing::ValuesIn(kRequests),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// Presses that were posted after a close must not start what the close has ended: the program would go on
-// without a window.
-TEST_F(RoughHandling, PressesBehindACloseKeepNothingAlive) {
+// Presses posted after a close must not start again what the close has ended: the program would go on without
+// a window.
+TEST_F(RoughHandling, PressesAfterACloseKeepNothingAlive) {
     for (const ProgramState state : {ProgramState::LiveRunning, ProgramState::LiveHeld}) {
         Enter(state);
         ASSERT_FALSE(HasFatalFailure());
@@ -196,7 +197,7 @@ TEST_F(RoughHandling, PressesBehindACloseKeepNothingAlive) {
     }
 }
 
-// The system's dialog for files takes their names for those of files, and opening one waits for a device.
+// The system's dialog for files accepts the names of devices, and opening a device could wait for ever.
 TEST_F(RoughHandling, ADeviceIsNoLog) {
     Start();
     for (const auto* name : {L"COM1", L"com1.csv", L"AUX", L"NUL", L"CON", L"LPT1"}) {
@@ -207,7 +208,7 @@ TEST_F(RoughHandling, ADeviceIsNoLog) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// That dialog says by itself that there is no such file, in a message of its own.
+// The file dialog itself shows a message that there is no such file.
 TEST_F(RoughHandling, TheProgramClosesOverAMessageOfTheFileDialog) {
     Start();
     Press(IDC_LOAD_LOG);
@@ -218,7 +219,7 @@ TEST_F(RoughHandling, TheProgramClosesOverAMessageOfTheFileDialog) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// In its loop the system dispatches the program's messages itself.
+// An open menu has a loop of its own, in which the system dispatches the messages.
 TEST_F(RoughHandling, TheProgramClosesOverAnOpenMenu) {
     for (const WPARAM opens : {WPARAM{SC_KEYMENU}, WPARAM{SC_MOUSEMENU | HTSYSMENU}}) {
         Enter(ProgramState::LiveRunning);
@@ -238,7 +239,7 @@ TEST_F(RoughHandling, TheProgramClosesOverAnOpenMenu) {
     }
 }
 
-// Each ends silently and by itself, and the first goes on as if nothing were.
+// Each copy ends silently by itself, and the first one goes on undisturbed.
 TEST_F(RoughHandling, CopiesStartedOverAndOverDisturbNothing) {
     Enter(ProgramState::LiveRunning);
     ASSERT_FALSE(HasFatalFailure());
@@ -257,8 +258,8 @@ TEST_F(RoughHandling, CopiesStartedOverAndOverDisturbNothing) {
     }
     EXPECT_TRUE(AnsweredPromptly(answers));
     EXPECT_EQ(FindMainDialog().ProcessId(), first);
-    EXPECT_TRUE(std::filesystem::exists(session.ExchangeFile())) << "the first one's, not theirs to delete";
-    EXPECT_FALSE(std::filesystem::exists(session.Scaling("Prefs.cfg"))) << "written by none of them";
+    EXPECT_TRUE(std::filesystem::exists(session.ExchangeFile())) << "it belongs to the first copy";
+    EXPECT_FALSE(std::filesystem::exists(session.Scaling("Prefs.cfg"))) << "a copy has written it";
     EXPECT_TRUE(ComesBackToLife());
     EXPECT_TRUE(ClosesPromptly(session));
 }

@@ -93,7 +93,7 @@ TEST_F(ScaleControls, ATypedTextSurvivesThePixelShiftButtons) {
     EXPECT_EQ(m_main.Text(IDC_SHIFT_LABEL), L"PixelShift:4");
 }
 
-TEST_F(ScaleControls, EqualLimitsDrawAlongTheBottomAndHarmNothing) {
+TEST_F(ScaleControls, EqualLimitsDrawAlongTheBottom) {
     m_main.Type(IDC_SCALE_MIN, L"50");
     m_main.Focus(IDC_SCALE_MAX);
     m_main.Type(IDC_SCALE_MAX, L"50");
@@ -101,7 +101,8 @@ TEST_F(ScaleControls, EqualLimitsDrawAlongTheBottomAndHarmNothing) {
     NextRecord();
     m_session.Host().SendRecord(kFirstRecord);
     ASSERT_TRUE(m_session.Shows(0, L"780 /min"));
-    // On the bottom row, with the idle traces, the last of which covers the others; and nowhere else.
+    // The trace is on the bottom row and nowhere else. The unused traces are there too, and the last of them
+    // covers the others.
     const ChartOnScreen chart(m_main);
     const int bottom = chart.RowOf(0, 0, 100);
     const int x = chart.PlotRight() - 2;

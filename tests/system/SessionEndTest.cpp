@@ -1,4 +1,5 @@
-// The user logs off or shuts the machine down while the program runs: what a close would have saved is saved.
+// The user logs off or shuts the machine down while the program runs: the program saves what a close would
+// have saved.
 #include <optional>
 
 #include "tests/support/system/ProgramState.h"
@@ -14,7 +15,7 @@ constexpr int kHeight = 0x200;
 
 class SessionEnd : public AnyState {
 protected:
-    // A size that the program has not had yet and is to have at its next start.
+    // Gives the window a new size, which it should have again at its next start.
     void SetSize() {
         const HWND chart = main.Control(IDC_CHART).Get();
         main.ResizeTo(kWidth, kHeight);
@@ -26,7 +27,7 @@ protected:
             true));
     }
 
-    // The upper limit of the first field, still in its box: no key has left it yet.
+    // Types the upper limit of the first field. The focus is still in its box.
     void TypeLimit() {
         // A meter that has just opened may take the focus once more.
         const auto typed = [this] {
@@ -37,20 +38,19 @@ protected:
         ASSERT_EQ(main.Text(IDC_SCALE_MAX), L"4711");
     }
 
-    // As Windows does it: every window of every program is asked, then told, and the program is ended at
-    // once.
+    // Does what Windows does: asks every window of the program, then tells it, and ends the program at once.
     void EndTheSession() {
         const DWORD id = main.ProcessId();
         const Handle program(::OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
         for (const RemoteWindow& window : WindowsOf(id))
-            EXPECT_EQ(Answer(window, WM_QUERYENDSESSION, 0), TRUE) << "the program refuses";
-        EXPECT_FALSE(std::filesystem::exists(PrefsFile())) << "a question changes nothing";
-        EXPECT_TRUE(Answer(main, WM_ENDSESSION, TRUE)) << "it is held up";
+            EXPECT_EQ(Answer(window, WM_QUERYENDSESSION, 0), TRUE) << "a window refuses";
+        EXPECT_FALSE(std::filesystem::exists(PrefsFile())) << "the question alone must change nothing";
+        EXPECT_TRUE(Answer(main, WM_ENDSESSION, TRUE)) << "the window does not answer";
         ::TerminateProcess(program.Get(), 0);
         ::WaitForSingleObject(program.Get(), INFINITE);
     }
 
-    // No value if there is none in time.
+    // The window's answer; nothing if none comes in time.
     static std::optional<LRESULT> Answer(const RemoteWindow& window, UINT message, WPARAM wParam) {
         DWORD_PTR result = 0;
         if (!::SendMessageTimeoutW(window.Get(), message, wParam, 0, SMTO_NORMAL,
@@ -119,7 +119,7 @@ TEST_F(SessionEnd, ThatLeavesTheProgramTimeEndsItInGoodOrder) {
 
 struct Opened {
     WPARAM command;
-    int control;  // that only this dialog has
+    int control;  // one that only this dialog has
     const char* name;
 };
 
@@ -159,7 +159,7 @@ TEST_F(SessionEnd, WithAWrongNumberInPreferencesSavesTheSizeAndAsksNothing) {
     ExpectTheSizeSaved();
 }
 
-// What Preferences have to say about it is still on the screen.
+// The message about it is still on the screen.
 TEST_F(SessionEnd, WithAMessageOfPreferencesSavesTheSize) {
     Enter(ProgramState::LiveRunning);
     ASSERT_FALSE(HasFatalFailure());
@@ -206,7 +206,7 @@ TEST_F(SessionEnd, WithAMeterSavesSizeAndLimits) {
     ExpectTheLimitSaved();
 }
 
-// The file of the ranges is another program's at that moment.
+// Another program has the file of the ranges open at that moment.
 class SessionEndWithoutRanges : public SessionEnd {
 protected:
     void StartAndHoldTheRanges() {

@@ -1,4 +1,5 @@
-// The stand-in host and the program together, as run.sh and people use them: a pipe inherited for real.
+// The stand-in host and the program together, as run.sh and people use them, with a pipe that is really
+// inherited.
 #include <gtest/gtest.h>
 
 #include "tests/support/system/Prompt.h"
@@ -48,7 +49,7 @@ TEST(StandInHost, SendsExactlyWhatAScriptSays) {
     EXPECT_TRUE(session.Process().EndsWithin(kDeadline));
 }
 
-TEST(StandInHost, ItsLeaveWaitsUntilAStoppedProgramReadsAgain) {
+TEST(StandInHost, ItsFarewellWaitsUntilAStoppedProgramReadsAgain) {
     Session session;
     session.StartThroughStandIn(L"--seconds 1 --end both --pause 0.1");
     const auto saved = [&] { return BytesOf(session.Scaling(kScalingFile)); };

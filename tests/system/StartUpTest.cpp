@@ -16,7 +16,7 @@ TEST(StartUp, ASecondCopyEndsSilently) {
 
     Session second;
     second.Start();
-    // No window at any time until it has ended.
+    // It must never show a window before it ends.
     EXPECT_TRUE(Becomes(
         [&] {
             EXPECT_TRUE(WindowsOf(second.Process().Id()).empty());
@@ -62,7 +62,7 @@ TEST(StartUp, TheTitleHintShrinksFrom14To0AndThenTheTitleStands) {
     for (std::size_t count = 15; count-- > 0;) {
         expected.push_back(L"<=" + std::wstring(count, L'=') + L"Click icon for preferences");
     }
-    // Each stands for 100 ms; one can be overlooked only while this process itself did not run.
+    // Each step shows for 100 ms. This process can miss one only if it did not get to run for that long.
     if (longestGap < 80ms) {
         EXPECT_EQ(hints, expected);
     } else {
@@ -75,8 +75,7 @@ TEST(StartUp, TheTitleHintShrinksFrom14To0AndThenTheTitleStands) {
         << "the hint shows once";
 }
 
-// By the numbers that the template gives them, beside the chart and the swatches that the program makes
-// itself.
+// The ids of the template, and those of the chart and the swatches, which the program makes itself.
 std::vector<int> IdsOfAllControls() {
     std::vector<int> ids = {IDC_CHART_FRAME, IDC_CHART};
     for (int id = IDC_MOVED_FIRST; id <= IDC_MOVED_LAST; ++id) ids.push_back(id);
@@ -85,8 +84,8 @@ std::vector<int> IdsOfAllControls() {
     return ids;
 }
 
-// A program that drives this one by its controls asks for them as soon as it has found the window, and once.
-TEST(StartUp, WhoFindsTheWindowFindsEveryControlAtOnce) {
+// A program that drives this one looks for the controls as soon as it has found the window, and only once.
+TEST(StartUp, TheWindowHasEveryControlFromTheFirstMoment) {
     for (int start = 0; start < 5; ++start) {
         Session session;
         session.Start();

@@ -14,7 +14,7 @@ constexpr const char* kPrefs = "Prefs.cfg";
 constexpr const char* kDefaults = "Defaults.cfg";
 constexpr const wchar_t* kNotSaved = L"Sorry, the scaling values couldn't be saved to disk";
 
-// What a user has set; another window size than the one that the program would write.
+// The user's own settings, with another window size than the program would write.
 constexpr const char* kMyPrefs = "BackColor=400000\r\nAutorun=1\r\nSaveWindowSize=1\r\nWidth=300\r\n";
 constexpr const char* kMyDefaults = "km/h,0,300,\r\nV,0,15,\r\n";
 
@@ -35,7 +35,7 @@ protected:
     std::unique_ptr<WriteFault> BreakFile(const char* name) const {
         return Break(GetParam(), session.Scaling(name));
     }
-    // Once the fault is over.
+    // Call it once the fault is over.
     void ExpectWhole(const char* name, const std::string& bytes) const {
         EXPECT_EQ(BytesOf(session.Scaling(name)), bytes);
         ExpectNothingBeside(session);
@@ -75,13 +75,13 @@ TEST_P(WriteFaults, OfSaveAndExitAreSilentAndLeaveBothFiles) {
     ExpectWhole(kPrefs, kMyPrefs);
     ExpectWhole(kDefaults, kMyDefaults);
     EXPECT_TRUE(session.Closes());
-    // Nothing is in the way any more. But what the dialog left behind could not be read from a file that was
-    // held.
+    // Now the program can write again. But it could not read the preferences back while the file was held, so
+    // it does not write them.
     const bool areKnown = GetParam() != WriteFaultKind::Held;
     EXPECT_EQ(BytesOf(session.Scaling(kPrefs)) != kMyPrefs, areKnown);
 }
 
-TEST_P(WriteFaults, OfTheRangesAtAStopAreSaid) {
+TEST_P(WriteFaults, OfTheRangesAtAStopAreReported) {
     const std::string mine = ScalingBytes(7, "500,5000,0,100,0,100,0,30,");
     WriteBytes(session.Scaling(kScalingFile), mine);
     session.StartWithHost();
@@ -95,7 +95,7 @@ TEST_P(WriteFaults, OfTheRangesAtAStopAreSaid) {
     }
     ExpectWhole(kScalingFile, mine);
 
-    // With the disk in order again, the ranges are saved at the next stop.
+    // The fault is over, so the next stop saves the ranges.
     session.Main().PostClick(IDC_PAUSE);
     session.Host().SendRecord(kSecondRecord);
     ASSERT_TRUE(session.Shows(3, L"5.2 l/h"));
@@ -106,7 +106,7 @@ TEST_P(WriteFaults, OfTheRangesAtAStopAreSaid) {
     EXPECT_TRUE(session.Closes());
 }
 
-TEST_P(WriteFaults, OfTheRangesAtTheCloseAreSaidAndThePreferencesSavedAllTheSame) {
+TEST_P(WriteFaults, OfTheRangesAtTheCloseAreReportedAndThePreferencesStillSaved) {
     session.StartWithHost();
     session.Host().SendRecord(kFirstRecord);
     ASSERT_TRUE(session.Shows(3, L"4.2 l/h"));
@@ -121,7 +121,7 @@ TEST_P(WriteFaults, OfTheRangesAtTheCloseAreSaidAndThePreferencesSavedAllTheSame
     EXPECT_FALSE(std::filesystem::exists(session.ExchangeFile()));
 }
 
-// The program then runs with the defaults, which are not what the user has set.
+// The program then runs with the defaults, not with the user's settings.
 TEST(UnreadPrefs, OfAFileThatIsHeldAtTheStartAreNotWrittenOver) {
     Session session;
     std::filesystem::create_directory(session.Scaling(""));
@@ -183,7 +183,7 @@ TEST_F(OpenFiles, TakeWhatSaveAndExitWrites) {
     EXPECT_TRUE(session.Closes());
 }
 
-TEST_F(OpenFiles, TakeTheRangesAtAStopWithoutAWord) {
+TEST_F(OpenFiles, TakeTheRangesAtAStopSilently) {
     WriteBytes(session.Scaling(kScalingFile), ScalingBytes(7, "500,5000,0,100,0,100,0,30,"));
     session.StartWithHost();
     session.Host().SendRecord(kFirstRecord);
@@ -197,7 +197,7 @@ TEST_F(OpenFiles, TakeTheRangesAtAStopWithoutAWord) {
     ExpectNothingBeside(session);
 }
 
-// The built-in table then serves, and the user's list stays in the file.
+// The program then uses the built-in table, and the user's list stays in the file.
 class UnreadDefaults : public ::testing::Test {
 protected:
     UnreadDefaults() {
@@ -248,7 +248,7 @@ TEST_F(UnreadDefaults, OfAFileThatIsHeldWhilePreferencesOpenAreNotWrittenOver) {
     EXPECT_EQ(Defaults(), kMyDefaults);
 }
 
-// Opens, and gives up no byte.
+// Opens, but every read fails.
 constexpr const char* kUnreadableDevice = "/proc/self/mem";
 
 TEST(UnreadPrefs, OfAFileThatCannotBeReadAreNotWrittenOver) {
@@ -280,7 +280,7 @@ TEST(LinkedPrefs, AreWrittenWhereTheLinkLeads) {
 }
 
 // A run was killed while it wrote over a file that another program had open.
-TEST(TornPrefs, AreReadFromTheCopyBeside) {
+TEST(TornPrefs, AreReadFromTheCopyBesideThem) {
     const std::string whole = "BackColor=400000\r\nWidth=300\r\nHeight=200\r\n";
     Session session;
     std::filesystem::create_directory(session.Scaling(""));
@@ -293,7 +293,7 @@ TEST(TornPrefs, AreReadFromTheCopyBeside) {
     EXPECT_TRUE(session.Closes());
 }
 
-// Files that the program makes for itself when they are missing.
+// Files that the program makes when they are missing.
 class FirstWriteFaults : public ::testing::Test {
 protected:
     FirstWriteFaults() { std::filesystem::create_directory(session.Scaling("")); }
@@ -333,7 +333,7 @@ TEST_F(FirstWriteFaults, OfTheDefaultsInTheirFoldersPlaceAreSilent) {
     EXPECT_TRUE(std::filesystem::is_empty(session.Scaling(kDefaults)));
 }
 
-TEST_F(FirstWriteFaults, OfTheRangesAreSaidAtTheStopOnly) {
+TEST_F(FirstWriteFaults, OfTheRangesAreReportedAtTheStopOnly) {
     session.StartWithHost();
     ASSERT_TRUE(session.Main().Exists());
     const auto fault = Break(WriteFaultKind::FullDisk, session.Scaling(kScalingFile));

@@ -7,12 +7,13 @@
 //   plotvane-remote faster       replays at eight times the speed
 //   plotvane-remote ended        waits for the end of a replay
 //   plotvane-remote watch SECONDS
-//                                for so long, or to the end of a replay: what the program holds of the
-//                                system, as a table, and how soon its window answers. Status 1 if anything
+//                                for that long, or to the end of a replay: the resources that the program
+//                                holds, as a table, and how soon its window answers. Status 1 if anything
 //                                grows or an answer comes late
 //   plotvane-remote close        closes the window and waits for the end of the process
 //
-// Each waits up to ten seconds for what it needs. Exit status 1: it did not come; 2: usage.
+// Each waits up to ten seconds for the window that it needs. Exit status 1: the window did not come; 2:
+// usage.
 #include <algorithm>
 #include <cstdio>
 #include <functional>
@@ -119,17 +120,16 @@ bool ReplayFastest(const RemoteWindow& main) {
 void PrintRow(int seconds, const plotvane::test::Resources& row) {
     std::printf("%8.1f %12zu %12d %12d %8d\n", seconds / 60.0, row.privateKilobytes, row.gdiObjects,
                 row.userObjects, row.handles);
-    std::fflush(stdout);  // row by row, so that somebody can look on
+    std::fflush(stdout);  // row by row, for somebody who looks on
 }
 
-// The growth is judged between the first row and the last.
+// Compares the last row with the first.
 bool Watch(const RemoteWindow& main, int seconds) {
     constexpr int kLeastRows = 12;
     constexpr int kLongestPause = 120;  // the end of a replay may come long before the time is over
     const int pause = std::clamp(seconds / kLeastRows, 1, kLongestPause);
-    // A program that held on to sixteen bytes of each record would grow by more in an hour. At the end of a
-    // replay three buttons change their images, of each of which Wine keeps three bitmaps, and one image is
-    // new.
+    // A program that kept sixteen bytes of each record would grow by more than this in an hour. At the end of
+    // a replay three buttons change their images, and Wine keeps three bitmaps of each; one image is new.
     constexpr plotvane::test::GrowthAllowance kAllowed{
         .privateKilobytes = 1024, .gdiObjects = 12, .userObjects = 0, .handles = 4};
     plotvane::test::AnswerWatch answers(main.Get(), std::chrono::milliseconds(50));
@@ -165,7 +165,7 @@ bool CloseAndWait(const RemoteWindow& main) {
     return ended;
 }
 
-// Nothing for a command that does not exist, or has not the arguments it needs.
+// Returns nothing if there is no such command, or its argument is missing.
 std::optional<bool> Run(const RemoteWindow& main, std::wstring_view command, const wchar_t* argument) {
     if (!argument) {
         if (command == L"texts") return PrintTexts(main), true;

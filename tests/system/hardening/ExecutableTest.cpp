@@ -1,4 +1,4 @@
-// What the finished program says of itself to Windows, and what compiler and linker have built into it.
+// What the finished program tells Windows about itself, and what compiler and linker have built into it.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -20,7 +20,7 @@ TEST(Executable, IsLoadedAtAnotherAddressInEachRunAnywhereIn64Bits) {
     EXPECT_TRUE(Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
     EXPECT_TRUE(Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA);
     EXPECT_TRUE(Program().FileFlags() & IMAGE_FILE_LARGE_ADDRESS_AWARE);
-    // Without these Windows would have to leave it where it was linked for.
+    // Without relocations Windows could not load it at another address.
     EXPECT_FALSE(Program().FileFlags() & IMAGE_FILE_RELOCS_STRIPPED);
     EXPECT_GT(Program().SizeOfDirectory(IMAGE_DIRECTORY_ENTRY_BASERELOC), 0u);
 }
@@ -46,7 +46,7 @@ TEST(Executable, GuardsItsCallsWhereTheCompilerCan) {
     EXPECT_EQ((Program().DllFlags() & IMAGE_DLLCHARACTERISTICS_GUARD_CF) != 0, kGuarded);
 }
 
-// Every other library Windows would look for beside the program first.
+// Windows would look for any other library beside the program first.
 TEST(Executable, ImportsOnlyWhatWindowsTakesFromItsOwnFolder) {
     const std::set<std::string> imports = Program().Imports();
     EXPECT_TRUE(imports.contains("kernel32.dll"));
@@ -57,17 +57,17 @@ TEST(Executable, ImportsOnlyWhatWindowsTakesFromItsOwnFolder) {
     EXPECT_EQ(Program().SizeOfDirectory(IMAGE_DIRECTORY_ENTRY_BOUND_IMPORT), 0u);
 }
 
-// Which comes from the store of libraries side by side, because the manifest says which one it is.
+// The manifest names their version, so Windows takes them from its side-by-side store.
 TEST(Executable, NamesTheCommonControlsInItsManifest) {
     EXPECT_TRUE(Program().Imports().contains(kCommonControls));
     EXPECT_TRUE(Program().Contains("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""));
     EXPECT_TRUE(Program().Contains("publicKeyToken=\"6595b64144ccf1df\""));
 }
 
-// Where a check of the stack has failed: mov ecx, 2; int 29h.
+// The program runs this when a check of its stack fails: mov ecx, 2; int 29h.
 constexpr std::string_view kEndOfOverrun("\xB9\x02\x00\x00\x00\xCD\x29", 7);
 
-// The calls and jumps, by a distance of 32 bits, to an offset in a run of code.
+// Counts the calls and jumps with a distance of 32 bits that lead to an offset in the code.
 int CountCalls(std::string_view code, std::size_t to) {
     int calls = 0;
     for (std::size_t at = 0; at + 5 <= code.size(); ++at) {

@@ -1,4 +1,4 @@
-// What the program is built with stops an overrun of a buffer before anything comes of it.
+// The program's build options stop an overrun of a buffer before it does harm.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -15,7 +15,7 @@ constexpr DWORD kStackBufferOverrun = 0xC0000409;
 
 class Overrun : public testing::TestWithParam<const char*> {
 protected:
-    // The exit code of a process that writes so many bytes into an array of sixteen.
+    // The exit code of a process that writes this many bytes into an array of sixteen.
     static DWORD Write(int bytes) {
         const std::string_view how = GetParam();
         const TempFolder folder;
@@ -27,7 +27,7 @@ protected:
     }
 };
 
-TEST_P(Overrun, OfABufferThatIsLargeEnoughIsNone) {
+TEST_P(Overrun, OfABufferThatIsLargeEnoughDoesNotHappen) {
     EXPECT_EQ(Write(15), 0u);
 }
 

@@ -1,5 +1,5 @@
-// Somebody has put libraries of Windows' own names beside the program and in its working folder, such as a
-// folder of logs that came by mail. None of them may ever be loaded.
+// Somebody has put libraries with the names of Windows' own beside the program and into its working folder,
+// for example in a folder of logs that came by mail. The program must never load one of them.
 #include <algorithm>
 
 #include "tests/support/system/KnownLibraries.h"
@@ -23,8 +23,8 @@ const std::set<std::string>& NamesToPlant() {
     return names;
 }
 
-// Wine takes its own libraries in place of any others of the same names, unless it is told that the program
-// has come with better ones. For as long as the object lives, it is told so. Elsewhere this means nothing.
+// Wine prefers its own libraries to others of the same names unless its settings say otherwise. For as long
+// as the object lives, they do. Windows ignores these settings.
 class ForeignLibrariesFirst {
 public:
     explicit ForeignLibrariesFirst(const std::set<std::string>& names) {
@@ -50,7 +50,7 @@ std::vector<std::string> MarksIn(const std::filesystem::path& folder) {
     return marks;
 }
 
-// A folder in which a library of every name lies.
+// A folder with a planted library of every name.
 class PlantedFolder {
 public:
     PlantedFolder() {
@@ -78,7 +78,7 @@ protected:
         EXPECT_EQ(MarksIn(s_folders->program.Path()), std::vector<std::string>());
         EXPECT_EQ(MarksIn(s_folders->working.Path()), std::vector<std::string>());
     }
-    // Through the system menu, and away again.
+    // Opens Preferences through the system menu, and cancels the dialog.
     void OpenAndCancelPreferences() {
         main.Post(WM_SYSCOMMAND, kPreferencesCommand);
         const RemoteWindow preferences = session.DialogWith(IDC_PREFS_TRACE_LIST);

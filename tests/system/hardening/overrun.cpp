@@ -1,9 +1,9 @@
 // overrun HOW COUNT: writes COUNT bytes into an array of sixteen, built with the options of the program.
-// Answers 0 if nothing stops it.
+// Exits with 0 if nothing stops it.
 //
 //   stack    byte by byte, in an array on the stack
-//   memory   by memcpy, in one that is not
-//   text     by strcpy, in the same
+//   memory   by memcpy, in a global array
+//   text     by strcpy, in the same array
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kSize = 16;
 
 char g_elsewhere[kSize];
-char g_behind[1024];  // what is written past the array hits something that nobody needs
+char g_after[1024];  // bytes written past the array land here, where nobody needs them
 
 [[gnu::noinline]] void OverrunStack(std::size_t count) {
     volatile char array[kSize];
@@ -31,5 +31,5 @@ int main(int argc, char** argv) {
     if (how == "stack") OverrunStack(bytes.size());
     if (how == "memory") std::memcpy(g_elsewhere, bytes.data(), bytes.size());
     if (how == "text") std::strcpy(g_elsewhere, bytes.c_str());
-    return g_elsewhere[0] == 'y' || g_behind[0] == 'y';
+    return g_elsewhere[0] == 'y' || g_after[0] == 'y';
 }

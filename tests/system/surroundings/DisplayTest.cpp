@@ -1,5 +1,5 @@
-// Other screens and other ways to show things: larger texts, colours of high contrast, a screen that changes
-// its size and shape while data flows.
+// Other screens and other ways to show things: larger text, high-contrast colours, a screen that changes its
+// size and shape while data flows.
 #include <algorithm>
 #include <array>
 #include <tuple>
@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The dots to the inch that the system tells a program as it starts, for as long as the object lives.
+// The dots per inch that the system tells programs when they start, for as long as the object lives.
 class DotsPerInch {
 public:
     explicit DotsPerInch(DWORD dots) {
@@ -49,7 +49,7 @@ protected:
         const std::wstring shown = session.ValueText(0);
         return bool{Becomes([&] { return session.ValueText(0) != shown; }, true)};
     }
-    // Shown controls that stick out of the window by more than what rounding costs.
+    // Shown controls that stick out of the window by more than rounding explains.
     std::vector<int> ControlsOutside() const {
         const RECT window = main.ClientScreenRect();
         std::vector<int> outside;
@@ -70,8 +70,7 @@ protected:
     const DotsPerInch m_dots{GetParam()};
 };
 
-// The size that the window starts with is kept in pixels; where a pixel is smaller the window is pulled wider
-// once.
+// The window starts with a size in pixels. If pixels are smaller, the user makes the window larger once.
 TEST_P(TextScaling, EveryControlHasRoomInAWindowOfItsSize) {
     Enter(ProgramState::LiveRunning);
     ASSERT_FALSE(HasFatalFailure());
@@ -87,7 +86,7 @@ TEST_P(TextScaling, EveryControlHasRoomInAWindowOfItsSize) {
 
 INSTANTIATE_TEST_SUITE_P(Of, TextScaling, ::testing::Values(144, 192), ::testing::PrintToStringParamName());
 
-// White on black, and yellow, as people with weak eyes have them.
+// White and yellow on black, for people with weak eyes.
 class HighContrast : public Display {
 protected:
     static constexpr std::array<int, 6> kParts = {COLOR_3DFACE,     COLOR_BTNTEXT,   COLOR_WINDOW,
@@ -103,7 +102,7 @@ protected:
     static void Set(const std::array<COLORREF, 6>& colours) {
         ::SetSysColors(static_cast<int>(kParts.size()), kParts.data(), colours.data());
     }
-    // A place of the dialog on which nothing stands: beside the lower edge of the chart.
+    // The colour of the dialog at an empty place: below the lower edge of the chart.
     COLORREF GroundOnScreen() const {
         const RECT chart = main.Control(IDC_CHART).ScreenRect();
         return PictureOf({chart.left + 20, chart.bottom + 4, chart.left + 21, chart.bottom + 5}).At(0, 0);
@@ -126,7 +125,8 @@ TEST_F(HighContrast, ColoursTheDialogAndLeavesTheChartAsItIs) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// Not every system lets a running program see new colours; that they are new is told to all.
+// Not every system shows a running program the new colours, but every window gets the message that they have
+// changed.
 TEST_F(HighContrast, ChosenWhileDataFlowsDisturbsNothing) {
     Enter(ProgramState::LiveRunning);
     ASSERT_FALSE(HasFatalFailure());
@@ -147,7 +147,7 @@ protected:
     }
 };
 
-// Turned on its side, fewer colours, none at all, and back.
+// The screen is turned on its side, has fewer colours, none at all, and is as before.
 TEST_F(ChangingScreen, IsOnlyNewsToTheProgram) {
     Enter(ProgramState::LiveRunning);
     ASSERT_FALSE(HasFatalFailure());

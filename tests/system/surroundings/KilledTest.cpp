@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Each is saved at a stop, seven kilobytes of it.
+// Each stop saves the ranges of one module, seven kilobytes.
 constexpr int kModules = 5;
 constexpr int kUsualKills = 6;
 constexpr auto kLongestLife = 1500ms;
@@ -25,7 +25,7 @@ std::string ModuleRecord(int number) {
     return record;
 }
 
-// What a finished save leaves: so many lines, the last of them this one.
+// A file that was saved to its end has this many lines, and this last one.
 struct WholeFile {
     std::ptrdiff_t lines;
     std::string_view end;
@@ -43,7 +43,7 @@ bool IsSettingsFile(const std::filesystem::path& file) {
 
 class Killed : public ::testing::Test {
 protected:
-    // One run of the program, which is killed itself or loses its host, in that folder.
+    // One run of the program in that folder. Either the program is killed, or its host dies.
     void Run(const std::filesystem::path& folder, bool hostDies) {
         Session session(folder);
         session.StartWithHost();
@@ -51,7 +51,7 @@ protected:
         KeepSaving(session, hostDies ? SomeTime() : kDeadline);
         if (!hostDies) return;
         session.Host().Die();
-        // Its window may not have come yet, or be gone already.
+        // The window may not have come yet, or may be gone already.
         EXPECT_TRUE(Becomes(
             [&] {
                 FindMainDialog(session.Process().Id()).Close();
@@ -60,8 +60,8 @@ protected:
             false));
         EXPECT_EQ(session.Process().ExitCode(), 0u);
     }
-    // Records of changing modules, with a stop and a start after each, until the process is no more; and now
-    // and then a close, so that the preferences are saved too.
+    // Sends records of changing modules, with a stop and a start after each, until the process has ended. Now
+    // and then it closes the window, so that the preferences are saved too.
     void KeepSaving(Session& session, std::chrono::milliseconds time) {
         const auto end = std::chrono::steady_clock::now() + time;
         while (session.Process().Running() && std::chrono::steady_clock::now() < end) {

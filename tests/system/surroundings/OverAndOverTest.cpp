@@ -1,5 +1,5 @@
-// What a drive does a few times, done over and over: modules that change, meters that open and close. In
-// short here, for long by scripts/soak.sh.
+// What happens a few times in a drive, many times over: modules change, meters open and close.
+// scripts/soak.sh does this for an hour.
 #include "tests/support/system/Meters.h"
 #include "tests/support/system/ProgramState.h"
 #include "tests/support/system/Prompt.h"
@@ -9,11 +9,11 @@
 namespace plotvane::test {
 namespace {
 
-// Of each change of a module, or meter, nothing may stay.
+// A change of the module, or a closed meter, must leave nothing in memory.
 constexpr GrowthAllowance kAllowed{.privateKilobytes = 512, .gdiObjects = 2, .userObjects = 0, .handles = 4};
 
-// With each stop and start three buttons change their images, of each of which Wine keeps three bitmaps of a
-// kilobyte and more, for ever.
+// At each stop and start three buttons change their images, and Wine keeps three bitmaps of each for ever,
+// each of a kilobyte or more.
 GrowthAllowance AllowedWithRestarts(int restarts) {
     GrowthAllowance allowed = kAllowed;
     allowed.gdiObjects += restarts * 3 * 3;
@@ -27,12 +27,12 @@ protected:
         std::filesystem::create_directory(session.Folder() / "labels");
         WriteBytes(session.Folder() / "labels" / name, text);
     }
-    // The title belongs to the modules from then on.
+    // Starts live and waits until the hint in the title is over.
     void EnterLive() {
         Enter(ProgramState::LiveWaiting);
         ASSERT_TRUE(Becomes([this] { return main.Text().starts_with(L"Plotvane"); }, true));
     }
-    // Once a module's labels and ranges are loaded, the next one's wait for a stop and a start.
+    // The program loads the labels and ranges of another module only after a stop and a start.
     void ChangeTo(const std::string& module, int number) {
         session.Host().SendRecord(module +
                                   DriveRecord(number).substr(std::string_view("038 906 019 FT").size()));
@@ -61,7 +61,7 @@ TEST_F(OverAndOver, TheModuleChanges) {
     EXPECT_TRUE(std::filesystem::exists(session.Scaling("MOD-" + std::to_string(changes) + ".SCL")));
 }
 
-// Each of the three sends the reader on to the next.
+// Each of the three files redirects to the next.
 TEST_F(OverAndOver, LabelFilesRedirectInACircle) {
     WriteLabels("MOD-1.LBL", "REDIRECT,MOD-2.LBL,1\r\nREDIRECT,MOD-2.LBL,2\r\n");
     WriteLabels("MOD-2.LBL", "REDIRECT,MOD-3.LBL,1\r\nREDIRECT,MOD-3.LBL,2\r\n");

@@ -1,5 +1,4 @@
-// A working folder on a drive that is somebody else's, and folders that are taken away while the program
-// runs.
+// A working folder on another machine's drive, and folders that disappear while the program runs.
 #include <array>
 
 #include "tests/support/system/LinuxShell.h"
@@ -10,7 +9,7 @@ namespace plotvane::test {
 namespace {
 
 constexpr const wchar_t* kNotSaved = L"Sorry, the scaling values couldn't be saved to disk";
-// Where Wine keeps what its drives lead to; empty where there is no Wine.
+// The folder in which Wine keeps the links of its drives; empty without Wine.
 std::filesystem::path FolderOfDrives() {
     std::array<wchar_t, 1024> prefix{};
     const DWORD length =
@@ -21,8 +20,8 @@ std::filesystem::path FolderOfDrives() {
     return std::filesystem::path(path) / "dosdevices";
 }
 
-// A drive as a share of another machine is one, for as long as the object lives. It can be taken away in
-// between.
+// A drive like the share of another machine, for as long as the object lives. A test can take it away and
+// bring it back.
 class SharedDrive {
 public:
     SharedDrive() {
@@ -57,7 +56,7 @@ private:
 class Share : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (!m_share.IsThere()) GTEST_SKIP() << "a share can be made under Wine only";
+        if (!m_share.IsThere()) GTEST_SKIP() << "only Wine lets a test make a share";
     }
     void StartLive(Session& session) {
         session.StartWithHost();
@@ -68,7 +67,7 @@ protected:
     const SharedDrive m_share;
 };
 
-TEST_F(Share, HoldsTheSettingsAsAnyOtherFolder) {
+TEST_F(Share, HoldsTheSettingsLikeAnyOtherFolder) {
     Session session(m_share.WorkingFolder());
     StartLive(session);
     ASSERT_FALSE(HasFatalFailure());
@@ -80,7 +79,7 @@ TEST_F(Share, HoldsTheSettingsAsAnyOtherFolder) {
     EXPECT_FALSE(std::filesystem::exists(session.ExchangeFile()));
 }
 
-TEST_F(Share, ThatGoesAwayCostsNoValueAndIsToldAtTheStop) {
+TEST_F(Share, ThatGoesAwayCostsNoValueAndIsReportedAtTheStop) {
     Session session(m_share.WorkingFolder());
     StartLive(session);
     ASSERT_FALSE(HasFatalFailure());
@@ -112,8 +111,9 @@ TEST_F(Share, ThatIsAwayForAWhileIsWrittenAgain) {
 
 class VanishedFolder : public Replay {};
 
-// As with a disk that is full, the user is told; the next start makes the folder as the first one did.
-TEST_F(VanishedFolder, OfSettingsIsToldAtTheStopAndMadeAgainByTheNextRun) {
+// As with a full disk, the program tells the user. The next start makes the folder again, as the first one
+// did.
+TEST_F(VanishedFolder, OfSettingsIsReportedAtTheStopAndMadeAgainByTheNextRun) {
     const auto log = WriteLog("x.csv", LogThatLingersAt(kDriving));
     Start();
     Load(log);
@@ -131,7 +131,7 @@ TEST_F(VanishedFolder, OfSettingsIsToldAtTheStopAndMadeAgainByTheNextRun) {
     EXPECT_EQ(BytesOf(session.Scaling(kScalingFile)), ScalingBytes(3, kUnitRanges));
 }
 
-// A log whose folder goes in mid-replay is held open, and ends as it would have.
+// The program has the log open, so the replay goes on to its end even if the log's folder is removed.
 TEST_F(VanishedFolder, OfTheLogDisturbsNoReplay) {
     const auto log = WriteLog("x.csv", LogThatLingersAt(kDriving));
     Start();
@@ -141,7 +141,7 @@ TEST_F(VanishedFolder, OfTheLogDisturbsNoReplay) {
     for (int press = 0; press < 3; ++press) main.Click(IDC_REPLAY_FASTER);
     EXPECT_TRUE(session.Shows(0, L"780 /min"));
     EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
-    Press(IDC_PAUSE);  // the same log again, which is not there any more
+    Press(IDC_PAUSE);  // asks for the same log again, which is gone
     EXPECT_TRUE(main.Answers(kDeadline));
     EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
     EXPECT_TRUE(session.Closes());

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kSleep = 1s;
 
-// Nothing of a process runs for as long as the object lives.
+// Suspends a process for as long as the object lives.
 class Asleep {
 public:
     explicit Asleep(DWORD processId)
@@ -72,8 +72,8 @@ TEST_F(Sleep, OfHostAndProgramGoesOnWhereItWas) {
     EXPECT_TRUE(ClosesPromptly(session));
 }
 
-// The time slept is over, and not owed: afterwards a row of twenty a second still takes its time.
-TEST_F(Sleep, InMidReplayIsNotMadeUpForByHaste) {
+// The replay must not rush to make up for the time slept: twenty rows a second still take a second.
+TEST_F(Sleep, DuringAReplayIsNotMadeUpForByHaste) {
     Enter(ProgramState::ReplayPlaying);
     ASSERT_FALSE(HasFatalFailure());
     const auto seconds = [this] { return std::stod(main.Text(IDC_ELAPSED)); };

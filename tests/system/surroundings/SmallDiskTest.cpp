@@ -1,5 +1,4 @@
-// A disk that is really full: a small one of the test's own, on which everything lies that the program
-// writes.
+// A disk that is really full: a small one of the test's own. The program writes everything there.
 #include "tests/support/system/LinuxShell.h"
 #include "tests/support/system/Records.h"
 #include "tests/support/system/Session.h"
@@ -26,7 +25,7 @@ public:
     bool IsThere() const { return m_isThere; }
     std::filesystem::path Path() const { return m_above / "disk"; }
     std::string Bytes(std::string_view name) const { return BytesOf(Path() / "Scaling" / name); }
-    // Until not one byte more fits.
+    // Writes until not one more byte fits.
     void Fill() const {
         RunInShell(m_above.Path(), L"cat /dev/zero >disk/rest 2>/dev/null; test -s disk/rest");
         WriteBytes(Path() / "one-more", "x");
@@ -53,7 +52,7 @@ protected:
     const SmallDisk m_disk;
 };
 
-TEST_F(SmallDiskTest, ThatFillsUpInADriveKeepsTheOldFilesAndIsTold) {
+TEST_F(SmallDiskTest, ThatFillsUpDuringADriveKeepsTheOldFilesAndIsReported) {
     Session session(m_disk.Path());
     StartLive(session);
     ASSERT_FALSE(HasFatalFailure());
@@ -85,8 +84,8 @@ TEST_F(SmallDiskTest, ThatHasRoomAgainTakesTheSettings) {
     EXPECT_TRUE(m_disk.Bytes("Prefs.cfg").ends_with("\r\nFuelHistoryDepth=1\r\n"));
 }
 
-// The exchange file is the host's and was there before.
-TEST_F(SmallDiskTest, ThatIsFullFromTheStartHindersNoDrive) {
+// The host had written the exchange file before the disk was full.
+TEST_F(SmallDiskTest, ThatIsFullFromTheStartPreventsNoDrive) {
     Session session(m_disk.Path());
     WriteBytes(session.ExchangeFile(), "5\n");
     m_disk.Fill();
