@@ -12,14 +12,14 @@
 #include "tools/drives/ScriptedDrive.h"
 #include "tools/samples/SampleLogs.h"
 
-// Nothing is allocated for a record once every text has grown as long as it gets: counted over a thousand
-// records of the whole portable way, after as many that warm it up.
+// Once every text has grown as long as it gets, a record allocates nothing. A thousand records warm the whole
+// portable way up, and the allocations of the next thousand are counted.
 namespace plotvane {
 namespace {
 
 constexpr int kRecords = 1000;
 
-// Counts what is allocated between the sample at which all is warm and the last one that counts.
+// Counts the allocations between sample kRecords, when everything is warm, and sample 2 * kRecords.
 class AllocationsOfRecords {
 public:
     std::function<void(const TraceValues&)> OnSample() {
@@ -57,8 +57,8 @@ void ExpectNothingAllocatedLive(RecordForm form) {
     EXPECT_EQ(counter.allocations, 0u);
 }
 
-// The header and the first rows of a log, then the same rows over and over: 2,000 and a few more. A step
-// back in time waits for nothing.
+// The header of a log, then its rows repeated until there are a few more than 2,000. A replay does not wait
+// where the time steps back.
 std::string LogOfManyRows(const std::string& log, int headerLines) {
     std::size_t rowsBegin = 0;
     for (int line = 0; line < headerLines; ++line) rowsBegin = log.find('\n', rowsBegin) + 1;
@@ -87,8 +87,8 @@ TEST(AllocationsPerRecord, TheCountSeesWhatAStringAllocates) {
     EXPECT_EQ(test::NewCount() - before, 2u) << "one for the vector, one for " << texts.front();
 }
 
-// A compiler may leave out a `new` with its `delete`, but no plain call. What is given back differently than
-// it was asked for stops the sanitizer.
+// Calls the operators by name, because a compiler may leave out a `new` together with its `delete`. If two
+// forms did not belong together, the sanitizer would stop the test.
 TEST(AllocationsPerRecord, TheCountSeesEachForm) {
     const std::size_t before = test::NewCount();
     ::operator delete(::operator new(8));

@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// How often this program has asked for memory by `new`, from anywhere and in any form but that for types with
-// a larger alignment than usual, of which there are none.
+// How often this program has called `new`, from anywhere and in any form. The form for types with a larger
+// alignment than usual is not counted; nothing uses it.
 std::size_t NewCount();
 
 }  // namespace plotvane::test

@@ -7,7 +7,7 @@
 namespace plotvane::test {
 namespace {
 
-// The text of the longest settings file, nearly as it stands on the disk.
+// A text about as long as the longest settings file.
 std::string LongText() {
     std::string text;
     for (int group = 1; group <= 255; ++group) text += std::to_string(group) + ",0,100,0,100,0,100,0,100,\n";
@@ -33,7 +33,7 @@ TEST(FullDiskForAnyText, AtEachByteTheOldFileStandsAlone) {
 
 class FullDisk : public SettingsFileTest {
 protected:
-    // Each byte of the shorter files, each tenth of the longest, whose text takes long to make.
+    // Every byte of the shorter files, every tenth or so of the longest, whose text takes long to make.
     std::size_t Stride() const { return 1 + m_new.size() / 1024; }
 
     int SaveWithRoomFor(std::size_t bytes) const {
@@ -67,7 +67,7 @@ TEST_P(FullDisk, WithRoomForTheLastByteTheNewFileStandsAlone) {
 
 INSTANTIATE_TEST_SUITE_P(Each, FullDisk, testing::ValuesIn(SettingsFiles()), TestNameOf);
 
-// Files that the program makes for itself when they are missing.
+// Files that the program makes when they are missing.
 class FullDiskAtStart : public testing::Test {
 protected:
     static constexpr const char* kModule = "038-906-019-FT.SCL";

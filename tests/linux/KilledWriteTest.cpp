@@ -36,13 +36,13 @@ TEST_P(KilledWrite, AtAnySystemCallLeavesTheOldOrTheNewFile) {
         ExpectTheNextSaveToClearUp();
         ASSERT_FALSE(HasFailure()) << "step " << step;
     }
-    EXPECT_TRUE(sawOld) << "no step came before the exchange";
-    EXPECT_TRUE(sawNew) << "no step came behind the exchange";
-    EXPECT_TRUE(sawRemains) << "no step came in its midst";
-    EXPECT_TRUE(IsNew()) << "the work was not done in the end";
+    EXPECT_TRUE(sawOld) << "no kill came before the exchange";
+    EXPECT_TRUE(sawNew) << "no kill came after the exchange";
+    EXPECT_TRUE(sawRemains) << "no kill came during the exchange";
+    EXPECT_TRUE(IsNew()) << "the work that nothing killed was not done";
 }
 
-TEST_P(KilledWrite, AtABitOfTheNewFileLeavesTheOldOne) {
+TEST_P(KilledWrite, InTheMiddleOfTheNewFileLeavesTheOldOne) {
     constexpr std::size_t kPlaces = 64;
     const std::size_t stride = 1 + m_new.size() / kPlaces;
     for (std::size_t bytes = 0; bytes < m_new.size(); bytes += stride) {
@@ -55,8 +55,8 @@ TEST_P(KilledWrite, AtABitOfTheNewFileLeavesTheOldOne) {
     EXPECT_TRUE(IsNew());
 }
 
-// Another program has the file open, so it is written in place. Both editions are longer than the other one
-// in turn.
+// Another program has the file open, so it is written in place. The tests go from the shorter text to the
+// longer one and back.
 class KilledWriteInPlace : public SettingsFileTest {
 protected:
     static constexpr int kShort = 1;
@@ -80,14 +80,14 @@ protected:
             sawTorn = sawTorn || (bytes != before && bytes != after);
             const std::string text = ReadText();
             ASSERT_TRUE(text == TextOf(before) || text == TextOf(after)) << "step " << step << ": " << text;
-            // What the reader has found is on the disk by now, and stays there without the copy.
+            // The reader has put the text that it found on the disk; it stays there without the copy.
             ASSERT_EQ(TextOf(BytesOf(File())), text) << "step " << step;
             seen.insert(text);
             ASSERT_EQ(Save(from), 0) << "step " << step;
             ASSERT_TRUE(IsAlone()) << "step " << step;
         }
         EXPECT_EQ(seen.size(), 2u);
-        EXPECT_TRUE(sawTorn) << "no step came in the midst of the writing";
+        EXPECT_TRUE(sawTorn) << "no kill came during the writing";
         EXPECT_EQ(BytesOf(File()), after);
         EXPECT_TRUE(IsAlone());
     }
@@ -101,8 +101,8 @@ TEST_P(KilledWriteInPlace, OfAShorterTextLeavesOneWholeText) {
     KillAtEachStep(kLong, kShort);
 }
 
-// The reader is killed while it finishes what the writer was killed in; the one after it finds the text.
-TEST_P(KilledWriteInPlace, IsFinishedAlsoWhereTheReaderIsKilledTheSameWay) {
+// The writer is killed, and the reader that finishes its work is killed too. The next reader finds the text.
+TEST_P(KilledWriteInPlace, IsFinishedEvenIfTheReaderIsKilledToo) {
     ASSERT_EQ(Save(kShort), 0);
     const std::string before = BytesOf(File());
     const std::string after = Edition(kLong);

@@ -44,7 +44,7 @@ TEST_P(LinkedFile, MayLeadThroughAnotherLink) {
     EXPECT_EQ(BytesOf(Target()), m_new);
 }
 
-// The drive that it leads to is away: it must be there again when the drive is.
+// The drive that it leads to is not there. When the drive comes back, the link must still lead to it.
 TEST_P(LinkedFile, ThatLeadsNowhereIsNeitherWrittenNorReplaced) {
     std::filesystem::remove(Target());
     EXPECT_EQ(KindOf(File()), FileKind::Other);

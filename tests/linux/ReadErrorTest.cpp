@@ -1,4 +1,4 @@
-// A disk that fails while a file is read: what could not be read whole counts as not read.
+// A disk that fails while a file is read: a file that cannot be read to its end counts as not read.
 #include "base/AtomicFile.h"
 #include "base/WholeCopy.h"
 #include "link/ExchangeFile.h"
@@ -13,7 +13,7 @@
 namespace plotvane::test {
 namespace {
 
-TEST(ReadError, OfATextIsToldFromItsEnd) {
+TEST(ReadError, OfATextIsNotTakenForItsEnd) {
     const TempFolder folder;
     const std::string bytes(10000, 'x');
     WriteBytes(folder / "text", bytes);
@@ -28,8 +28,8 @@ TEST(ReadError, OfATextIsToldFromItsEnd) {
     }
 }
 
-// Reads a settings file into an object that holds something else, then saves that again as the program does
-// unasked.
+// Reads a settings file into an object that holds something else, then saves it as the program does when
+// nobody asks.
 class SettingsReadError : public testing::Test {
 protected:
     std::filesystem::path File(const char* name) const { return m_scaling.Path() / name; }
@@ -37,7 +37,7 @@ protected:
     TempFolder m_scaling;
 };
 
-TEST_F(SettingsReadError, OfPrefsGivesTheDefaultsAndSaysThatTheUsersAreUnknown) {
+TEST_F(SettingsReadError, OfPrefsGivesTheDefaultsAndFails) {
     Prefs mine;
     mine.backColor = 0x123456;
     mine.lineColor.fill(0x654321);
@@ -54,7 +54,7 @@ TEST_F(SettingsReadError, OfPrefsGivesTheDefaultsAndSaysThatTheUsersAreUnknown) 
     }
 }
 
-TEST_F(SettingsReadError, BehindTheBytesOfPrefsThatCountIsNone) {
+TEST_F(SettingsReadError, AfterTheBytesOfPrefsThatCountDoesNotMatter) {
     WriteBytes(File(kPrefsFileName), "BackColor=12\r\n" + std::string(9000, 'x'));
     Prefs prefs;
     const ReadError error(8192);
@@ -158,7 +158,7 @@ TEST_F(WholeCopyReadError, MakesTheFileUnreadableAndTouchesNeither) {
     EXPECT_EQ(BytesOf(m_file), m_whole);
 }
 
-// Readers will go by the copy again as soon as they can read it.
+// Readers will use the copy as soon as they can read it again, so a save must not look done.
 TEST_F(WholeCopyReadError, MakesASaveFail) {
     for (const std::size_t readable : {std::size_t{0}, m_copyBytes.size()}) {
         const ReadError error(readable);
@@ -212,8 +212,8 @@ constexpr std::string_view kLog =
     "FT,x\n\n,A,'001,,,,B,,,,,C,\n,,,,,,,,,,,,,,,\n,,,,,,,,,,,,,,,\n"
     "m,t,/min,V,%,A,t,,,,,t,,,,\n0,0.00,780,12,3,4,,,,,,,,,,\n1,0.50,1240,13,5,6,,,,,,,,,,\n";
 
-// As the end of the file does; a row of which a part could not be read is none.
-TEST(LogReadError, EndsTheLogBehindItsLastWholeRow) {
+// As the end of the file does. A row that could only be read in part does not count.
+TEST(LogReadError, EndsTheLogAfterItsLastWholeRow) {
     const TempFolder folder;
     WriteBytes(folder / "x.csv", kLog);
     const std::size_t firstRow = kLog.find("\n0,0.00") + 1;

@@ -18,7 +18,7 @@ protected:
         prefs.showUnits = true;
     }
 
-    // A full redraw of which that request for memory fails. False if it does not have so many.
+    // Redraws everything while that request for memory fails. False if there are fewer requests.
     bool RedrawFails(std::size_t request) {
         const RequestFails fails(request);
         try {
@@ -37,7 +37,7 @@ protected:
     }
 };
 
-// Grid and labels are where they were, and no trace of them in the part that scrolls.
+// Grid and labels are where they were, and none of their pixels scroll with the traces.
 TEST_F(ChartOutOfMemory, AFullRedrawThatFailsIsMadeUpForByTheNextSample) {
     Append(100);
     chart.InvalidateCtrl();

@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// While it lives, one of the program's requests for memory by `new` fails: the one with this number, counted
-// from here; the next one is 1.
+// While it lives, one of the program's requests for memory by `new` fails: the one with this number. The next
+// request has the number 1.
 class RequestFails {
 public:
     explicit RequestFails(std::size_t request);
@@ -13,7 +13,7 @@ public:
     RequestFails(const RequestFails&) = delete;
     RequestFails& operator=(const RequestFails&) = delete;
 
-    // Whether there have been so many requests.
+    // Whether that request has come.
     bool HasFailed() const;
 };
 

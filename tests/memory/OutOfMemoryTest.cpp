@@ -10,14 +10,14 @@
 #include "tests/support/AcquisitionFixture.h"
 #include "tests/support/OpenFile.h"
 
-// What was begun is not left half done when memory ends: each request for memory fails once, from the first
-// to the last, and after each time it goes on as if nothing had been.
+// Running out of memory leaves nothing half done. Each test lets every request for memory fail once, from the
+// first to the last, and each time the program then goes on as if nothing had happened.
 namespace plotvane {
 namespace {
 
 using test::RequestFails;
 
-// Does it, with the request of that number failing. False if there are fewer requests.
+// Does the work while the request with that number fails. False if there are fewer requests.
 template <typename Work>
 bool FailsAt(std::size_t request, Work work) {
     const RequestFails fails(request);
@@ -61,7 +61,7 @@ constexpr std::string_view kLog =
     "0,0.00,780,0.05,0,,,,\n"
     "1,0.50,1240,0.55,12,,,,\n";
 
-// The acquisition on fake views, as often as it is wanted in one test.
+// The acquisition on fake views, as a plain object: a test makes one for each request.
 struct Session : test::AcquisitionFixture {
     using AcquisitionFixture::chart;
     using AcquisitionFixture::dialog;

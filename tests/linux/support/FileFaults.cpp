@@ -47,7 +47,7 @@ std::FILE* ReadThroughFaults(std::FILE* file, std::string_view mode) {
 
 }  // namespace
 
-// The linker leads the program's own calls here: see CMakeLists.txt.
+// The linker directs the program's own calls here: see CMakeLists.txt.
 extern "C" {
 
 std::FILE* __real_fopen(const char* path, const char* mode);

@@ -4,8 +4,8 @@
 
 namespace plotvane::test {
 
-// A disk that gives up so many bytes of each file and then fails, for as long as this object lives. Counts
-// for files that this process opens meanwhile through the program's own code.
+// A disk that fails after the first bytes of each file, for as long as this object lives. Affects the files
+// that this process opens meanwhile through the program's own code.
 class ReadError {
 public:
     explicit ReadError(std::size_t bytes);
@@ -14,8 +14,9 @@ public:
     ReadError& operator=(const ReadError&) = delete;
 };
 
-// Files that other programs have open, as Windows treats them: none can be renamed over, all can be written.
-// For as long as this object lives, in this process and in those it forks.
+// Makes all files behave like files that other programs have open on Windows: they can be written, but
+// nothing can be renamed over them. Works for as long as this object lives, in this process and in those it
+// forks.
 class HeldFiles {
 public:
     HeldFiles();
@@ -24,8 +25,8 @@ public:
     HeldFiles& operator=(const HeldFiles&) = delete;
 };
 
-// Waiting takes no time, for as long as this object lives, in this process and in those it forks: for tests
-// that wait for a holder a hundred times.
+// Waiting takes no time, for as long as this object lives, in this process and in those it forks. For tests
+// in which the program waits for another one a hundred times.
 class NoWaiting {
 public:
     NoWaiting();

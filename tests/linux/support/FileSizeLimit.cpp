@@ -8,7 +8,7 @@
 namespace plotvane::test {
 namespace {
 
-// Only what the process asks of itself changes, so that the limit can be lifted again by any user.
+// Both use the soft limit, which any user can lift again.
 std::size_t Limit() {
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
@@ -24,7 +24,7 @@ bool SetLimit(std::size_t bytes) {
 
 }  // namespace
 
-// The system would also end the process by a signal, which a full disk does not.
+// Ignores the signal that comes with the limit: it would end the process, which a full disk does not.
 FileSizeLimit::FileSizeLimit(std::size_t bytes)
     : m_before(Limit()), m_handlerBefore(std::signal(SIGXFSZ, SIG_IGN)) {
     if (!SetLimit(bytes)) throw std::runtime_error("cannot limit the size of files");

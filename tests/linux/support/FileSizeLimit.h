@@ -5,7 +5,7 @@
 namespace plotvane::test {
 
 // A disk with room for `bytes` more in any one file, for as long as this object lives: the system writes as
-// much as fits, and refuses the rest. Counts for regular files of this process and of those it forks.
+// much as fits, and refuses the rest. Affects the regular files of this process and of those it forks.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(std::size_t bytes);

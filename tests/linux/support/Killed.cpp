@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kDone = 0;
 
-// In the child `prepare` and then `work` run; the child never returns into the test program.
+// The child runs `prepare`, then `work`, and never returns into the test program.
 pid_t Fork(const std::function<void()>& prepare, const std::function<void()>& work) {
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("cannot fork");
@@ -31,11 +31,11 @@ int Wait(pid_t child) {
     return status;
 }
 
-// Throws if the process came to an end that is neither the one of its work nor `signal`.
+// False if the process ended by itself after its work. Throws if it ended in any other way.
 bool WasKilledBy(int signal, int status) {
     if (WIFEXITED(status) && WEXITSTATUS(status) == kDone) return false;
     if (WIFSIGNALED(status) && WTERMSIG(status) == signal) return true;
-    throw std::runtime_error("a process has failed in its own way");
+    throw std::runtime_error("the process failed by itself");
 }
 
 }  // namespace

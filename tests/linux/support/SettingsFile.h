@@ -17,14 +17,14 @@ struct SettingsFile {
     int (*save)(const std::filesystem::path& scaling, int edition);
 };
 
-// All there are: Prefs.cfg, Defaults.cfg, and the ranges of a module and of generic OBD data.
+// All of them: Prefs.cfg, Defaults.cfg, and the ranges of a module and of generic OBD data.
 std::vector<SettingsFile> SettingsFiles();
 std::string TestNameOf(const testing::TestParamInfo<SettingsFile>& info);
 
 // Names of all that is in a folder.
 std::set<std::string> NamesIn(const std::filesystem::path& folder);
 
-// A Scaling folder that holds the first edition of a settings file, about to be replaced by the second.
+// A Scaling folder with the first edition of a settings file, which the test replaces by the second.
 class SettingsFileTest : public testing::TestWithParam<SettingsFile> {
 protected:
     void SetUp() override;

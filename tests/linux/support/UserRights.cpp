@@ -25,7 +25,7 @@ std::uint32_t Effective() {
     return capabilities[0].effective;
 }
 
-// What the process may put in force stays, so that it can come back.
+// Only the rights in force change; the permitted ones stay, so that they can be put in force again.
 bool SetEffective(std::uint32_t effective) {
     Capabilities capabilities{};
     if (!Ask(SYS_capget, capabilities)) return false;

@@ -4,7 +4,7 @@
 
 namespace plotvane::test {
 
-// Tests may run as root, whom no permission stops. For as long as this object lives the permissions of files
+// Tests may run as root, and permissions do not stop root. While this object lives, the permissions of files
 // and folders count for this process too.
 class UserRights {
 public:
