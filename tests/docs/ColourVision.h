@@ -33,7 +33,7 @@ inline Vector LinearOf(Colour colour) {
     return {LinearOf(RedOf(colour)), LinearOf(GreenOf(colour)), LinearOf(BlueOf(colour))};
 }
 
-// How these eyes see the light: Machado, Oliveira and Fernandes (2009), for eyes without one kind of cone.
+// How these eyes see the light, by Machado, Oliveira and Fernandes (2009): eyes without one kind of cone.
 inline Vector SeenBy(Eyes eyes, const Vector& light) {
     static constexpr Matrix kNoRed{
         {{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}};

@@ -30,9 +30,9 @@ bool HasText(const std::string& file, const std::string& text) {
     return SourceText(file).find(text) != std::string::npos;
 }
 
-// Collects the word after each `mark` in the text of a build file, a target's name; it ends at a blank or
-// parenthesis.
-void CollectBehind(const std::string& text, std::string_view mark, std::set<std::string>& names) {
+// Collects the word after each `mark` in the text of a build file: the name of a target. It ends at a blank
+// or parenthesis.
+void CollectAfter(const std::string& text, std::string_view mark, std::set<std::string>& names) {
     for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + 1)) {
         const std::size_t begin = at + mark.size();
         names.insert(text.substr(begin, text.find_first_of(" )\n", begin) - begin));
@@ -44,7 +44,7 @@ std::set<std::string> Targets() {
     for (const std::string& name : AllFiles()) {
         if (!name.ends_with("CMakeLists.txt")) continue;
         for (const char* mark : {"add_executable(", "add_library(", "add_custom_target("}) {
-            CollectBehind(SourceText(name), mark, names);
+            CollectAfter(SourceText(name), mark, names);
         }
     }
     return names;

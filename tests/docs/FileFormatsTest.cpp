@@ -24,8 +24,8 @@ std::string WithCrLf(std::string_view text) {
     return lines;
 }
 
-// In the example of a scaling file, a line "…" stands for all lines between its neighbours, each with the
-// values for nothing chosen.
+// In the example of a scaling file, a line "…" stands for all lines between the one above and the one below,
+// each with the values for "not chosen".
 std::string Expanded(std::string_view example, int fields) {
     std::string text;
     const std::vector<std::string> lines = Lines(example);

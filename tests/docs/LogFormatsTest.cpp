@@ -1,5 +1,5 @@
-// docs/file-formats-logs.md: each example goes through the program's own reader, and what comes out is what
-// the page says.
+// docs/file-formats-logs.md: the program's own reader reads each example, and the result is what the page
+// says.
 #include <gtest/gtest.h>
 
 #include "logs/LabelFile.h"
@@ -83,7 +83,7 @@ TEST_F(LogFormatsTest, GenericObdBecomesTheRecordOnThePage) {
     EXPECT_EQ(m_log.ReadLogRow(m_record), LogRow::Ended);
 }
 
-// "Coolant", "temperature " of the page's own file; elsewhere the labels of the file that it redirects to.
+// "Coolant" and "temperature " come from the file on the page, the others from the file that it redirects to.
 TEST_F(LogFormatsTest, LabelsAreFoundAsThePageTells) {
     WriteBytes(m_folder / "038-906-019.LBL", m_page.Example("038-906-019.LBL"));
     WriteBytes(m_folder / "038-906-019-G.LBL", "001,1,From the other file\n");
@@ -102,7 +102,7 @@ TEST_F(LogFormatsTest, LabelsAreFoundAsThePageTells) {
                             labels.FieldSecondText(1, 1) + "\""));
 }
 
-// The identifiers stand in the heading; a name below them, or "none".
+// The heading holds the identifiers. Each cell below them is a name, or "none".
 TEST_F(LogFormatsTest, NamesAreMadeAsInTheTable) {
     const Table table = m_page.TableOf({"step", "038 906 019 FT"});
     ASSERT_EQ(table.size(), 8U);

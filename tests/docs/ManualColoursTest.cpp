@@ -85,7 +85,7 @@ TEST_F(ManualColoursTest, AreInThePreferencesFileToo) {
     EXPECT_EQ(prefs.thickness, 2);
 }
 
-// Pins the scale of the distances: black and white are 100 apart, and red differs from green except for eyes
+// Checks the measure itself: black and white are 100 apart, and red differs from green except for eyes
 // without red or green cones.
 TEST(ColourVisionTest, MeasuresWhatEyesSee) {
     EXPECT_NEAR(Distance(kBlack, kWhite, Eyes::All), 100.0, 0.1);

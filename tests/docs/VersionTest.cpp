@@ -1,4 +1,4 @@
-// The version is set in app/Version.h; the places that cannot read it from there must agree with it.
+// app/Version.h sets the version; the places that cannot read it from there must agree with it.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -17,8 +17,8 @@ TEST_P(VersionTest, IsTheProgramsOwn) {
     const std::string text = SourceText(file);
     const std::size_t place = text.find(expected);
     ASSERT_NE(place, std::string::npos) << file << " does not say " << expected;
-    const char behind = text[place + expected.size()];
-    EXPECT_TRUE(behind == '"' || behind == '\n' || behind == '\\') << file << " says more than " << expected;
+    const char after = text[place + expected.size()];
+    EXPECT_TRUE(after == '"' || after == '\n' || after == '\\') << file << " says more than " << expected;
 }
 
 INSTANTIATE_TEST_SUITE_P(Places, VersionTest,

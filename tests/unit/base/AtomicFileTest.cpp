@@ -144,7 +144,7 @@ TEST(ReplaceTextFile, AReaderMeanwhileSeesTheOldTextOrTheNewOne) {
     std::atomic<bool> enough{false};
     std::thread writer([&] {
         for (int edition = 1; !enough; ++edition) {
-            // A reader may hold the file for so long that Windows refuses; then the old text stands.
+            // A reader may hold the file for so long that Windows refuses; then the old text stays.
             static_cast<void>(ReplaceTextFile(folder / "a.cfg", texts[edition % 2]));
         }
     });
@@ -153,7 +153,7 @@ TEST(ReplaceTextFile, AReaderMeanwhileSeesTheOldTextOrTheNewOne) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while ((seen[0] < 10 || seen[1] < 10) && std::chrono::steady_clock::now() < deadline) {
         TextInput file = OpenWholeFile(folder / "a.cfg");
-        if (!file.IsOpen()) continue;  // held for longer than a reader waits: no text, and not another one
+        if (!file.IsOpen()) continue;  // held for longer than a reader waits: no text at all
         std::string text;
         for (int c = file.Get(); c != TextInput::kEnd; c = file.Get()) text += static_cast<char>(c);
         const auto* const known = std::ranges::find(texts, text);

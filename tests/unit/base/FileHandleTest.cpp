@@ -33,7 +33,7 @@ TEST_F(FileHandleTest, AFlushedFileHoldsWhatWasWrittenBeforeItIsClosed) {
     EXPECT_EQ(test::BytesOf(m_path), "text");
 }
 
-TEST_F(FileHandleTest, CuttingDropsWhatStandsBehind) {
+TEST_F(FileHandleTest, CuttingDropsWhatFollows) {
     FileHandle file = OpenFile(m_path, "wb");
     ASSERT_TRUE(file);
     std::fputs("text", file.get());

@@ -5,7 +5,7 @@
 namespace plotvane {
 namespace {
 
-// Fails so many times, then succeeds.
+// Fails `failures` times, then succeeds.
 struct Attempts {
     int failures;
     int made = 0;

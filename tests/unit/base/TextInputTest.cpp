@@ -77,7 +77,7 @@ TEST_F(TextInputTest, IsNotOpenForAMissingFileOrAFolder) {
     EXPECT_FALSE(folder.IsOpen());
 }
 
-// Counts how often it was asked, and wants the text so many times.
+// Counts how often it is asked, and no longer wants the text at question number `wanted`.
 struct CountingWatch : ReadWatch {
     bool GoOn() override { return ++asked < wanted; }
 

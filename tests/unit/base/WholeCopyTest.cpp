@@ -10,7 +10,7 @@
 namespace plotvane {
 namespace {
 
-// A file that a run was killed in the middle of writing, and the copy that stands beside it then.
+// A run was killed while it wrote this file, and the copy is still beside it.
 class WholeCopyTest : public testing::Test {
 protected:
     WholeCopyTest() {
@@ -77,7 +77,7 @@ TEST_F(WholeCopyTest, ThatAnotherProgramIsStillWritingMakesTheFileUnreadable) {
     EXPECT_EQ(test::BytesOf(m_file), "new teld text");
 }
 
-// Anybody may have a file of this name.
+// A file of this name may be somebody else's.
 class ForeignCopy : public WholeCopyTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(ForeignCopy, IsNeitherReadNorTouched) {

@@ -26,7 +26,7 @@ std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder) 
 
 class KeptInputsTest : public testing::TestWithParam<Target> {
 protected:
-    // Runs the target with every file of a folder; how many there were.
+    // Runs the target with every file of a folder. Returns the number of files.
     std::size_t RunAll(const std::filesystem::path& folder) {
         const auto files = FilesIn(folder);
         for (const auto& file : files) {

@@ -47,7 +47,7 @@ TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
     ASSERT_EQ(chart.samples.size(), 1u);
     EXPECT_EQ(chart.samples[0][0], 780.0);
     EXPECT_EQ(chart.samples[0][3], 4.2);
-    EXPECT_FALSE(chart.rangeSetWhileOn);  // each of its ranges would cost a redraw of the whole chart
+    EXPECT_FALSE(chart.rangeSetWhileOn);  // with drawing on, each range would redraw the whole chart
     EXPECT_FALSE(chart.appendedWhileOff);
     EXPECT_EQ(panel.values[1],
               "90 \xB0"
@@ -86,7 +86,7 @@ TEST_F(LiveLoopTest, EachRunSelectsTheFirstSlotAtItsFirstRecordAndLeavesTheUsers
     Run();
     acquisition.loop.Selection().SelectSlot(0, 2);
 
-    // The same groups again, so that nothing else selects.
+    // The same groups again, so that only the new run can select the slot.
     for (int i = 0; i < 2; ++i) pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
     const int selections = panel.selections;
@@ -96,7 +96,7 @@ TEST_F(LiveLoopTest, EachRunSelectsTheFirstSlotAtItsFirstRecordAndLeavesTheUsers
     EXPECT_EQ(panel.selections, selections + 1);
 }
 
-TEST_F(LiveLoopTest, TheTablesAreMadeAndTheRangesSaved) {
+TEST_F(LiveLoopTest, TheScalingFilesAreMadeAndTheRangesSaved) {
     pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
     Run();
@@ -121,7 +121,7 @@ TEST_F(LiveLoopTest, TheFirstSampleIsErasedByTheRedrawAndTheSecondIsNot) {
 
 TEST_F(LiveLoopTest, TheStopByteStopsAndOffersToStartOver) {
     pipe.Write("\xFF\xFE");
-    dialog.look.stopEnabled = true;  // however they were left
+    dialog.look.stopEnabled = true;  // whatever the run before left
     dialog.look.loadActive = true;
     Run();
     EXPECT_FALSE(dialog.look.loadActive);
@@ -201,7 +201,7 @@ TEST_F(LiveLoopTest, PauseAfterAStopReadsOnFromTheSamePipe) {
     pipe.Write(BlockOf(EngineRecord("038 906 019 FT", "900")));
     pipe.Write("\xFE");
     Run();
-    state.playing = false;  // however the run before was left
+    state.playing = false;  // whatever the run before left
     dialog.Pause();
     EXPECT_EQ(chart.samples.size(), 2u);
     EXPECT_EQ(panel.values[0], "900 /min");
@@ -345,7 +345,7 @@ TEST_F(LiveLoopTest, GenericObdIdentifiersKeepOnePairALine) {
     const std::string saved = test::BytesOf(ScalingFile("OBD.SCL"));
     EXPECT_NE(saved.find("\r\n12,0,6000,\r\n13,0,250,\r\n14,0,100,\r\n"), std::string::npos);
 
-    // The mark stays for the module that follows.
+    // The next module is still marked as generic OBD.
     pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
     dialog.Pause();
@@ -367,7 +367,7 @@ TEST_F(LiveLoopTest, AnotherModuleIsFollowedOnlyAfterARestart) {
     EXPECT_TRUE(std::filesystem::exists(ScalingFile("BBB-111-222.SCL")));
 }
 
-TEST_F(LiveLoopTest, ScalingThatCouldNotBeLoadedIsNotSavedAndThatIsSaid) {
+TEST_F(LiveLoopTest, ScalingThatCouldNotBeLoadedIsNotSavedAndAMessageSaysSo) {
     test::WriteBytes(folder / "Scaling", "a file in the folder's place");
     pipe.Write(BlockOf(EngineRecord()));
     pipe.Write("\xFE");
@@ -378,7 +378,7 @@ TEST_F(LiveLoopTest, ScalingThatCouldNotBeLoadedIsNotSavedAndThatIsSaid) {
     EXPECT_EQ(test::BytesOf(folder / "Scaling"), "a file in the folder's place");
 }
 
-TEST_F(LiveLoopTest, ScalingThatCannotBeSavedIsSaid) {
+TEST_F(LiveLoopTest, ScalingThatCannotBeSavedIsReported) {
     pipe.Write(BlockOf(EngineRecord()));
     After(120.0, [&] {
         std::filesystem::remove(ScalingFile("038-906-019-FT.SCL"));

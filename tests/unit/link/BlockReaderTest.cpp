@@ -108,7 +108,7 @@ TEST_F(BlockReaderTest, ClicksDoNotShortenTheRound) {
     EXPECT_EQ(pump.NowMs() - first, 50.0);
 }
 
-// A host that writes "nothing new" faster than it can be read.
+// A host that writes "nothing new" faster than anybody can read it.
 struct FloodedPipe : HostPipe {
     void Attach(int) override {}
     int TryRead(std::span<char> buffer) override {
@@ -138,7 +138,7 @@ TEST_F(BlockReaderTest, ARoundThatCameLateIsMadeUpForByTheNext) {
     pump.Pass(70.0);
     EXPECT_EQ(waited(), 0.0);
     EXPECT_EQ(waited(), 30.0);
-    pump.Pass(101.0);  // more than a whole round late: the count begins again
+    pump.Pass(101.0);  // more than a whole round late: the rounds start again from now
     EXPECT_EQ(waited(), 0.0);
     pipe.Write(test::BlockOf("five,"));
     EXPECT_EQ(waited(), 50.0);

@@ -73,7 +73,7 @@ TEST_F(LogSourceTest, OpeningTellsALogFromACancelledDialogAndFromSomethingElse) 
     EXPECT_EQ(source.OpenLogFile(), 0);
 }
 
-TEST_F(LogSourceTest, AMissingFileIsSaidOnce) {
+TEST_F(LogSourceTest, AMissingFileIsReportedOnce) {
     std::filesystem::remove(folder / "x.csv");
     Load();
     ASSERT_EQ(dialog.messages.size(), 1u);
@@ -107,7 +107,7 @@ TEST_F(LogSourceTest, ACloseInsideALongHeaderPlaysNothing) {
         if (++dispatches == 2) dialog.Close();
     };
     Load();
-    EXPECT_EQ(dispatches, 2) << "it is read no further";
+    EXPECT_EQ(dispatches, 2) << "the reading must stop there";
     EXPECT_TRUE(state.stopped);
     EXPECT_FALSE(state.logMode);
     EXPECT_FALSE(dialog.look.stopActive);
@@ -136,7 +136,7 @@ TEST_F(LogSourceTest, PressesWhileALogIsChosenAndItsHeaderReadOpenNoOther) {
         press();
     };
     Load();
-    EXPECT_GE(dispatchesBefore, 10) << "some every 100 KB";
+    EXPECT_GE(dispatchesBefore, 10) << "at least one every 100 KB";
     EXPECT_EQ(dialog.asked, 1);
     EXPECT_EQ(chart.samples.size(), 3u);
     EXPECT_TRUE(state.playing);

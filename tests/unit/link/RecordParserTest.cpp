@@ -153,7 +153,7 @@ TEST_F(RecordParserTest, RejectsMalformedFields) {
         "G001,X0,5,V,",  // no "F"
         "G001,F,5,V,",   // no digit
         "G001,Fx,5,V,",
-        "G12,F0,5,V,",  // a tag of two digits takes the comma with it
+        "G12,F0,5,V,",  // a tag of two digits: the comma counts as the third
     };
     for (const char* field : kMalformed) EXPECT_FALSE(ParseFirst(field)) << field;
 }

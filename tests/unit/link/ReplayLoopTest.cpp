@@ -120,7 +120,7 @@ TEST_F(ReplayLoopTest, MessagesAreDispatchedWhileALongRowIsRead) {
     Choose("x.csv", std::string(kReplayedLog) + "3,,800,90.0,1.0,1.00,,,,,,,,,\n");
     state.reopenLog = false;
     Load();
-    EXPECT_GE(withLongRow - (pump.dispatches - withLongRow), 10) << "some every 100 KB";
+    EXPECT_GE(withLongRow - (pump.dispatches - withLongRow), 10) << "at least one every 100 KB";
     EXPECT_EQ(chart.samples.size(), 8u);
 }
 
@@ -132,7 +132,7 @@ TEST_F(ReplayLoopTest, AStopInsideALongRowEndsTheReplayThere) {
         if (++dispatchesAfterIt == kInTheLongRow) dialog.Stop();
     };
     Load();
-    EXPECT_EQ(dispatchesAfterIt, kInTheLongRow) << "it is read no further";
+    EXPECT_EQ(dispatchesAfterIt, kInTheLongRow) << "the reading must stop there";
     EXPECT_TRUE(state.stopped);
     EXPECT_TRUE(state.reopenLog);
     EXPECT_EQ(chart.samples.size(), 3u);

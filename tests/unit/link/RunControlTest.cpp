@@ -138,7 +138,7 @@ TEST_F(RunControlTest, ACancelledDialogDisablesPause) {
 TEST_F(RunControlTest, LoadTakesTheOfferToReplayBackBeforeItAsksForALog) {
     Load();
     ASSERT_TRUE(state.reopenLog);
-    dialog.look.pauseEnabled = false;  // however the run before was left
+    dialog.look.pauseEnabled = false;  // whatever the run before left
     dialog.look.stopActive = true;
     dialog.whileAsked = [&] {
         EXPECT_TRUE(state.halted);
@@ -214,7 +214,8 @@ TEST_F(RunControlTest, AReplayThatIsStoppedInItsHaltHaltsAgainAfterItsFirstRow) 
     EXPECT_EQ(chart.samples.size(), 1u + 3u);
 }
 
-// The older replay shows the message that its log is damaged. Its end must not stop the newer replay.
+// The older replay shows a message that its log is damaged. When it then ends, it must not stop the newer
+// replay.
 TEST_F(RunControlTest, HowAnOlderRunHasEndedDoesNotCountForANewerOne) {
     Choose("x.csv", std::string(kReplayedLog) + "3,4.00,800,90.0\n");
     dialog.whileMessage = [&] {

@@ -9,7 +9,7 @@ namespace {
 
 struct TitleLog : MainWindow {
     void SetModuleTitle(std::u16string_view title) override { titles.emplace_back(title); }
-    void ShowMessage(int, int) override { FAIL() << "nothing to say"; }
+    void ShowMessage(int, int) override { FAIL() << "there must be no message"; }
     std::optional<std::filesystem::path> ChooseLog() override { return std::nullopt; }
     void StayAwake(bool) override { FAIL() << "nothing to stay awake for"; }
     void Close() override { FAIL() << "nothing to close for"; }
@@ -88,7 +88,7 @@ TEST_F(CurrentModuleTest, KeepsTheModuleOnceItsScalingIsLoaded) {
     EXPECT_EQ(m_titleBar.titles.size(), 1u);
 }
 
-TEST_F(CurrentModuleTest, FollowsAnotherModuleWhenTheLoopStartsAnew) {
+TEST_F(CurrentModuleTest, FollowsAnotherModuleWhenTheLoopStartsAgain) {
     m_module.ApplyModuleName("ABC 123 456,");
     LoadScaling();
     StartLoop();
@@ -97,7 +97,7 @@ TEST_F(CurrentModuleTest, FollowsAnotherModuleWhenTheLoopStartsAnew) {
     EXPECT_EQ(m_titleBar.titles.back(), u"Plotvane  -  Live Data  -  DEF");
 }
 
-// Records of generic OBD values alone: nothing ever loads their scaling.
+// With records of generic OBD values alone, nothing ever loads a scaling.
 TEST_F(CurrentModuleTest, FollowsEachRecordWhileNoScalingIsLoaded) {
     m_module.ApplyModuleName("ABC,");
     m_module.ApplyModuleName("DEF,");

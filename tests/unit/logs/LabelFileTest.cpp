@@ -138,7 +138,7 @@ TEST(Redirect, TakesTheEndOfTheListForNoItem) {
     EXPECT_EQ(RedirectTargetOf("REDIRECT,x.LBL,FT,;note,,", ""), std::nullopt);
 }
 
-TEST(Redirect, AllowsACommentBehindTheList) {
+TEST(Redirect, AllowsACommentAfterTheList) {
     EXPECT_EQ(RedirectTargetOf("REDIRECT,x.LBL,FT ; note", "FT"), "x.LBL");
     EXPECT_EQ(RedirectTargetOf("REDIRECT,x.LBL,GH;FT,FT", "FT"), std::nullopt);
 }
@@ -276,7 +276,7 @@ TEST_F(LoadLabelsTest, ReadsAFileOfAModuleWithAnUmlaut) {
     EXPECT_EQ(TitleFor("M\xFCller-12345"), "Umlaut");
 }
 
-// Wants the labels so many times.
+// No longer wants the labels at question number `wanted`.
 struct Impatience : ReadWatch {
     bool GoOn() override { return ++asked < wanted; }
 

@@ -54,7 +54,7 @@ TEST_F(LogCheckTest, EndsAtAnEndOfFileByte) {
               LogCheck::SomethingElse);
 }
 
-// On some systems such a name is that of a file, and it would be a log's.
+// Some systems allow a file of such a name, and here it would hold a log.
 TEST_F(LogCheckTest, OpensNoDevice) {
     for (const auto* name : {"COM1", "com1.csv", "NUL", "con.txt"}) {
         EXPECT_EQ(CheckLog(m_folder / name), LogCheck::Unreadable) << name;

@@ -6,7 +6,7 @@
 #include "logs/LogReader.h"
 #include "tests/unit/logs/LogReaderFixture.h"
 
-// Logs as they should not be: cut, appended, broken, forged.
+// Damaged logs: cut, appended, broken, forged.
 namespace plotvane {
 namespace {
 
@@ -22,7 +22,7 @@ using test::kObdRows;
 
 class LogDamageTest : public test::LogReaderFixture {
 protected:
-    // Whatever the bytes: it ends, and every record is bounded text.
+    // Whatever the bytes are, reading ends, and every record is bounded text.
     void ExpectBounded(std::string_view log) {
         m_state.endOfLog = false;
         Open(log);
@@ -121,7 +121,7 @@ TEST_F(LogDamageTest, AnEndOfFileByteEndsTheReplay) {
     }
 }
 
-TEST_F(LogDamageTest, AnEndOfFileByteBehindTheLastValueLeavesTheRowWhole) {
+TEST_F(LogDamageTest, AnEndOfFileByteAfterTheLastValueLeavesTheRowWhole) {
     Open(kClassicHeader,
          "0,0.00,780,90.0,0.9,1.02,0.12,780,240.5,238.0,12.5\xFF"
          "3,,,,,\n1,0.5,1,2\n");
@@ -145,7 +145,7 @@ TEST_F(LogDamageTest, AnyByteMayBeAnother) {
                                 std::string(kLongObdHeader) + std::string(kObdRows),
                                 std::string(test::kTenChannelLog)};
     constexpr std::string_view kBytes = {"\0\n,0G'-(\x1A\xFF\xB0\r", 12};
-    constexpr std::size_t kBytesAPlace = 2;  // every place sees two of them, every sixth place the same
+    constexpr std::size_t kBytesAPlace = 2;  // two at every place; they repeat every six places
     for (const std::string& log : logs)
         for (std::size_t at = 0; at < log.size(); ++at)
             for (std::size_t turn = 0; turn < kBytesAPlace; ++turn) {

@@ -102,7 +102,7 @@ TEST_F(LogHeaderTest, TakesNoGroupFromACellWithoutThreeDigits) {
     }
 }
 
-TEST_F(LogHeaderTest, ReadsTheRowsBehindAnEmptyGroupCell) {
+TEST_F(LogHeaderTest, ReadsTheRowsAfterAnEmptyGroupCell) {
     Open(FIRST_LINE
          "ABC,\n\n,A,,,,,B,,,,,C,'003\n,,,,,,,,,,,,,,,\n,,,,,,,,,,,,,,,\n"
          "m,t,a0,a1,a2,a3,t,b0,b1,b2,b3,t,c0,c1,c2,c3\n");
@@ -142,7 +142,7 @@ TEST_F(LogHeaderTest, GivesTheSlotsOfAnAdvancedLogGroupsAndFieldsOfTheirOwn) {
     EXPECT_FALSE(m_state.obdFile);
 }
 
-TEST_F(LogHeaderTest, FindsTheMarkOfTheAdvancedFormBehindTheNameOnly) {
+TEST_F(LogHeaderTest, FindsTheMarkOfTheAdvancedFormAfterTheNameOnly) {
     const std::string rest(kAdvancedHeader.substr(kAdvancedHeader.find(",,G001")));
     const auto groupOfSlot0 = [&](std::string_view line) {
         Open(FIRST_LINE + std::string(line) + "\n" + rest);
@@ -178,7 +178,7 @@ TEST_F(LogHeaderTest, StaysInTheLineOfTheUnitsOfAnAdvancedLog) {
                                 test::Empty(7));
 }
 
-TEST_F(LogHeaderTest, ReadsAnAdvancedLogWithoutCommaBehindTheLastUnit) {
+TEST_F(LogHeaderTest, ReadsAnAdvancedLogWithoutCommaAfterTheLastUnit) {
     std::string header(kAdvancedHeader);
     header.replace(header.size() - 3, 2, ",l/h");  // the twelfth unit, ended by the line end
     Open(header, test::kAdvancedRows);

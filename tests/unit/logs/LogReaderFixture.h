@@ -36,7 +36,7 @@ protected:
         return std::string(m_record.Text());
     }
 
-    // What is left of the log; the answer that ended it goes to m_last.
+    // The remaining records of the log. m_last is then the answer that ended it.
     std::vector<std::string> Records() {
         std::vector<std::string> records;
         while ((m_last = Next()) == LogRow::Complete) {

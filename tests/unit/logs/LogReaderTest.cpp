@@ -93,7 +93,7 @@ TEST_F(LogReaderTest, ReadsAnObdLog) {
     EXPECT_EQ(Next(), LogRow::Ended);
 }
 
-TEST_F(LogReaderTest, ReadsAnObdLogWithACommaBehindItsUnits) {
+TEST_F(LogReaderTest, ReadsAnObdLogWithACommaAfterItsUnits) {
     std::string header(kObdHeader);
     header.insert(header.size() - 1, ",");
     Open(header, kObdRows);
@@ -108,7 +108,7 @@ TEST_F(LogReaderTest, ReadsAnObdLogWhoseHeadGoesOverMoreLines) {
     EXPECT_EQ(Next(), LogRow::Ended);
 }
 
-// By the letter of the format the rows begin after the last unit.
+// Strictly, the rows of the format begin right after the last unit.
 TEST_F(LogReaderTest, ReadsTheFirstRowOfAnObdLogFromTheLineOfTheUnits) {
     Open(FIRST_LINE "OBD\n- 012- 000- 000- 000\n(/min),0.5,780\n", "1,0.75,790\n");
     EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11));
@@ -118,10 +118,10 @@ TEST_F(LogReaderTest, ReadsTheFirstRowOfAnObdLogFromTheLineOfTheUnits) {
     EXPECT_EQ(Next(), LogRow::Ended);
 }
 
-TEST_F(LogReaderTest, ReadsAnObdLogWithTextBehindItsLastUnit) {
-    for (const std::string_view behind : {",", ",time,none", " rpm", ", 1"}) {
-        Open(FIRST_LINE "OBD\n- 012- 000- 000- 000\n(/min)" + std::string(behind) + "\n", "0,0.50,780\n");
-        EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11)) << behind;
+TEST_F(LogReaderTest, ReadsAnObdLogWithTextAfterItsLastUnit) {
+    for (const std::string_view after : {",", ",time,none", " rpm", ", 1"}) {
+        Open(FIRST_LINE "OBD\n- 012- 000- 000- 000\n(/min)" + std::string(after) + "\n", "0,0.50,780\n");
+        EXPECT_EQ(NextRecord(), "OBD.LBL,G012,F0,780,/min," + Empty(11)) << after;
         ExpectStamps(0.5, 0.0, 0.0);
     }
 }
@@ -136,7 +136,7 @@ TEST_F(LogReaderTest, StepsOverAnObdSlotWithoutIdentifier) {
     ExpectStamps(1.5, 0.0, 0.0);
 }
 
-TEST_F(LogReaderTest, FindsRowBBehindARowAWithoutGroup) {
+TEST_F(LogReaderTest, FindsRowBAfterARowAWithoutGroup) {
     OpenGroups("none", "'003", "none", "0,1,2,3,4,5,0.12,780,240.5,238.0,12.5,,,,,\n");
     EXPECT_EQ(
         NextRecord(),
@@ -144,15 +144,16 @@ TEST_F(LogReaderTest, FindsRowBBehindARowAWithoutGroup) {
     ExpectStamps(0.0, 0.12, 0.0);
 }
 
-// Known and kept: four columns are skipped for row B where it has five, so all of row C is one early.
-TEST_F(LogReaderTest, ReadsRowCOneColumnEarlyBehindARowBWithoutGroup) {
+// Known and kept: the reader skips four columns for row B, which has five, so it reads all of row C one
+// column early.
+TEST_F(LogReaderTest, ReadsRowCOneColumnEarlyAfterARowBWithoutGroup) {
     OpenGroups("'001", "none", "'005", "0,1.5,a,b,c,d,6,7,8,9,10,11,12,13,14,15\n");
     EXPECT_EQ(NextRecord(), "ABC,G001,F0,a,a0,G001,F1,b,a1,G001,F2,c,a2,G001,F3,d,a3," + Empty(4) +
                                 "G005,F0,11,c0,G005,F1,12,c1,G005,F2,13,c2,G005,F3,14,c3,");
     ExpectStamps(1.5, 0.0, 10.0);
 }
 
-TEST_F(LogReaderTest, ReadsRowCTwoColumnsEarlyBehindTwoRowsWithoutGroup) {
+TEST_F(LogReaderTest, ReadsRowCTwoColumnsEarlyAfterTwoRowsWithoutGroup) {
     OpenGroups("none", "none", "'005", "0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15\n");
     EXPECT_EQ(NextRecord(), "ABC," + Empty(8) + "G005,F0,10,c0,G005,F1,11,c1,G005,F2,12,c2,G005,F3,13,c3,");
     ExpectStamps(0.0, 0.0, 9.0);
@@ -256,7 +257,7 @@ TEST_F(LogReaderTest, ReadsAMissingTimeAsZero) {
     ExpectStamps(1.5, 0.0, 0.0);
 }
 
-TEST_F(LogReaderTest, StartsAnewWithTheStampsAtZero) {
+TEST_F(LogReaderTest, StartsAgainWithTheStampsAtZero) {
     Open(kClassicHeader, kClassicRows);
     Records();
     ExpectStamps(3.5, 3.62, 0.0);
@@ -270,7 +271,7 @@ TEST_F(LogReaderTest, StartsAnewWithTheStampsAtZero) {
 
 TEST_F(LogReaderTest, LooksAtItsOwnHeaderNotAtTheSlots) {
     Open(kClassicHeader, kClassicRows);
-    for (auto& slot : m_slots.slots) slot = FieldSlot{};  // as a parsed record may leave them
+    for (auto& slot : m_slots.slots) slot = FieldSlot{};  // a parsed record may leave them like this
     EXPECT_EQ(NextRecord(), kClassicRecords[0]);
 }
 

@@ -11,7 +11,7 @@ TEST(ModuleKey, WritesBlanksAsDashes) {
     EXPECT_EQ(ScalingFileNameOf("ABC 123 456"), "ABC-123-456.SCL");
 }
 
-TEST(ModuleKey, EndsAtTheFirstDotBehindTheFirstCharacter) {
+TEST(ModuleKey, EndsAtTheFirstDotAfterTheFirstCharacter) {
     EXPECT_EQ(ScalingFileNameOf("ABC.DEF"), "ABC.SCL");
     EXPECT_EQ(ScalingFileNameOf("OBD.LBL"), "OBD.SCL");
     EXPECT_EQ(ScalingFileNameOf(".ABC.DEF"), ".ABC.SCL");
@@ -75,7 +75,7 @@ TEST(LabelFileName, OfAModuleWithoutSuffixIsTheSameInBothForms) {
     EXPECT_EQ(LabelFileNameOf("038-906-019-", LabelForm::Full), "038-906-019.LBL");
 }
 
-TEST(LabelFileName, HasDashesBehindTheThirdAndSixthCharacterWhateverStoodThere) {
+TEST(LabelFileName, HasDashesAfterTheThirdAndSixthCharacterWhateverStoodThere) {
     EXPECT_EQ(LabelFileNameOf("038x906y019zFT", LabelForm::Full), "038-906-019-FT.LBL");
 }
 

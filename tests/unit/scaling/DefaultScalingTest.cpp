@@ -87,7 +87,7 @@ TEST_F(DefaultScalingTest, TheBuiltInTableStandsWhenItCannotBeWritten) {
     EXPECT_EQ(m_table.SaveDefaultScaling(), -1);
 }
 
-// The folder stands for a file that is there and cannot be read: later it can.
+// A folder in the file's place stands for a file that cannot be read yet.
 TEST_F(DefaultScalingTest, TheBuiltInTableInPlaceOfAnUnreadFileIsNotSaved) {
     for (const auto load : {&DefaultScaling::LoadForPlotting, &DefaultScaling::LoadDefaultScaling}) {
         std::filesystem::create_directory(File());
@@ -151,7 +151,7 @@ TEST_F(DefaultScalingTest, TheBuiltInTableNeverMatchesItsLastRow) {
     EXPECT_FALSE(m_table.FindByUnit("ms"));
 }
 
-TEST_F(DefaultScalingTest, PlottingCountsTheRowBehindTheLastRecord) {
+TEST_F(DefaultScalingTest, PlottingCountsTheRowAfterTheLastRecord) {
     Store(kBuiltInFile);
     m_table.LoadForPlotting();
     EXPECT_EQ(m_table.LastIndex(), 10);
@@ -207,7 +207,7 @@ TEST_F(DefaultScalingTest, AnEmptyFileIsNoRowForPreferences) {
     EXPECT_EQ(Saved(), "");
 }
 
-TEST_F(DefaultScalingTest, ARecordCutShortBehindItsMinimumKeepsItsOldMaximum) {
+TEST_F(DefaultScalingTest, ARecordCutShortAfterItsMinimumKeepsItsOldMaximum) {
     Store("V,0,20,\nX,5,70,\n");
     m_table.LoadForPlotting();
     Store("V,0,20,\nA,1,\n");
@@ -227,7 +227,7 @@ TEST_F(DefaultScalingTest, PreferencesDropARecordCutShort) {
     EXPECT_EQ(Saved(), "V,0,20,\r\n");
 }
 
-TEST_F(DefaultScalingTest, ARecordCutShortBehindItsUnitKeepsItsOldNumbers) {
+TEST_F(DefaultScalingTest, ARecordCutShortAfterItsUnitKeepsItsOldNumbers) {
     Store("V,0,20,\nX,5,70,\n");
     m_table.LoadForPlotting();
     Store("V,0,20,\nA,");

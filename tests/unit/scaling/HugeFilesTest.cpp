@@ -1,4 +1,4 @@
-// Settings files of more than 16 MB: none is read, and none is written unasked.
+// Settings files of more than 16 MB: the program reads none, and writes none unless the user asks.
 #include <gtest/gtest.h>
 
 #include "scaling/ModuleScaling.h"
@@ -13,7 +13,7 @@ constexpr std::uintmax_t kTooLarge = 16 * 1024 * 1024 + 1;
 class HugeFiles : public testing::Test {
 protected:
     std::filesystem::path Path(std::string_view name) const { return m_scaling / name; }
-    // These bytes, and zeros up to that size.
+    // Stores these bytes, then zeros up to that size.
     void Store(std::string_view name, std::string_view bytes, std::uintmax_t size) {
         test::WriteBytes(Path(name), bytes);
         std::filesystem::resize_file(Path(name), size);

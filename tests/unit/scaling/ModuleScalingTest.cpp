@@ -322,7 +322,7 @@ TEST_F(ModuleScalingTest, AFileThatCanBeNeitherReadNorCreatedFails) {
     EXPECT_FALSE(m_module.IsLoadedWhole());
     ExpectRange(1, 0, 1, 2);  // kept
     EXPECT_EQ(m_state.pixelShift, 9);
-    // It still counts as loaded, and is not tried again until the next start of the loop.
+    // Its name still counts as loaded, and the program does not try again until the loop starts again.
     EXPECT_EQ(m_module.LoadedName(), "folder.SCL");
     EXPECT_EQ(m_module.LoadModuleScaling("folder.SCL"), ModuleLoad::AlreadyLoaded);
     EXPECT_FALSE(m_module.IsLoadedWhole());

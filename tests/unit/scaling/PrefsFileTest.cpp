@@ -71,7 +71,7 @@ protected:
     test::TempFolder m_folder;
 };
 
-// Loading a file without keys changes the record to this: only the trace colours stay.
+// What loading a file without keys makes of the record: only the trace colours stay.
 Prefs MissingKeys() {
     Prefs prefs;
     prefs.lineColor = Changed().lineColor;

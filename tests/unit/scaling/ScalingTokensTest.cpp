@@ -49,7 +49,7 @@ TEST_F(ScalingTokens, TextKeepsTheSecondOfTwoLineEnds) {
     EXPECT_EQ(ReadTextToken(input), "\nA");
 }
 
-TEST_F(ScalingTokens, TextEndsAtAnEndBehindALineEnd) {
+TEST_F(ScalingTokens, TextEndsAtAnEndAfterALineEnd) {
     TextInput input = Reading("A\n");
     EXPECT_EQ(ReadTextToken(input), "EOF");
 }
@@ -61,7 +61,7 @@ TEST_F(ScalingTokens, TextIsCutTo39BytesAndReadToItsEnd) {
     EXPECT_EQ(kMaxUnitLength, 39U);
 }
 
-TEST_F(ScalingTokens, NumbersAreDecimalBehindBlanksAndLineEnds) {
+TEST_F(ScalingTokens, NumbersAreDecimalAfterBlanksAndLineEnds) {
     TextInput input = Reading("5,-10,\r\n 250,+3,12 34,7.9,");
     for (const int number : {5, -10, 250, 3, 12, 7}) EXPECT_EQ(ReadIntToken(input), number);
 }

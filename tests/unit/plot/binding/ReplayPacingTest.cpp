@@ -12,14 +12,14 @@ protected:
         pacing.Restart();
     }
 
-    // Milliseconds that the step before the next row waits.
+    // How long the step before the next row waits, in milliseconds.
     double Step(double a, double b = 0.0, double c = 0.0) {
         const double before = pump.NowMs();
         halted = pacing.ReplayStep({a, b, c}, LoopRun(state));
         return pump.NowMs() - before;
     }
 
-    // A hold as the Pause button makes it.
+    // Does what the Pause button does.
     void Hold() {
         state.playing = false;
         pacing.WaitWhilePaused(LoopRun(state));
@@ -230,7 +230,7 @@ TEST_F(ReplayPacingTest, AHoldThatIsOnTheStackWaitsForANewerRunToo) {
     pump.At(resumedMs, [this] { state.playing = true; });
     Hold();
     EXPECT_EQ(pump.NowMs(), resumedMs);
-    EXPECT_EQ(chart.gaps.size(), 1u) << "the newer run's";
+    EXPECT_EQ(chart.gaps.size(), 1u) << "one, and it belongs to the newer run";
 }
 
 TEST_F(ReplayPacingTest, AHoldInsideAHoldLeavesOneGap) {

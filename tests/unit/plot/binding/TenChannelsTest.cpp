@@ -9,7 +9,7 @@ using Range = test::FakeChart::Range;
 
 class TenChannelsTest : public test::PlotFixture {
 protected:
-    // A record of the ten-channel form, as the parser leaves it.
+    // What the parser leaves after a record of the ten-channel form.
     void TickObd() {
         state.tenChannels = true;
         for (int slot = 0; slot < kSlotCount; ++slot) Empty(slot);

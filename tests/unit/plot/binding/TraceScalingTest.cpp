@@ -9,7 +9,7 @@ using Range = test::FakeChart::Range;
 
 class TraceScalingTest : public test::PlotFixture {
 protected:
-    // One record into the module's table as the loop does it.
+    // Does what the loop does once a record is parsed.
     void Tick() {
         if (ranges.LoadModuleScaling("038-906-019-FT.SCL") == ModuleLoad::Loaded) scaling.ApplyLoadedRanges();
         scaling.UpdateSlots();

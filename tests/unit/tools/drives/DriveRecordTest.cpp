@@ -8,7 +8,7 @@
 namespace plotvane {
 namespace {
 
-// Channel k holds k + 1 at the start and 2 * (k + 1) from the first second on.
+// Channel k has the value k + 1 at the start and 2 * (k + 1) from the first second on.
 class SteppedDrive final : public Drive {
 public:
     const DriveChannels& Channels() const override { return channels; }
