@@ -48,7 +48,7 @@ protected:
         return shown;
     }
 
-    // The colour in the middle of a child, as the dialog shows it: with everything that lies upon it.
+    // The colour in the middle of a child as the dialog shows it, with everything on top of it.
     COLORREF MiddleOf(int id) const {
         ::RedrawWindow(dialog.m_hWnd, nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
         const CRect place = PlaceOf(id);

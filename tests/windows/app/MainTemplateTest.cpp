@@ -1,4 +1,4 @@
-// How the template of the main dialog is laid out: what the keyboard reaches, and what is in view.
+// The template of the main dialog: what the keyboard reaches, and what is in view.
 #include <vector>
 
 #include "tests/windows/app/SlotControlsFixture.h"
@@ -48,8 +48,8 @@ TEST_F(MainTemplateTest, TabGoesThroughTheTenChannelsInThePlaceOfRowA) {
     EXPECT_EQ(TabStops(), order);
 }
 
-// The focus in a value box selects its slot.
-TEST_F(MainTemplateTest, ArrowKeysNeverComeUponAValueBox) {
+// A value box that gets the focus selects its slot.
+TEST_F(MainTemplateTest, ArrowKeysNeverReachAValueBox) {
     ShowReplayControls();
     for (const int start : TabStops()) {
         for (const bool backwards : {false, true}) {

@@ -25,7 +25,7 @@ public:
         data.prefs.maxConsumption = 25;
     }
 
-    // While their places still exist.
+    // Closes the meters while the pointers to them still exist.
     ~MeterWindowsTest() override { owner.DestroyWindow(); }
 
 protected:
@@ -35,7 +35,7 @@ protected:
         data.slots[slot].unit = unit;
     }
 
-    // All meters that are open, in the order of their making.
+    // All open meters, in the order in which they were made.
     std::vector<CMeterWnd*> OpenMeters() const {
         std::vector<CMeterWnd*> meters;
         const auto look = [](HWND window, LPARAM found) -> BOOL {
@@ -50,7 +50,7 @@ protected:
         return meters;
     }
 
-    // The only one.
+    // The only open meter.
     CMeterWnd& OpenMeter() const {
         const auto meters = OpenMeters();
         if (meters.size() != 1) throw std::runtime_error("there is not exactly one meter");
@@ -62,7 +62,7 @@ protected:
         meter.Shown().AppendValueText(text);
         return text;
     }
-    // What stands at the ends of the scale.
+    // The texts at the ends of the scale.
     static std::string RangeText(const CMeterWnd& meter) {
         std::string text;
         meter.Shown().AppendMinLabel(text);
@@ -210,7 +210,7 @@ TEST_F(MeterWindowsTest, AClosedMeterLeavesItsPlaceToAFreshOne) {
     meters.SetSlotValue(0, 12.0);
     OpenMeter().SendMessage(WM_CLOSE);
     EXPECT_TRUE(OpenMeters().empty());
-    meters.SetSlotValue(0, 13.0);  // nobody hears it
+    meters.SetSlotValue(0, 13.0);  // no meter shows it
     meters.SetSlotRange(0, 0.0, 20.0);
     meters.SetSlotUnits(0, "A");
     meters.ApplyPrefs();
@@ -221,7 +221,7 @@ TEST_F(MeterWindowsTest, AClosedMeterLeavesItsPlaceToAFreshOne) {
     EXPECT_EQ(RangeText(OpenMeter()), "0..100");
 }
 
-TEST_F(MeterWindowsTest, EachMeterHearsOfItsOwnSlotOnly) {
+TEST_F(MeterWindowsTest, EachMeterFollowsItsOwnSlotOnly) {
     for (const int slot : {3, 7}) {
         Fill(slot, 1, slot % 4, "V");
         meters.OpenSlotMeter(slot, labels);

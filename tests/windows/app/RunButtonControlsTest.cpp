@@ -12,7 +12,7 @@ protected:
     HANDLE ImageOf(int button) const {
         return reinterpret_cast<HANDLE>(dialog.SendDlgItemMessage(button, BM_GETIMAGE, IMAGE_ICON));
     }
-    // A shared icon of one size is one handle for the whole process.
+    // Windows has one handle for a shared icon of one size in the whole process.
     static HANDLE Icon(int id) {
         return ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 16, 16, LR_SHARED);
     }
@@ -39,7 +39,7 @@ TEST_F(RunButtonControlsTest, PlusAndMinusAreTheRightWayRound) {
         EXPECT_EQ(ImageOf(id), Icon(IDI_MINUS));
 }
 
-TEST_F(RunButtonControlsTest, StopAndLoadWearAnImageForWorkAndOneForRest) {
+TEST_F(RunButtonControlsTest, StopAndLoadHaveAnImageForWorkAndOneForRest) {
     EXPECT_EQ(ImageOf(IDC_STOP), Icon(IDI_STOP_IDLE));
     EXPECT_EQ(ImageOf(IDC_LOAD_LOG), Icon(IDI_LOAD_IDLE));
     buttons.Show({.stopActive = true});
@@ -63,7 +63,7 @@ TEST_F(RunButtonControlsTest, PauseTellsWhatItOffersByItsImage) {
     }
 }
 
-// Counts the images that a button is given, in place of its window procedure.
+// Takes the place of a button's window procedure, and counts the images that the button gets.
 class ImagesGiven {
 public:
     explicit ImagesGiven(HWND button) : m_button(button) {

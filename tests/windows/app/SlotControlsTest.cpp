@@ -255,7 +255,7 @@ TEST_F(SlotControlsTest, BothFuelButtonsComeAndGo) {
     EXPECT_FALSE(IsShown(1100));
 }
 
-// The two buttons below the chart that others may lie on.
+// The two buttons below the chart that other controls may cover.
 class FuelButtonsTest : public SlotControlsFixture {
 protected:
     FuelButtonsTest() {
@@ -268,13 +268,13 @@ protected:
             dialog.ShowDlgItem(id, true);
     }
 
-    // What a click at that point of the dialog would reach.
+    // The control that a click at that point of the dialog would reach.
     int Clicked(POINT point) const {
         ::ClientToScreen(dialog.m_hWnd, &point);
         return ::GetDlgCtrlID(::WindowFromPoint(point));
     }
 
-    // Every pixel of the button that is in none of those controls belongs to it, and no other one does.
+    // A click on a pixel of the button reaches the button exactly if none of those controls covers the pixel.
     void ExpectAllButWhatLiesOnIt(int button, const std::vector<int>& covers) const {
         const CRect place = PlaceOf(button);
         for (LONG y = place.top; y < place.bottom; ++y) {
@@ -296,7 +296,7 @@ TEST_F(FuelButtonsTest, InAReplayLoseWhatTheControlsOfItsSpeedCoverAndNoMore) {
     for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) {
         ExpectAllButWhatLiesOnIt(id, replay);
         EXPECT_NE(dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON), 0)
-            << id << " would show parts of letters";
+            << id << " would show cut letters";
         EXPECT_TRUE(::GetWindowLongPtrW(dialog.GetDlgItem(id), GWL_STYLE) & BS_ICON) << id;
     }
     EXPECT_EQ(dialog.GetDlgItemText(IDC_MILEAGE), "Mileage");

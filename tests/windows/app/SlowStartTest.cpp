@@ -1,4 +1,4 @@
-// A start that takes longer than the 100 ms after which the program begins to plot, with a host that runs.
+// A host runs, and the start takes longer than the 100 ms after which the program begins to plot.
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -48,7 +48,7 @@ protected:
         std::filesystem::current_path(m_before);
     }
 
-    // Runs the program in front of somebody who does what the script says, and then closes it.
+    // Runs the program. A user follows the script and then closes the program.
     void Run(const std::function<void(HWND)>& script) {
         SlowDlg dialog;
         std::thread person([&] {

@@ -1,4 +1,4 @@
-// The exchange of the two layouts of the main dialog's controls.
+// The main dialog's controls switch between two layouts.
 #include "tests/windows/app/SlotControlsFixture.h"
 
 namespace plotvane::test {

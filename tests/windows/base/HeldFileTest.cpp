@@ -1,4 +1,4 @@
-// Settings files that another program has open in each way in which Windows lets it.
+// Settings files that another program has open, in every way that Windows allows.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(InEachWay, HeldFile,
                                           testing::Range<Sharing>(0, 8)),
                          NameOf);
 
-// The program has given up reading by then, but would not yet have given up writing.
+// Held until the program gives up reading, but not until it would give up writing.
 class DefaultsHeldForAMoment : public testing::TestWithParam<int> {};
 
 TEST_P(DefaultsHeldForAMoment, StayAsTheUserHasThem) {

@@ -16,7 +16,7 @@ std::string TextOf(HWND window) {
     return ToBytes({text, static_cast<std::size_t>(::GetWindowTextW(window, text, 200))});
 }
 
-// Looks for the box from a timer, which works while the box is shown; reads it and presses OK.
+// A timer, which works while the box is shown, looks for the box, reads it and presses OK.
 class BoxReader : public CWnd {
 public:
     std::string text;

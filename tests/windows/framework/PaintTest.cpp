@@ -29,7 +29,7 @@ BEGIN_MESSAGE_MAP(PaintedWnd, CWnd)
     ON_WM_PAINT()
 END_MESSAGE_MAP()
 
-// Paints once and says whether Windows would ask for the same again.
+// Paints once. True if Windows would ask for the same again.
 bool HasSomethingLeftToPaint(PaintedWnd& wnd) {
     wnd.ShowWindow(SW_SHOWNA);
     DispatchAll();
@@ -59,7 +59,8 @@ TEST(Paint, AnExceptionWhilePaintingEndsThePainting) {
     EXPECT_GT(wnd.paints, 0);
 }
 
-// If the end were missing, this test would never return: as long as an update region is left, WM_PAINT comes.
+// Without an end of the painting, this test would never return: WM_PAINT comes as long as an update region is
+// left.
 TEST(Paint, AnExceptionBeforePaintingDoesNotBringThePaintingBack) {
     PaintedWnd wnd;
     wnd.paint = [](HWND) { throw std::runtime_error("before painting"); };
@@ -81,7 +82,7 @@ TEST(Paint, TheClientDcDrawsOnTheWindow) {
     EXPECT_EQ(::GetPixel(dc, 50, 25), RGB(10, 20, 30));
 }
 
-// A window that cannot be set up does not come into being.
+// A window whose set-up fails.
 class FailingWnd : public CWnd {
 private:
     LRESULT OnCreate(WPARAM, LPARAM) { throw std::runtime_error("while being created"); }

@@ -9,7 +9,7 @@
 
 namespace {
 
-// What Windows' own reader finds in the bytes.
+// Reads the bytes with Windows' own reader.
 class PngReader {
 public:
     explicit PngReader(std::string bytes) : m_bytes(std::move(bytes)) {
@@ -56,7 +56,7 @@ private:
 };
 
 TEST(Png, HoldsEveryPixelOfThePicture) {
-    const Picture picture(37, 21);  // rows that no power of two divides
+    const Picture picture(37, 21);  // sizes that are no multiple of two or four
     std::uint32_t colour = 0x010203;
     for (std::uint32_t& pixel : picture.Pixels()) pixel = (colour = colour * 69069 + 1) & 0xFFFFFF;
 

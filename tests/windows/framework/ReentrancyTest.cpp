@@ -15,8 +15,8 @@ using plotvane::test::DispatchAll;
 
 constexpr UINT kRun = WM_APP + 1;
 
-// A window whose objects live, one at a time, in a place that can be examined after their end: delete fills
-// it with 0xDD, and nobody may write there afterwards.
+// A window whose objects live, one at a time, in memory that the test keeps: delete fills it with 0xDD, and
+// nobody may write there afterwards.
 class MortalWnd : public CWnd {
 public:
     static void* operator new(std::size_t) { return s_place; }

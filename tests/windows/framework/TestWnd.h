@@ -6,7 +6,7 @@ namespace plotvane::test {
 
 constexpr const wchar_t* kTestClass = L"PlotvaneFrameworkTest";
 
-// A window with nothing on it, never shown unless asked. The class is that of all the framework's tests.
+// An empty window, hidden unless the test shows it. All tests of the framework use this window class.
 template <typename Window>
 bool CreateHidden(Window& window, HWND parent = nullptr) {
     return RegisterWindowClass(kTestClass, 0) &&
@@ -14,7 +14,7 @@ bool CreateHidden(Window& window, HWND parent = nullptr) {
                            parent, 77);
 }
 
-// Dispatches what is in the queue now and what that brings.
+// Dispatches the messages in the queue, and those that their handlers post.
 inline void DispatchAll() {
     MSG message;
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

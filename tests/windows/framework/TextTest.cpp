@@ -28,7 +28,7 @@ TEST(Text, IsCodePage1252WhateverTheSystemHas) {
 
 TEST(Text, CharactersWithoutAByteBecomeQuestionMarks) {
     EXPECT_EQ(ToBytes(L"a\u0416b"), "a?b");
-    EXPECT_EQ(ToBytes(L"\u0100"), "?");  // no best fit: an A would be another text
+    EXPECT_EQ(ToBytes(L"\u0100"), "?");  // not the similar A: that would be another text
     EXPECT_EQ(ToBytes(L"a\U0001F697b"), "a??b");
 }
 

@@ -6,7 +6,7 @@
 namespace plotvane {
 namespace {
 
-TEST(HostDetection, SeesTheHostsMutexAndLeavesNoneBehind) {
+TEST(HostDetection, SeesTheHostsMutexAndKeepsNone) {
     ASSERT_FALSE(IsHostRunning());
     EXPECT_FALSE(IsHostRunning());  // the first call has not left one
 

@@ -15,7 +15,7 @@
 namespace plotvane {
 namespace {
 
-// A descriptor of this process, as the C run-time counts them.
+// A descriptor of this process's C run-time.
 class Descriptor {
 public:
     explicit Descriptor(HANDLE handle) : m_number(_open_osfhandle(reinterpret_cast<intptr_t>(handle), 0)) {}
@@ -83,7 +83,7 @@ TEST_F(InheritedPipeTest, ADeviceCountsAsClosed) {
 
 // Reading it would wait for somebody to type.
 TEST_F(InheritedPipeTest, AConsoleCountsAsClosed) {
-    ::FreeConsole();  // one that cannot be typed into, if any
+    ::FreeConsole();  // a console that nobody can type into, if there is one
     ASSERT_TRUE(::AllocConsole()) << ::GetLastError();
     {
         Descriptor console(Open(L"CONIN$"));
@@ -94,7 +94,7 @@ TEST_F(InheritedPipeTest, AConsoleCountsAsClosed) {
     ::FreeConsole();
 }
 
-// Such as the end that is only for writing.
+// For example the write end.
 TEST_F(InheritedPipeTest, APipeThatCannotBeLookedIntoCountsAsClosed) {
     HANDLE read = nullptr;
     HANDLE write = nullptr;
@@ -124,7 +124,7 @@ TEST_F(InheritedPipeTest, AHostOf32BitsIsRead) {
     EXPECT_EQ(pipe.TryRead(m_buffer), 0);
     ASSERT_EQ(_write(writer.Number(), "a\r\n\x1A", 4), 4);
     ASSERT_EQ(pipe.TryRead(m_buffer), 4);
-    EXPECT_EQ(Buffer(4), "a\r\n\x1A");  // any byte, though no flag asks for binary mode
+    EXPECT_EQ(Buffer(4), "a\r\n\x1A");  // every byte arrives, although no flag asks for binary mode
 }
 
 TEST_F(InheritedPipeTest, AHandleThatIsNoneCountsAsClosed) {

@@ -39,7 +39,7 @@ protected:
         test::DispatchAll();
     }
 
-    // Milliseconds that the pump took, at most one more than it slept where nothing was to be done.
+    // How long the pump took, in milliseconds. With no messages that is at most one more than it slept.
     double Pump(int ms) {
         const double began = pump.NowMs();
         pump.SleepAndDispatch(ms);
@@ -98,7 +98,7 @@ TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
     EXPECT_EQ(window.heard, 3);
 }
 
-// A window that posts a message for each that it gets, or another program that floods this one.
+// For example from a window that posts a message for each that it gets, or from another program.
 TEST_F(WindowPumpTest, MessagesWithoutAnEndDoNotHoldTheDataUp) {
     constexpr int kMany = 10'000'000;
     window.onMessage = [this] {
@@ -112,8 +112,8 @@ TEST_F(WindowPumpTest, MessagesWithoutAnEndDoNotHoldTheDataUp) {
     test::DispatchAll();
 }
 
-// The run that has just been ended has to leave the stack before another one begins.
-TEST_F(WindowPumpTest, WhatComesBehindAStopWaitsForTheNextCall) {
+// The run that has just ended must leave the stack before another one begins.
+TEST_F(WindowPumpTest, WhatComesAfterAStopWaitsForTheNextCall) {
     window.onMessage = [this] {
         if (window.heard == 2) ++state.stops;
     };

@@ -11,7 +11,7 @@
 namespace plotvane::test {
 namespace {
 
-// One slider with what it moves.
+// A slider and what it changes.
 struct SliderCase {
     int slider;
     int number;
@@ -147,7 +147,7 @@ TEST_F(PrefsDlgColours, APresetMovesTheSlidersOfItsRowAndKeepsItsName) {
         for (int i = 0; i < 9; ++i) EXPECT_EQ(user.TextOf(1203 + i), numbers[i]) << i;
         user.WaitUntil("the swatch follows", [&] { return PixelOf(user, 0) == 0xC0C0FFu; });
 
-        // The moved sliders and all others are drawn again; that is no touch.
+        // Draws all sliders again. The program must not take that for a move by the user.
         ::RedrawWindow(user.Dialog(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
         user.WaitUntil("all is drawn", [&] { return !::GetUpdateRect(user.Control(1224), nullptr, FALSE); });
         EXPECT_TRUE(user.IsAtRest());

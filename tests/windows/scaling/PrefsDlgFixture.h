@@ -19,7 +19,7 @@ protected:
         m_state.height = 500;
     }
 
-    // Shows the dialog to somebody who does what the script says.
+    // Shows the dialog to a user who follows the script.
     void Use(const std::function<void(DialogUser&)>& script) {
         CPrefsDlg dialog{nullptr, m_prefs, PrefsFile(), m_table, m_state};
         DialogUser user{L"Preferences"};

@@ -122,7 +122,7 @@ TEST_F(PrefsDlgFiles, EscAndTheCloseBoxDiscard) {
     EXPECT_EQ(m_prefs.backColor, 0x102030u);
 }
 
-TEST_F(PrefsDlgFiles, AreAsStoredWhenWhoeverClosedTheDialogGoesOn) {
+TEST_F(PrefsDlgFiles, AreAsStoredAsSoonAsTheCloseReturns) {
     Use([this](DialogUser& user) {
         user.Choose(1226, 13);
         ::SendMessageW(user.Dialog(), WM_CLOSE, 0, 0);
@@ -137,7 +137,7 @@ TEST_F(PrefsDlgFiles, ClosingTheDialogClosesAMessageOverItToo) {
         user.GoTo(1225);
         user.WaitUntil("a box is shown", [&] { return user.ShownBox() != nullptr; });
         EXPECT_EQ(m_prefs.thickness, 11);
-        ::SendMessageW(user.Dialog(), WM_COMMAND, IDOK, 0);  // not past the box
+        ::SendMessageW(user.Dialog(), WM_COMMAND, IDOK, 0);  // does nothing while the box is open
         ::SendMessageW(user.Dialog(), WM_CLOSE, 0, 0);
         EXPECT_TRUE(user.Ends());
         EXPECT_EQ(user.BoxCount(), 1);
@@ -147,7 +147,7 @@ TEST_F(PrefsDlgFiles, ClosingTheDialogClosesAMessageOverItToo) {
     EXPECT_EQ(BytesOf(PrefsFile()), kStoredPrefs);
 }
 
-TEST_F(PrefsDlgFiles, FilesThatCannotBeWrittenAreNoReasonToStay) {
+TEST_F(PrefsDlgFiles, ClosesEvenIfTheFilesCannotBeWritten) {
     std::filesystem::remove(PrefsFile());
     std::filesystem::remove(TableFile());
     std::filesystem::create_directory(PrefsFile());

@@ -32,7 +32,7 @@ protected:
         return name == L"Edit" ? 8 : 20;
     }
 
-    // All that can be seen, apart from the group boxes; without the swatches, which cover their placeholders.
+    // All visible controls except the group boxes and the swatches, which cover their placeholders.
     static std::vector<Placed> ShownControls(HWND dialog) {
         std::vector<Placed> controls;
         for (HWND child = ::GetWindow(dialog, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {

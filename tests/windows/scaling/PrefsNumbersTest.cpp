@@ -58,7 +58,7 @@ TEST_F(PrefsDlgNumbers, StayAsTypedWhereTheyAreTaken) {
         EXPECT_EQ(user.TextOf(kMileage), "45x");
         EXPECT_EQ(m_prefs.fuelHistoryDepth, 7);
         EXPECT_EQ(user.TextOf(kDepth), "007");
-        // Also when all that the dialog shows is shown again.
+        // They also stay when the dialog shows everything again.
         user.Choose(1225, 3);
         EXPECT_EQ(user.TextOf(kMileage), "45x");
         EXPECT_EQ(user.BoxCount(), 0);
@@ -174,7 +174,7 @@ TEST_F(PrefsDlgNumbers, ARejectedThicknessIsReplacedByTheNextOneThatIsTyped) {
 TEST_F(PrefsDlgNumbers, TwoBadOnesShowOneBoxEachAndNeverASecond) {
     WriteBytes(PrefsFile(), "MaxMileage=0\r\nMaxConsumption=0\r\n");
     Use([](DialogUser& user) {
-        // The box takes the focus from the second edit too, and a reset does not make either text valid.
+        // The box takes the focus from the second edit too, and resetting does not make either text valid.
         user.GoTo(kMileage);
         user.GoTo(kConsumption);
         EXPECT_TRUE(user.SeesBox(kBox1To1000));
@@ -191,14 +191,14 @@ TEST_F(PrefsDlgNumbers, TwoBadOnesShowOneBoxEachAndNeverASecond) {
         EXPECT_EQ(user.BoxCount(), 2);
         EXPECT_TRUE(user.GetsFocus(kConsumption));
 
-        user.Press(VK_ESCAPE);  // with the bad text in the focus
+        user.Press(VK_ESCAPE);  // while the focus is in the edit with the bad text
         EXPECT_TRUE(user.Ends());
         EXPECT_EQ(user.BoxCount(), 2);
     });
     EXPECT_EQ(m_result, IDCANCEL);
 }
 
-// A window of the dialog's own thread that comes to the front takes the focus from the dialog for as long.
+// Another window of the dialog's thread. When it comes to the front, it takes the focus from the dialog.
 class OtherWindow {
 public:
     OtherWindow()
@@ -214,7 +214,7 @@ private:
     HWND m_window;
 };
 
-// The display may do so by itself when a box has gone.
+// The display may take the focus by itself after a box has closed.
 TEST_F(PrefsDlgNumbers, ARejectedOneIsNotJudgedAgainWhenTheWholeDialogLosesTheFocus) {
     WriteBytes(PrefsFile(), "MaxMileage=0\r\n");
     const OtherWindow other;

@@ -90,7 +90,7 @@ class PrefsDlgRowTexts : public PrefsDlgRows {
 protected:
     PrefsDlgRowTexts() { WriteBytes(TableFile(), "V,1,20,\r\n"); }
 
-    // What the edit shows once it has been left with that text.
+    // Types a text, leaves the edit, and returns what it then shows.
     static std::string ShownAfter(DialogUser& user, int edit, std::string_view text) {
         user.SetText(edit, text);
         ::SendMessageW(user.Dialog(), WM_COMMAND, MAKEWPARAM(edit, EN_KILLFOCUS),

@@ -103,7 +103,7 @@ bool DialogUser::WaitUntil(const char* what, const std::function<bool()>& isSo) 
     const ULONGLONG end = ::GetTickCount64() + kPatienceMs;
     while (!isSo()) {
         if (::GetTickCount64() > end) {
-            ADD_FAILURE() << "waited in vain: " << what;
+            ADD_FAILURE() << "this did not happen: " << what;
             return false;
         }
         ::Sleep(1);
@@ -131,7 +131,7 @@ void DialogUser::SetText(int id, std::string_view text) const {
     ::SendMessageW(Control(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
 }
 
-// What may show a box is posted: a message that is sent would only be over when the box is.
+// Posts the click, because it may show a box, and sending it would not return until the box is closed.
 void DialogUser::Click(int id) const {
     ::PostMessageW(Control(id), BM_CLICK, 0, 0);
 }
@@ -174,8 +174,8 @@ bool DialogUser::SeesBox(const Box& expected) const {
 }
 
 bool DialogUser::IsAtRest() const {
-    // The marker comes after all that was posted before it. If a box is up by then it was taken by the loop
-    // of that box, which keeps the dialog disabled.
+    // The marker arrives after everything posted before it. If a box is open then, the loop of the box takes
+    // the marker, and the dialog is disabled.
     const int before = g_markerCount;
     ::PostMessageW(m_dialog, kMarker, 0, 0);
     if (!WaitUntil("the dialog takes its messages", [before] { return g_markerCount != before; }))

@@ -15,8 +15,8 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
-// Whoever sits in front of a modal dialog: works in a thread of its own, by messages, while the thread that
-// made this object runs the dialog. Waits poll and give up, with a failure of the test, after ten seconds.
+// The user of a modal dialog. Works in a thread of its own, by messages, while the thread that made this
+// object runs the dialog. Each wait polls; after ten seconds it gives up and fails the test.
 class DialogUser {
 public:
     // For the next dialog with that caption that the calling thread runs.
@@ -44,7 +44,7 @@ public:
     // Replaces the text without a focus or a key.
     void SetText(int id, std::string_view text) const;
 
-    void Click(int id) const;                  // with the mouse, and so with the focus
+    void Click(int id) const;                  // with the mouse, so it gets the focus
     void GoTo(int id) const;                   // by Tab; the texts of edits become selected
     void Type(int id, std::string_view text);  // goes there and types over what was selected
     void Press(WORD key) const;                // where the focus is
@@ -52,8 +52,8 @@ public:
     void Slide(int trackbar, int position) const;
 
     bool SeesBox(const Box& expected) const;  // waits for it, and presses its OK button
-    bool IsAtRest() const;  // the dialog has dealt with all that was done to it, and shows no box
-    // Waits for it: when a box has gone, the display gives the focus back in its own time.
+    bool IsAtRest() const;                    // the dialog has handled everything, and shows no box
+    // Waits for it: after a box has closed, the display gives the focus back in its own time.
     bool GetsFocus(int id) const;
     bool Ends() const;  // waits for it
 
