@@ -1,14 +1,14 @@
-# What compiler and linker do against input that finds a mistake after all. Every library of the program is built
-# with it, and tests/system/hardening/ExecutableTest.cpp reads from the finished program that it is there.
+# Options of compiler and linker that protect the program if input finds a mistake after all. Every library of the
+# program is built with them, and tests/system/hardening/ExecutableTest.cpp checks the finished program.
 add_library(plotvane_hardening INTERFACE)
 
 if(WIN32)
-    # A function with an array on its stack looks before it returns whether something was written past the array; calls
-    # that copy into an object of known size look before they copy.
+    # Before a function with an array on its stack returns, it checks that nothing was written past the array. A call
+    # that copies into an object of known size checks the size first.
     target_compile_options(plotvane_hardening INTERFACE -fstack-protector-strong)
     target_compile_definitions(plotvane_hardening INTERFACE $<$<NOT:$<CONFIG:Debug>>:_FORTIFY_SOURCE=2>)
-    # The checking copies are libssp's. What happens when a check fails is ours: libssp's own way loads libraries before
-    # the program has said where they may come from.
+    # libssp has the functions that check and copy. framework/StackGuard.cpp ends the process when a check fails,
+    # because libssp's own way loads libraries, perhaps before the program has said where they may come from.
     target_link_libraries(plotvane_hardening INTERFACE plotvane_stack_guard ssp)
 
     # At another address in each run, anywhere in 64 bits; data is never run as code; and several users of one machine

@@ -2,7 +2,7 @@
 ; write to.
 ; package.sh gives it VERSION, SOURCE (the filled folder), ICON, PICTURE (beside the last page) and OUTPUT.
 
-; 64-bit, like the program, which runs nowhere else.
+; 64-bit, because the program runs nowhere else.
 Target amd64-unicode
 !include "MUI2.nsh"
 !include "FileFunc.nsh"

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# The picture beside the last page, in its size there: the program's icon on black, the colour of its chart.
+# The picture beside the last page: the program's icon on black, the colour of its chart, in the size of that place.
 picture=$(mktemp --suffix .bmp)
 trap 'rm -f "$picture"' EXIT
 largest=$(identify -format '%w %s\n' res/icons/plotvane.ico | sort -n | tail -n 1)

@@ -53,8 +53,8 @@ need_packages() {
         { tail -n 20 "$logs/apt.log" >&2; die "apt-get failed, see $logs/apt.log"; }
 }
 
-# Allows one run at a time in a tree: two would share the Wine prefix, and with it the single-instance mutex. A script
-# started by another one shares its turn.
+# take_turn: lets one script at a time run in a tree, because two would share the Wine prefix, and with it the
+# single-instance mutex. A script that another script starts shares its turn.
 take_turn() {
     [[ ${PLOTVANE_TURN:-} != "$root" ]] || return 0
     export PLOTVANE_TURN=$root
@@ -66,8 +66,8 @@ scratch=""  # folder of our own, made when first needed
 groups=()   # process groups of our own, by the id of their first process
 prefixes=() # Wine prefixes in which we run programs
 
-# Runs a command in a process group of its own and waits for it, so that an interrupted script can end it with
-# everything that it started.
+# watched COMMAND...: runs a command in a process group of its own and waits for it, so that an interrupted script can
+# end it with everything that it started.
 watched() {
     setsid "$@" 9>&- </dev/null &
     local first=$! status=0
@@ -97,7 +97,7 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# wait_for SECONDS COMMAND...: until the command succeeds; fails when the time is over.
+# wait_for SECONDS COMMAND...: repeats the command until it succeeds; fails when the time is over.
 wait_for() {
     local deadline=$((SECONDS + $1))
     shift

@@ -41,7 +41,7 @@ make_debian() {
     }
 }
 
-# Lets it reach the archive as this machine does: names, proxies, certificates.
+# Lets the new Debian reach the archive as this machine does: names, proxies, certificates.
 connect_debian() {
     local settings=$debian/etc/apt/apt.conf.d/99-this-machine certificates=/usr/local/share/ca-certificates
     cp -L /etc/resolv.conf /etc/hosts "$debian/etc"
@@ -63,7 +63,7 @@ clone_tree() {
     rm "$bundle"
 }
 
-# Runs one of the two commands there and shows how it ended.
+# try run|test: runs that script there and shows how it ended.
 try() {
     local script=scripts/$1.sh log=$results/$name-$1.log begin=$SECONDS status=0
     say "running $script"
@@ -82,7 +82,7 @@ show_versions() {
         done' | sed 's/^/    /'
 }
 
-# Runs with mounts and process ids that end with it.
+# Has mounts and process ids of its own, which end with it.
 try_all() {
     local failures=0
     make_debian
@@ -94,7 +94,7 @@ try_all() {
     try run || failures=1
     cp "$debian$tree/build/run/live.png" "$results/$name-live.png" || failures=1
     try test || failures=1
-    say "it was:"
+    say "the versions were:"
     show_versions
     return "$failures"
 }
@@ -107,7 +107,7 @@ end_debian() {
         kill -KILL -- "-$group" 2>/dev/null || true
     done
     wait 2>/dev/null
-    # Until the last process has gone, which may still be writing.
+    # A process that is ending may still be writing; repeat until all are gone.
     wait_for 60 rm -rf --one-file-system "$debian" 2>/dev/null || say "warning: $debian could not be removed"
     exit "$status"
 }
@@ -122,6 +122,6 @@ mkdir -p "$results"
 exec 9>"$results/.lock-$name"
 flock -n 9 || die "another script makes $debian"
 trap end_debian EXIT
-rm -rf --one-file-system "$debian" "$results/$name"-* # of a run that was killed, and of the last one
+rm -rf --one-file-system "$debian" "$results/$name"-* # left by a killed run, and by the last one
 PLOTVANE_FRESH=1 watched unshare --mount --pid --fork --kill-child "$0" "$name" || die "$name: see above"
 say "both commands work on $name; their output and the picture: $results/$name-*"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # lint.sh [quick]: checks the form of the tree: clang-format, the house's own rules, no marks of unfinished work; then,
-# unless it is to be quick, clang-tidy and cppcheck on every source and no warning of either compiler. Prints what it
-# finds; silent apart from its steps when all is well.
+# unless it is to be quick, clang-tidy and cppcheck on every source and no warning of either compiler. Names its steps
+# and prints what it finds.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh

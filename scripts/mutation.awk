@@ -2,10 +2,9 @@
 #
 #   line TAB offset TAB length TAB kind TAB replacement
 #
-# At `offset` (in bytes, the first is 1), `length` bytes are to give way to the replacement, which may be empty. Comments,
-# texts, characters, preprocessor lines and what only Windows compiles are left alone. The source is formatted by
-# clang-format, and that tells an operator between two operands, which has a blank on either side, from a pointer or a
-# template.
+# The replacement, which may be empty, takes the place of `length` bytes at `offset` (the first byte is 1). Leaves
+# comments, texts, characters, preprocessor lines and code for Windows alone. Expects a source as clang-format leaves
+# it: there an operator between two operands has a blank on either side, and a pointer or a template has not.
 
 BEGIN {
     # What a token becomes; alternatives are separated by a blank.
@@ -27,7 +26,7 @@ BEGIN {
     number = "^[0-9]([0-9A-Za-z_.']|[eE][+-])*"
     operator = "^(<<=|>>=|<=>|->|::|\\+\\+|--|&&|\\|\\||==|!=|<=|>=|<<|>>|[-+*/%&|^]=|.)"
 
-    # Their loss never compiles, or means nothing.
+    # Without these the source does not compile, or means the same.
     declares = "^(auto|class|const|constexpr|enum|extern|friend|namespace|static|static_assert|struct|template|using)$"
     hasHead = "^(catch|for|if|switch|while)$"
     isLabel = "^(case|default|private|protected|public)$"
@@ -63,7 +62,7 @@ function matches(pattern) {
     return 1
 }
 
-# What only Windows compiles: up to the directive that ends it.
+# Skips code that only Windows compiles, up to the directive that ends it.
 function windowsOnly(    code) {
     code = substr(text, position)
     return substr(code, 1, index(code, "\n#"))
@@ -123,8 +122,8 @@ function onOperator(    n, i, alternatives) {
     followStatement()
 }
 
-# A whole statement is dropped: what stands between two semicolons or braces, after labels and after the head of an
-# `if` or the like. To know where it ends, we count the open brackets, and keep the statement around each open brace.
+# Drops a whole statement: the text between two semicolons or braces, after labels and after the head of an `if` or the
+# like. To know where it ends, we count the open brackets, and remember the statement around each open brace.
 
 function beginStatement() {
     if (start) return

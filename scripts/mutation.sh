@@ -2,11 +2,12 @@
 # mutation.sh [COUNT [SEED]]: would a unit test notice? Puts COUNT (40) random faults into the portable code, one at a
 # time. Each is one token: another relation, operator or constant, a condition turned round, a statement dropped
 # (scripts/mutation.awk lists them). Runs the unit tests on each, natively and without sanitizers. Prints the faults
-# that no test notices, with the lines before and after, and in the end how many were noticed.
+# that no test notices, each with the line before and after it was changed, and at the end how many faults the tests
+# noticed.
 #
-# Read each fault that lives: a test is missing, or the code can be simpler, or the fault only says the same in other
-# words. The same SEED (today's date) draws the same faults from the same sources. What does not compile does not
-# count. Works on a copy in build/mutation; the sources themselves stay as they are.
+# Look at each fault that lives: a test is missing, or the code can be simpler, or the change means the same. The same
+# SEED (today's date) draws the same faults from the same sources. What does not compile does not count. Works on a copy
+# in build/mutation; the sources themselves stay as they are.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
@@ -26,7 +27,7 @@ flock -n 8 || die "another mutation.sh is running in $root"
 say "copying the sources (build/mutation)"
 rm -rf "$tree"
 mkdir "$tree"
-# With the time of now, so that nothing built of an earlier copy passes for built of this one.
+# Gives the files the present time. With their own times, objects built from an earlier copy could pass for new.
 git ls-files -z --cached --others --exclude-standard | tar --null --ignore-failed-read -T - -c |
     tar -m -x -C "$tree"
 
@@ -35,19 +36,19 @@ if command -v ccache >/dev/null; then
     export CCACHE_BASEDIR=$root CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
     export CCACHE_SLOPPINESS=pch_defines,time_macros
 fi
-# Quick to build. The library's own checks of its indices stand in for the sanitizers.
+# A build that is quick to make. Instead of the sanitizers, the standard library checks its indices.
 watched cmake -S "$tree" -B "$objects" -G Ninja -D CMAKE_BUILD_TYPE= -D CMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld \
     -D CMAKE_C_COMPILER=clang -D CMAKE_CXX_COMPILER=clang++ -D CMAKE_CXX_FLAGS="-O0 -D_GLIBCXX_ASSERTIONS" >"$logs/configure-mutation.log" 2>&1 ||
     die "configuring failed, see $logs/configure-mutation.log"
 build_tests() { watched ninja -C "$objects" unit_tests kept_input_tests >"$logs/build-mutation.log" 2>&1; }
 build_tests || die "the sources do not build, see $logs/build-mutation.log"
-export CCACHE_READONLY=1  # nobody will ask for the faulty ones again
+export CCACHE_READONLY=1  # nobody needs the faulty objects again
 
-# The tests' folders go where they can be swept away, whatever a faulty program leaves there.
+# The tests make their folders here, so that the script can delete whatever a faulty program leaves.
 scratch=$(mktemp -d)
 export TMPDIR=$scratch
-# run_tests SECONDS PROGRAM [FILTER]: 0 if every test passes, 124 if the time was over. A faulty program may want all
-# memory or disk.
+# run_tests SECONDS PROGRAM [FILTER]: returns 0 if every test passes, 124 if the time was over. The limits are there
+# because a faulty program may want all memory or disk.
 run_tests() {
     local status=0
     watched timeout -k 5 "$1" bash -c 'ulimit -v 4000000 -f 200000 -c 0; cd "$TMPDIR"; exec "$0" "$@"' \
@@ -71,7 +72,7 @@ list_faults() {
 }
 
 tried=0 hung=0 lives=0 uncompiled=0
-say "putting in $count faults, seed $seed; a test run is ended after $limit s"
+say "putting in $count faults, seed $seed; each test run may take $limit s"
 while ((tried < count)) && IFS=$'\t' read -r file line offset length kind new <&7; do
     cp "$tree/$file" "$work/sound"
     {
@@ -87,7 +88,7 @@ while ((tried < count)) && IFS=$'\t' read -r file line offset length kind new <&
             run_tests "$limit" kept_input_tests; } || status=$?
         if ((status == 0)); then
             lives=$((lives + 1))
-            printf '%s:%d: nobody notices (%s)\n' "$file" "$line" "$kind"
+            printf '%s:%d: no test notices (%s)\n' "$file" "$line" "$kind"
             diff --unchanged-line-format= --old-line-format='  - %L' --new-line-format='  + %L' \
                 "$work/sound" "$tree/$file" || true
         elif ((status == 124 || status == 137)); then

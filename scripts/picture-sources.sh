@@ -1,23 +1,23 @@
 #!/usr/bin/env bash
-# picture-sources.sh: says whether what the manual's pictures show has changed since they were taken. Times mean
-# nothing in a fresh clone, so pictures.sh notes the sums of the files instead (picture-sources.sh note).
+# picture-sources.sh: says whether the manual's pictures are out of date. Times of files mean nothing in a fresh clone,
+# so pictures.sh notes the checksums of the files instead (picture-sources.sh note).
 #
 # Fails when a dialog, a text, an icon or a sample has changed: a picture shows it, so
 #
 #   scripts/pictures.sh manual
 #
-# takes them again. Code that draws often changes without any visible difference, so that only gives a note.
+# takes them again. Code that draws often changes without a visible difference; then this script only prints a note.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 notes=docs/manual/pictures
 
-# Of each kind the files in the order of their names, with their sums.
+# The files of each kind with their checksums, in the order of their names.
 shown() { find res samples -type f ! -name 'README.md' ! -name '*.svg' | LC_ALL=C sort | xargs -d '\n' sha256sum; }
 drawing() {
     find app controls framework meter plot scaling -type f -name '*.cpp' | LC_ALL=C sort | xargs -d '\n' sha256sum
 }
 
-# changed KIND: the names of the files that are not as noted, one a line.
+# changed KIND: prints the names of the files that differ from the notes, one on each line.
 changed() {
     { diff "$notes/$1.sha256" <("$1") || true; } | sed -nE 's/^[<>] [0-9a-f]{64}  //p' | sort -u
 }
@@ -33,6 +33,6 @@ if ((${#code[@]})); then
 fi
 mapfile -t looks < <(changed shown)
 if ((${#looks[@]})); then
-    echo "the manual's pictures show what has changed since (scripts/pictures.sh manual takes them again): ${looks[*]}"
+    echo "the manual's pictures show files that have changed since (scripts/pictures.sh manual takes them again): ${looks[*]}"
     exit 1
 fi

@@ -6,7 +6,7 @@
 # pictures.sh manual: takes the pictures of the manual, with the theme, into docs/manual/pictures, and notes there from
 # what they were taken (scripts/picture-sources.sh).
 #
-# Needs no setting up: the display is of its own, and nothing is left running.
+# Needs no preparation: it starts a display of its own, and leaves nothing running.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
@@ -35,13 +35,13 @@ windows_path() {
     printf '%s' "${path//\//\\}"
 }
 
-# Without a host, in the state in which it waits for a log.
+# Starts the program without a host; it then waits for a log.
 open_program() {
     start wine "$build/windows/plotvane.exe"
     find_main
 }
 
-# play SECONDS [OPTION...]: with the stand-in host and so much of its drive, four times as fast as life.
+# play SECONDS [OPTION...]: plays the stand-in host's drive for that long, at four times its speed.
 play() {
     local seconds=$1
     shift
@@ -109,7 +109,7 @@ press() {
     done
 }
 
-# choose_log NAME: by the file dialog, whatever comes of it.
+# choose_log NAME: chooses the log in the file dialog, and does not look what comes of it.
 choose_log() {
     click load
     await '^Choose a log file$'
@@ -118,7 +118,7 @@ choose_log() {
     await_end '^Choose a log file$'
 }
 
-# menu KEY...: the system menu, and keys in it.
+# menu KEY...: opens the system menu and presses these keys in it.
 menu() {
     xdotool windowfocus --sync "$main"
     press alt+space "$@"
@@ -132,15 +132,15 @@ open_preferences() {
 
 # --- pictures --------------------------------------------------------------------------------------------
 
-# shoot STATE: all that stands on the screen, without the empty part around it.
+# shoot STATE: takes a picture of everything on the screen, without the empty part around it.
 shoot() {
     sleep 0.4
     import -window root miff:- | convert - -bordercolor "$ground" -border 1 -fuzz 0 -trim +repage \
         -bordercolor "$ground" -border 12 -strip "$pictures/$scene-$1$suffix.png"
 }
 
-# shoot_part NAME LEFT TOP WIDTH HEIGHT [OPTION...]: a part of the main window, in dialog units as above; with options
-# of convert.
+# shoot_part NAME LEFT TOP WIDTH HEIGHT [OPTION...]: takes a picture of a part of the main window, in dialog units as
+# above. The options are those of convert.
 shoot_part() {
     local name=$1 left=$2 top=$3 width=$4 height=$5 window_height
     shift 5
@@ -151,13 +151,14 @@ shoot_part() {
         +repage "$@" -strip "$pictures/$scene-$name$suffix.png"
 }
 
-# shoot_window NAME: the window $found with its frame.
+# shoot_window NAME: takes a picture of the window $found with its frame.
 shoot_window() {
     sleep 0.4
     import -frame -window "$found" -strip "$pictures/$scene-$1$suffix.png"
 }
 
-# shoot_menu NAME WIDTH HEIGHT: so much of the screen from the corner of the window $found, whose menu is open.
+# shoot_menu NAME WIDTH HEIGHT: takes a picture of the open menu: this part of the screen, from the corner of the window
+# $found.
 shoot_menu() {
     local x y
     sleep 0.4
@@ -276,7 +277,7 @@ show_preferences() {
     close_program
 }
 
-# message CAPTION STATE [KEY]: the box with that caption; Return ends it.
+# message CAPTION STATE [KEY]: takes a picture of the box with that caption, then closes it with that key (Return).
 message() {
     await "^$1"
     shoot "$2"
@@ -372,7 +373,7 @@ show_sizes() {
 
 # --- the manual's ----------------------------------------------------------------------------------------
 
-# The parts of the main window that docs/manual/main-window.md numbers: left and top in dialog units, number by number.
+# The parts of the main window that docs/manual/main-window.md numbers: left and top of each in dialog units.
 part_places=("180 90" "8 70" "62 190" "116 178" "178 198" "141 221" "287 195" "287 222" "4 198" "16 222")
 
 # The options of convert that write the numbers there.
@@ -387,7 +388,7 @@ mark_parts() {
     done
 }
 
-# put_beside TOP TITLE: a meter, to the right of the main window.
+# put_beside TOP TITLE: moves a meter to the right of the main window.
 put_beside() {
     local x width
     await "$2"
@@ -481,7 +482,7 @@ show_manual() {
     close_program
 }
 
-# keep_for_manual: smaller without a difference to be seen, at the place where the manual has them.
+# keep_for_manual: makes the picture files smaller without a visible difference, and moves them into the manual.
 keep_for_manual() {
     local picture manual=docs/manual/pictures
     rm -f "$manual"/*.png
@@ -507,15 +508,15 @@ take_turn
 say "building (build/windows)"
 build_preset windows plotvane diagnel-sim plotvane-remote
 
-# Alt+Space is to open the program's own system menu, not the window manager's.
+# Alt+Space must open the program's own system menu, not the window manager's.
 export XDG_CONFIG_HOME=$build/run/pictures-config
 mkdir -p "$XDG_CONFIG_HOME/openbox"
 sed '/<keybind key="A-space">/,/<\/keybind>/d' /etc/xdg/openbox/rc.xml >"$XDG_CONFIG_HOME/openbox/rc.xml"
 start_display 1920x1080
-display -window root "xc:$ground" || true # answers 1 although it has done it
+display -window root "xc:$ground" || true # exits with 1 although it has done it
 prepare_wine wine-pictures
 
-# set_theme on|off: what Windows calls visual styles; the programs that start later have it.
+# set_theme on|off: turns what Windows calls visual styles on or off, for programs that start later.
 set_theme() {
     local active=1
     [[ $1 == on ]] || active=0

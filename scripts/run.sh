@@ -14,8 +14,8 @@ source scripts/common.sh
 seconds_to_watch=20
 meters_width=0  # pixels of the picture beside the main window
 
-# Options for the stand-in host in host_options: files by a name that it finds, and, where the caller does
-# not say how the drive ends, the window left open at its end.
+# Puts the options for the stand-in host into host_options, with file names that it can find. If no option says how the
+# drive ends, the window stays open at its end.
 host_options=()
 take_host_options() {
     local end_said=""
@@ -39,7 +39,7 @@ take_host_options() {
 
 remote() { wine "$build/windows/plotvane-remote.exe" "$@"; }
 
-# Makes a fresh working folder like the host's: it holds the samples, and later what a run writes.
+# Makes a fresh working folder like the host's, with the samples. The program writes its files there.
 make_folder() {
     folder=$build/run/$1
     rm -rf "$folder"
@@ -47,8 +47,8 @@ make_folder() {
     [[ ! -d samples ]] || cp -r samples/. "$folder"
 }
 
-# The window with the meters beside it. The window manager draws the frame, a little away from where Wine believes it
-# to be.
+# Takes a picture of the window and the meters beside it. The margin is there because Wine does not know exactly where
+# the window manager draws the frame.
 take_picture() {
     local width height left top margin=4 meters=${1:-0}
     IFS=x+ read -r width height left top < <(remote place | tr -d '\r')
@@ -92,7 +92,7 @@ watch_live() {
     close_and_show "$host_process" "the stand-in host"
 }
 
-# Those of the first two slots.
+# Opens the meters of the first two slots.
 open_two_meters() {
     remote meter 0
     remote meter 1

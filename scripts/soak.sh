@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# soak.sh [MINUTES [RUN...]]: lets the real program run for long (60 minutes), and prints what it holds of the
-# system from start to end: private memory, GDI objects, user objects, handles. Fails when one of them grows,
-# when the window answers late, or when the program does not close within a second. The runs, all of them or
-# the named ones, go side by side, each in a Wine of its own:
+# soak.sh [MINUTES [RUN...]]: lets the real program run for long (60 minutes), and prints its resources from start to
+# end: private memory, GDI objects, user objects, handles. Fails if one of them grows, if the window answers late, or if
+# the program does not close within a second. The runs, all of them or the named ones, go side by side, each in a Wine
+# of its own:
 #
 #   live     the stand-in host, twenty records a second, with four meters open
-#   replay   a log of a million rows for an hour, a millisecond apart, so that none is waited for: as fast as the
-#            program goes, and until the log ends. May take twice the MINUTES, on a slow machine
+#   replay   a log of a million rows for an hour. They are a millisecond apart, so the program waits for none
+#            and plays the log as fast as it can. On a slow machine that may take twice the MINUTES
 #   tenfold  two hours' worth of records in twelve minutes (a fifth of MINUTES): the host sends two hundred a
-#            second. The program takes twenty of them, the pipe is full all the while, and what finds no room in
-#            it is left out
+#            second. The program takes twenty of them, so the pipe is always full, and the host leaves out the
+#            records that have no room
 #   blocks   ten thousand blocks of random and of bit-flipped text in an hour, over some hundred runs of the
-#            program: it answers, or has closed because a block said so
-#   killed   program and host are killed at a hundred random moments an hour; after each, every settings file is whole
+#            program: it must answer, or close if a block said so
+#   killed   kills program and host at a hundred random moments an hour; each time every settings file must be whole
 #   modules  a thousand modules in an hour, one after the other, and as many label files that redirect in a circle
-#   meters   sixty thousand meters in an hour are opened and closed, and nothing of them may stay
+#   meters   opens and closes sixty thousand meters in an hour; they must leave nothing in memory
 #
 # scripts/test.sh has a short form of each.
 set -euo pipefail
@@ -41,17 +41,17 @@ done
 take_turn
 say "building (build/windows)"
 build_preset windows plotvane diagnel-sim plotvane-remote stress_tests surroundings_tests
-# Copies: what is built in the meantime must not disturb the runs.
+# The runs use copies, so that a build meanwhile does not disturb them.
 for run in "${runs[@]}"; do
     mkdir -p "$build/soak/$run"
     cp build/windows/{plotvane,diagnel-sim,plotvane-remote,stress_tests,surroundings_tests}.exe "$build/soak/$run"
 done
 exec 9>&- # others may build and test now
 
-# Wine's own remarks on its set-up are none of ours.
+# Leaves out Wine's remarks on its own set-up.
 remote() { wine "$bin/plotvane-remote.exe" "$@" 2> >(grep -a plotvane >&2); }
 
-# start PROGRAM [OPTION...]: in a fresh working folder.
+# start PROGRAM [OPTION...]: starts the program in a fresh working folder.
 start() {
     rm -rf "$folder"
     mkdir -p "$folder/LOGS"
@@ -66,7 +66,7 @@ open_four_meters() {
     for slot in 0 1 2 3; do remote meter "$slot"; done
 }
 
-# close: within a second, including what it takes to ask for it.
+# close: closes the program, and fails if that takes longer than a second, including the time to ask for it.
 close() {
     local status=0 began=${EPOCHREALTIME/./}
     remote close || return 1
@@ -98,7 +98,7 @@ replay() {
     write_log "$rows" 0.001 >"$folder/LOGS/soak.csv"
     local began=$SECONDS time
     remote load "${log//\//\\}"
-    sleep 3 # of a short log there must be something left to watch
+    sleep 3 # not longer: a short log would be over
     remote watch "$((minutes * 120))"
     time=$(remote texts | grep -a ^time)
     remote ended || { echo "$time of $((rows / 1000)) s of the log"; return 1; }
@@ -107,19 +107,19 @@ replay() {
     close
 }
 
-# tests PROGRAM FILTER: cases of a test program, as often as a variable of its own asks for.
+# tests PROGRAM FILTER: runs cases of a test program; each has a variable that says how often.
 tests() { wine "$bin/$1.exe" --gtest_brief=1 --gtest_filter="$2" 2>/dev/null; }
 
 blocks() { PLOTVANE_BLOCKS=$((minutes * 10000 / 60 / 2)) tests stress_tests 'ForeignBlocks.*'; }
 killed() { PLOTVANE_KILLS=$((minutes * 100 / 60 + 1)) tests surroundings_tests 'Killed.*'; }
-# With each stop Wine puts some bitmaps aside for ever, and has room for those of some 1700 stops.
+# At each stop Wine keeps some bitmaps for ever, and has room for those of some 1700 stops.
 modules() {
     PLOTVANE_MODULES=$((20 + (minutes < 60 ? minutes * 1000 / 60 : 1000))) \
         tests surroundings_tests 'OverAndOver.TheModuleChanges:OverAndOver.LabelFiles*'
 }
 meters() { PLOTVANE_METERS=$((minutes * 1000)) tests surroundings_tests 'OverAndOver.AMeter*'; }
 
-# soak RUN: in a shell of its own, which the first step that fails ends.
+# soak RUN: does the run. Call it in a shell of its own, which ends at the first step that fails.
 soak() {
     bin=$build/soak/$1
     folder=$build/run/soak-$1
@@ -136,9 +136,9 @@ for run in "${runs[@]}"; do
     children+=($!)
 done
 for i in "${!runs[@]}"; do
-    verdict="well"
+    verdict="passed"
     wait "${children[i]}" || verdict="FAILED"
-    [[ $verdict == well ]] || failures=$((failures + 1))
+    [[ $verdict == passed ]] || failures=$((failures + 1))
     printf '\n%s: %s\n' "${runs[i]}" "$verdict"
     cat "$logs/soak-${runs[i]}.log"
 done

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# test-summary.sh PRESET...: adds up what the last test run of each preset left in build/PRESET: ctest.xml
-# (ctest's view: one entry a test program) and NAME.xml (GoogleTest's view: the cases inside program NAME).
-# A program without a NAME.xml counts as one test. Prints a table of the layers, names each failed test and each
-# skipped one with its reason, and in the last line gives the totals. Fails if any test failed or none ran.
+# test-summary.sh PRESET...: adds up the results of the last test run of each preset in build/PRESET: ctest.xml (ctest's
+# view: one entry for each test program) and NAME.xml (GoogleTest's view: the cases inside program NAME). A program
+# without a NAME.xml counts as one test. Prints a table of the layers, names each failed test and each skipped one with
+# its reason, and in the last line gives the totals. Fails if any test failed or none ran.
 set -euo pipefail
 cd "$(dirname "$0")/../build"
 

@@ -39,5 +39,5 @@ start_display
 prepare_wine
 run_tests windows 1
 
-scripts/picture-sources.sh || true  # what it only notes; the rest is judged by the test of that name
+scripts/picture-sources.sh || true  # for its note; the test of that name judges the rest
 scripts/test-summary.sh native fuzz windows

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# wine-run.sh PROGRAM [ARGUMENT...]: runs a Windows program in a Wine prefix and answers its exit status.
-# ctest runs the cross-built tests through it.
+# wine-run.sh PROGRAM [ARGUMENT...]: runs a Windows program in a Wine prefix and returns its exit status. ctest runs the
+# cross-built tests through it.
 #
 # If DISPLAY and WINEPREFIX are set, the program runs there. Otherwise it gets a display of its own and the prefix of
 # this tree, and nothing is left running afterwards.
