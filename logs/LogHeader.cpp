@@ -102,8 +102,8 @@ void ReadAdvancedHeader(LogText& text, LogHeader& header) {
     text.SkipLines(1);
 }
 
-// "PID- 012": the three characters after a "-" and one more character. The search for "-" does not stop at
-// line ends, but a number ends with its line.
+// "PID- 012": a "-", any one character, then the three characters of the number. The search for "-" does not
+// stop at line ends, but a number ends with its line.
 int TakePid(LogText& text) {
     text.SkipPast('-');
     text.SkipCharacter();
@@ -119,14 +119,14 @@ void ReadObdHeader(LogText& text, LogHeader& header) {
     text.SkipLines(1);
     for (int& pid : header.pids) pid = TakePid(text);
     text.SkipLines(1);
-    bool standsBehindUnit = false;
+    bool isAfterUnit = false;
     for (std::size_t slot = 0; slot < header.pids.size(); ++slot) {
         if (header.pids.at(slot) < 1) continue;
         text.SkipPast('(');  // "Engine speed (/min)"
         header.columns.at(slot).unit = text.ReadUpTo(')');
-        standsBehindUnit = true;
+        isAfterUnit = true;
     }
-    if (!standsBehindUnit) return;
+    if (!isAfterUnit) return;
     // The first row is on the next line, or it goes on right here with a comma and its time.
     header.tookFirstMarker = text.Take(',') && text.AtDigit();
     if (!header.tookFirstMarker) text.SkipLines(1);
