@@ -136,7 +136,7 @@ void CPlotvaneDlg::AppendSystemMenu() {
 
 void CPlotvaneDlg::ApplyColours() {
     for (int trace = 0; trace < kTraceCount; ++trace) {
-        m_chart.SetTraceColor(m_data.prefs.lineColor[static_cast<std::size_t>(trace)], trace);
+        m_chart.SetTraceColor(m_data.prefs.lineColor[trace], trace);
     }
     m_chart.SetBackgroundColor(m_data.prefs.backColor);
     m_chart.SetGridColor(m_data.prefs.gridColor);

@@ -10,7 +10,8 @@ namespace plotvane {
 struct Prefs {
     Colour backColor = kBlack;  // chart and meters
     Colour gridColor = kWhite;
-    std::array<Colour, kSlotCount> lineColor = DefaultTraceColours();  // of trace n and of its meter's needle
+    IndexedArray<Colour, kSlotCount> lineColor =
+        DefaultTraceColours();  // of trace n and of its meter's needle
     int thickness = 0;       // pen width setting; the dialog accepts 0..10, the file may contain any number
     bool autorun = true;     // a loaded log plays at once
     bool showUnits = true;   // units after the chart's limits

@@ -27,7 +27,7 @@ std::uint8_t PrefsColourEdit::PartOf(ColourRow row, ColourPart part) const {
 bool PrefsColourEdit::SelectTrace(int trace) {
     if (trace < 0 || trace >= kSlotCount) return false;
     const Colour before = Stored(ColourRow::Trace);
-    m_trace = static_cast<std::size_t>(trace);
+    m_trace = trace;
     Store(ColourRow::Trace, DrawableColour(Stored(ColourRow::Trace)));
     return Stored(ColourRow::Trace) != before;
 }

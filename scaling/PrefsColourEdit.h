@@ -30,7 +30,7 @@ private:
     bool Store(ColourRow row, Colour colour);
 
     Prefs& m_prefs;
-    std::size_t m_trace = 0;
+    int m_trace = 0;
 };
 
 }  // namespace plotvane

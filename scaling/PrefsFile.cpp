@@ -37,9 +37,9 @@ bool UseDefaults(const std::filesystem::path& file, Prefs& prefs) {
     return KindOf(file) == FileKind::Missing;
 }
 
-std::string LineColorKey(std::size_t trace) {
+std::string LineColorKey(int trace) {
     std::string key = "Line";
-    AppendDecimal(key, static_cast<int>(trace));
+    AppendDecimal(key, trace);
     key += "Color";
     return key;
 }
@@ -115,7 +115,7 @@ bool LoadPrefs(const std::filesystem::path& file, Prefs& prefs) {
     KeyedText keyed(*text);
     prefs.backColor = keyed.Hex("BackColor", defaults.backColor);
     prefs.gridColor = keyed.Hex("GridColor", defaults.gridColor);
-    for (std::size_t trace = 0; trace < prefs.lineColor.size(); ++trace) {
+    for (int trace = 0; trace < kSlotCount; ++trace) {
         prefs.lineColor[trace] = keyed.Hex(LineColorKey(trace), prefs.lineColor[trace]);
     }
     prefs.thickness = keyed.HexInt("Thickness", defaults.thickness);
@@ -149,7 +149,7 @@ int SavePrefs(const std::filesystem::path& file, const Prefs& prefs, int windowW
     };
     addHex("BackColor", prefs.backColor);
     addHex("GridColor", prefs.gridColor);
-    for (std::size_t trace = 0; trace < prefs.lineColor.size(); ++trace) {
+    for (int trace = 0; trace < kSlotCount; ++trace) {
         addHex(LineColorKey(trace), prefs.lineColor[trace]);
     }
     addHexInt("Thickness", prefs.thickness);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 
 #include "base/Colour.h"
@@ -26,9 +27,9 @@ constexpr std::array<Colour, 14> kPresetColours = {
     MakeColour(255, 255, 255),  // White
 };
 
-constexpr std::array<Colour, kSlotCount> DefaultTraceColours() {
-    std::array<Colour, kSlotCount> colours{};
-    for (std::size_t i = 0; i < colours.size(); ++i) colours[i] = kPresetColours[i];
+constexpr IndexedArray<Colour, kSlotCount> DefaultTraceColours() {
+    IndexedArray<Colour, kSlotCount> colours{};
+    std::copy_n(kPresetColours.begin(), kSlotCount, colours.begin());
     return colours;
 }
 

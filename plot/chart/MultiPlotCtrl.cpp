@@ -16,10 +16,6 @@ RECT ToRect(const PixelRect& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-std::size_t IndexOf(int trace) {
-    return static_cast<std::size_t>(trace);
-}
-
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CMultiPlotCtrl, CWnd)
@@ -31,9 +27,9 @@ END_MESSAGE_MAP()
 CMultiPlotCtrl::CMultiPlotCtrl(const Prefs& prefs, const RunState& state, const SlotTable& slots)
     : m_prefs(prefs), m_state(state), m_slots(slots), m_backgroundBrush(::CreateSolidBrush(kBlack)) {
     const auto colours = DefaultTraceColours();
-    for (std::size_t i = 0; i < m_traces.size(); ++i) {
-        m_traces[i].colour = colours[i];
-        m_pens[i].pen = CPen{::CreatePen(PS_SOLID, 0, colours[i])};
+    for (int trace = 0; trace < kTraceCount; ++trace) {
+        m_traces[trace].colour = colours[trace];
+        m_pens[trace].pen = CPen{::CreatePen(PS_SOLID, 0, colours[trace])};
     }
 }
 
@@ -50,7 +46,7 @@ void CMultiPlotCtrl::ReleasePictures() {
 }
 
 void CMultiPlotCtrl::SetRange(double lower, double upper, int trace) {
-    m_traces.at(IndexOf(trace)).SetRange(lower, upper, m_geometry.Plot().Height());
+    m_traces[trace].SetRange(lower, upper, m_geometry.Plot().Height());
     InvalidateCtrl();
 }
 
@@ -76,15 +72,14 @@ void CMultiPlotCtrl::SetGridColor(Colour colour) {
 }
 
 void CMultiPlotCtrl::SetTraceColor(Colour colour, int trace) {
-    const std::size_t i = IndexOf(trace);
-    m_traces.at(i).colour = colour;
+    m_traces[trace].colour = colour;
     // The preferences file may contain any number.
     const int width = std::clamp(m_prefs.thickness, 0, kWidestPenPx);
-    m_pens[i] = {CPen{::CreatePen(PS_SOLID, width, DrawableColour(colour))}, width};
+    m_pens[trace] = {CPen{::CreatePen(PS_SOLID, width, DrawableColour(colour))}, width};
 }
 
 Colour CMultiPlotCtrl::GetTraceColor(int trace) const {
-    return m_traces.at(IndexOf(trace)).colour;
+    return m_traces[trace].colour;
 }
 
 void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
@@ -95,8 +90,8 @@ void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
         m_picture.LiftGrid();
         ScrollTraces(shift);
         CDC dc(m_picture.Get().Dc());
-        for (std::size_t i = 0; i < m_traces.size(); ++i) {
-            DrawSegment(dc, m_traces[i].TakeSegment(m_geometry, shift), m_pens[i]);
+        for (int trace = 0; trace < kTraceCount; ++trace) {
+            DrawSegment(dc, m_traces[trace].TakeSegment(m_geometry, shift), m_pens[trace]);
         }
         m_picture.LayGrid();
     }
@@ -147,7 +142,7 @@ void CMultiPlotCtrl::RedrawPicture() {
                                .customMinimum = m_yTexts.first,
                                .customMaximum = m_yTexts.second,
                                .scaleColour = m_gridColour};
-        const auto labels = ChartLabels(m_slots, m_traces, rules, m_geometry.Plot());
+        const auto labels = ChartLabels(m_slots, m_traces.all, rules, m_geometry.Plot());
         FillWithBackground(client);
         DrawChartGrid(m_picture.Get(), m_geometry, m_gridCounts, m_gridColour, labels);
         m_picture.TakeGrid();
@@ -176,7 +171,7 @@ int CMultiPlotCtrl::ShiftFor(int shift) {
 }
 
 void CMultiPlotCtrl::TakeValues(const TraceValues& values) {
-    for (int trace = 0; trace < kTraceCount; ++trace) m_traces.at(IndexOf(trace)).current = values[trace];
+    for (int trace = 0; trace < kTraceCount; ++trace) m_traces[trace].current = values[trace];
 }
 
 void CMultiPlotCtrl::ScrollTraces(int shift) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -101,8 +100,8 @@ private:
     int m_labelMargin = 3;  // characters
     Colour m_gridColour = kWhite;
     SampleSpread m_spread;
-    std::array<PlotTrace, kTraceCount> m_traces;
-    std::array<TracePen, kTraceCount> m_pens;
+    IndexedArray<PlotTrace, kTraceCount> m_traces;
+    IndexedArray<TracePen, kTraceCount> m_pens;
     CBrush m_backgroundBrush;
     ChartGeometry m_geometry;
     ChartPicture m_picture;

@@ -23,8 +23,7 @@ Prefs Changed() {
     Prefs prefs;
     prefs.backColor = 0x112233;
     prefs.gridColor = 0x445566;
-    for (std::size_t i = 0; i < prefs.lineColor.size(); ++i)
-        prefs.lineColor[i] = static_cast<Colour>(0x100 + i);
+    for (int i = 0; i < kSlotCount; ++i) prefs.lineColor[i] = static_cast<Colour>(0x100 + i);
     prefs.thickness = 4;
     prefs.autorun = prefs.showUnits = prefs.saveWindowSize = false;
     prefs.showZeros = true;
@@ -269,7 +268,7 @@ TEST_F(PrefsFileTest, TheOldFormLeavesTheOtherFields) {
     expected.autorun = true;
     expected.backColor = 1;
     expected.gridColor = 2;
-    for (std::size_t i = 0; i < 12; ++i) expected.lineColor[i] = static_cast<Colour>(3 + i);
+    for (int i = 0; i < 12; ++i) expected.lineColor[i] = static_cast<Colour>(3 + i);
     expected.showUnits = false;
     expected.showZeros = false;
     ExpectEqual(prefs, expected);
