@@ -1,7 +1,7 @@
 #include "plot/chart/ChartGrid.h"
 
 #include "framework/Dc.h"
-#include "plot/chart/ChartPicture.h"
+#include "framework/Gdi.h"
 
 namespace plotvane {
 namespace {
@@ -46,7 +46,7 @@ void DrawLabels(CDC& dc, std::span<const ChartLabel> labels) {
 
 }  // namespace
 
-void DrawChartGrid(const Picture& picture, const ChartGeometry& geometry, const GridCounts& counts,
+void DrawChartGrid(const ChartPicture& picture, const ChartGeometry& geometry, const GridCounts& counts,
                    Colour gridColour, std::span<const ChartLabel> labels) {
     CDC dc(picture.Dc());
     {
@@ -54,7 +54,7 @@ void DrawChartGrid(const Picture& picture, const ChartGeometry& geometry, const 
         const Selected penInDc(dc, pen);
         DrawFrame(dc, geometry.Plot());
     }
-    DrawDots(PixelsOf(picture), geometry, counts, DrawableColour(gridColour));
+    DrawDots(picture.Pixels(), geometry, counts, DrawableColour(gridColour));
     DrawLabels(dc, labels);
 }
 

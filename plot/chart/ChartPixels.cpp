@@ -17,7 +17,7 @@ std::uint32_t PixelOf(Colour colour) {
 }
 
 std::uint32_t* ChartPixels::Row(int y) const {
-    return pixels + static_cast<std::ptrdiff_t>(y) * static_cast<std::ptrdiff_t>(width);
+    return pixels + static_cast<std::ptrdiff_t>(y) * static_cast<std::ptrdiff_t>(rowDistance);
 }
 
 void ChartPixels::Dot(int x, int y, std::uint32_t pixel) const {
@@ -37,6 +37,25 @@ void ChartPixels::ScrollLeft(const PixelRect& area, int shift) const {
         std::uint32_t* const row = Row(y) + part.left;
         std::memmove(row, row + shift, kept);
     }
+}
+
+ChartPixels ChartPixels::SlideLeft(const PixelRect& area, int shift) const {
+    const ChartPixels slid{pixels + shift, width, height, rowDistance};
+    const PixelRect part = Clipped(area);
+    const auto moveAlong = [&](int y, int left, int right) {
+        const std::uint32_t* const from = Row(y);
+        std::memmove(slid.Row(y) + left, from + left,
+                     static_cast<std::size_t>(right - left) * sizeof *pixels);
+    };
+    for (int y = 0; y < height; ++y) {
+        if (y < part.top || y >= part.bottom || part.Width() <= shift) {
+            moveAlong(y, 0, width);
+        } else {
+            moveAlong(y, part.right, width);
+            moveAlong(y, 0, part.left);
+        }
+    }
+    return slid;
 }
 
 void ChartPixels::DotRow(const PixelRect& area, int y, Colour colour) const {

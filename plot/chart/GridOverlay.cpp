@@ -11,7 +11,8 @@ constexpr std::uint32_t kColourBits = 0x00FFFFFF;
 }  // namespace
 
 bool GridOverlay::Fits(const ChartPixels& picture) const {
-    return m_isTaken && picture.pixels && picture.width == m_width && picture.height == m_height;
+    return m_isTaken && picture.pixels && picture.width == m_width && picture.height == m_height &&
+           picture.rowDistance == m_rowDistance;
 }
 
 void GridOverlay::TakeFrom(const ChartPixels& picture) {
@@ -19,20 +20,25 @@ void GridOverlay::TakeFrom(const ChartPixels& picture) {
     m_isTaken = false;
     m_width = picture.width;
     m_height = picture.height;
+    m_rowDistance = picture.rowDistance;
     m_runs.clear();
     m_grid.clear();
-    const std::uint32_t* const first = picture.pixels;
-    const std::uint32_t* const end =
-        first + static_cast<std::ptrdiff_t>(picture.width) * static_cast<std::ptrdiff_t>(picture.height);
+    for (int y = 0; y < picture.height; ++y) TakeRow(picture, y);
+    m_covered.assign(m_grid.size(), 0);
+    m_isTaken = true;
+}
+
+void GridOverlay::TakeRow(const ChartPixels& picture, int y) {
     const auto isDrawn = [](std::uint32_t pixel) { return (pixel & kColourBits) != 0; };
+    const std::uint32_t* const first = picture.Row(y);
+    const std::uint32_t* const end = first + picture.width;
     for (const std::uint32_t* run = std::find_if(first, end, isDrawn); run != end;) {
         const std::uint32_t* const behind = std::find_if_not(run, end, isDrawn);
-        m_runs.push_back({static_cast<std::uint32_t>(run - first), static_cast<std::uint32_t>(behind - run)});
+        m_runs.push_back(
+            {static_cast<std::uint32_t>(run - picture.pixels), static_cast<std::uint32_t>(behind - run)});
         m_grid.insert(m_grid.end(), run, behind);
         run = std::find_if(behind, end, isDrawn);
     }
-    m_covered.assign(m_grid.size(), 0);
-    m_isTaken = true;
 }
 
 void GridOverlay::LayOn(const ChartPixels& traces) {

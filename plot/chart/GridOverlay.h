@@ -25,17 +25,19 @@ public:
     void LiftOff(const ChartPixels& picture) const;
 
 private:
-    // Adjacent pixels, counted from the picture's first.
+    // Adjacent pixels of a row.
     struct Run {
-        std::uint32_t first = 0;
+        std::uint32_t first = 0;  // how far it is in memory from the picture's first pixel
         std::uint32_t length = 0;
     };
 
+    void TakeRow(const ChartPixels& picture, int y);
     bool Fits(const ChartPixels& picture) const;
 
     bool m_isTaken = false;  // the other members are valid together
     int m_width = 0;
     int m_height = 0;
+    int m_rowDistance = 0;
     std::vector<Run> m_runs;
     // The pixels of all runs, one run after the other.
     std::vector<std::uint32_t> m_grid;

@@ -89,7 +89,7 @@ void CMultiPlotCtrl::AppendPoints(const TraceValues& values) {
     if (m_picture) {
         m_picture.LiftGrid();
         ScrollTraces(shift);
-        CDC dc(m_picture.Get().Dc());
+        CDC dc(m_picture.Dc());
         for (int trace = 0; trace < kTraceCount; ++trace) {
             DrawSegment(dc, m_traces[trace].TakeSegment(m_geometry, shift), m_pens[trace]);
         }
@@ -144,7 +144,7 @@ void CMultiPlotCtrl::RedrawPicture() {
                                .scaleColour = m_gridColour};
         const auto labels = ChartLabels(m_slots, m_traces.all, rules, m_geometry.Plot());
         FillWithBackground(client);
-        DrawChartGrid(m_picture.Get(), m_geometry, m_gridCounts, m_gridColour, labels);
+        DrawChartGrid(m_picture, m_geometry, m_gridCounts, m_gridColour, labels);
         m_picture.TakeGrid();
         FillWithBackground(client);  // traces without a line
         m_picture.LayGrid();
@@ -185,7 +185,7 @@ void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const Tra
     // runs a million rows away takes 30 ms under Wine.
     std::optional<PixelLine> line = segment.line;
     if (pen.width > 1) {
-        line = ShortenFarLine(segment.line, -kWidestPenPx, m_picture.Get().Height() + kWidestPenPx);
+        line = ShortenFarLine(segment.line, -kWidestPenPx, m_picture.Height() + kWidestPenPx);
     }
     if (line) {
         const Selected penInDc(dc, pen.pen);
@@ -198,7 +198,7 @@ void CMultiPlotCtrl::DrawSegment(CDC& dc, const TraceSegment& segment, const Tra
 }
 
 void CMultiPlotCtrl::FillWithBackground(const PixelRect& area) {
-    CDC(m_picture.Get().Dc()).FillRect(ToRect(area), m_backgroundBrush.Get());
+    CDC(m_picture.Dc()).FillRect(ToRect(area), m_backgroundBrush.Get());
 }
 
 void CMultiPlotCtrl::Draw(CDC& dc) {
@@ -208,11 +208,10 @@ void CMultiPlotCtrl::Draw(CDC& dc) {
         dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
         return;
     }
-    const Picture& picture = m_picture.Get();
-    if (picture.Width() != client.Width() || picture.Height() != client.Height()) {
+    if (m_picture.Width() != client.Width() || m_picture.Height() != client.Height()) {
         dc.FillRect(ToRect(client), static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
     }
-    dc.BitBlt(0, 0, picture.Width(), picture.Height(), picture.Dc(), 0, 0, SRCCOPY);
+    dc.BitBlt(0, 0, m_picture.Width(), m_picture.Height(), m_picture.Dc(), 0, 0, SRCCOPY);
 }
 
 void CMultiPlotCtrl::OnDestroy() {

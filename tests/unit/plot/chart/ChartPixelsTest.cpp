@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <numeric>
+#include <random>
 #include <vector>
 
 namespace plotvane {
@@ -54,6 +56,55 @@ TEST(ChartPixels, ScrollIsClippedToThePicture) {
     untouched.view.ScrollLeft({2, 0, 1, 1}, 1);
     untouched.view.ScrollLeft({0, 5, 3, 9}, 1);
     EXPECT_EQ(untouched.memory, (Pixels{0, 1, 2}));
+}
+
+// Four columns of a wider picture.
+TEST(ChartPixels, APartOfAPictureLeavesTheRestAlone) {
+    Sheet sheet(6, 3);
+    const ChartPixels part{sheet.memory.data() + 1, 4, 3, 6};
+    part.ScrollLeft({0, 0, 9, 2}, 1);
+    part.DotRow({0, 0, 9, 3}, 2, 0xFFFFFF);
+    EXPECT_EQ(sheet.memory, (Pixels{0, 2, 3, 4, 4, 5,     //
+                                    6, 8, 9, 10, 10, 11,  //
+                                    12, 0xFFFFFF, 14, 15, 16, 17}));
+}
+
+TEST(ChartPixels, SlideMovesWhatIsAroundTheArea) {
+    Sheet sheet(6, 3);
+    const ChartPixels part{sheet.memory.data(), 5, 3, 6};
+    const ChartPixels slid = part.SlideLeft({1, 1, 4, 2}, 1);
+    EXPECT_EQ(slid.pixels, sheet.memory.data() + 1);
+    EXPECT_EQ(sheet.memory, (Pixels{0, 0, 1, 2, 3, 4,    //
+                                    6, 6, 8, 9, 10, 10,  // 7 has left the area, 10 is laid bare
+                                    12, 12, 13, 14, 15, 16}));
+}
+
+// All but the strip that is laid bare, which the caller draws on.
+TEST(ChartPixels, SlideShowsWhatScrollDoes) {
+    std::mt19937 random{3};
+    const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+    for (int round = 0; round < 5000; ++round) {
+        constexpr int kWidth = 12, kHeight = 5, kMore = 8;
+        Sheet wide(kWidth + kMore, kHeight);
+        const ChartPixels part{wide.memory.data(), kWidth, kHeight, kWidth + kMore};
+        Sheet plain(kWidth, kHeight);
+        for (int y = 0; y < kHeight; ++y) std::copy_n(part.Row(y), kWidth, plain.view.Row(y));
+
+        const int left = below(kWidth + 2) - 2;
+        const int top = below(kHeight + 2) - 2;
+        const PixelRect area{left, top, left + below(kWidth + 3), top + below(kHeight + 3)};
+        const int shift = 1 + below(kMore);
+        plain.view.ScrollLeft(area, shift);
+        const ChartPixels slid = part.SlideLeft(area, shift);
+        const int bareFrom = std::min(area.right, kWidth) - shift;
+        for (int y = 0; y < kHeight; ++y) {
+            for (int x = 0; x < kWidth; ++x) {
+                const bool isInside = x >= area.left && x < area.right && y >= area.top && y < area.bottom;
+                if (isInside && x >= bareFrom) continue;
+                ASSERT_EQ(slid.Row(y)[x], plain.view.Row(y)[x]) << round << ": " << x << ", " << y;
+            }
+        }
+    }
 }
 
 TEST(ChartPixels, RowOfDotsStopsBeforeTheRightEdge) {

@@ -70,6 +70,18 @@ TEST(GridOverlay, APictureOfAnotherSizeIsLeftAlone) {
     EXPECT_EQ(shorter, (Pixels{8, 8, 8}));
 }
 
+TEST(GridOverlay, OnAPartOfAPictureItLeavesTheRestAlone) {
+    Pixels drawn(8, 0x1);
+    GridOverlay grid;
+    grid.TakeFrom({drawn.data(), 3, 2, 4});
+    // The part has moved to the right by one pixel.
+    Pixels picture{16, 16, 16, 16, 32, 32, 32, 32};
+    grid.LayOn({picture.data() + 1, 3, 2, 4});
+    EXPECT_EQ(picture, (Pixels{16, 17, 17, 17, 32, 33, 33, 33}));
+    grid.LiftOff({picture.data() + 1, 3, 2, 4});
+    EXPECT_EQ(picture, (Pixels{16, 16, 16, 16, 32, 32, 32, 32}));
+}
+
 TEST(GridOverlay, WithoutAPictureItDoesNothing) {
     GridOverlay grid;
     grid.TakeFrom({});
