@@ -47,6 +47,12 @@ public:
         const WideText wide{text};
         ::TextOutW(m_hDC, x, y, wide.c_str(), wide.Length());
     }
+    // Draws only what lies inside the rectangle.
+    void TextOutClipped(int x, int y, const RECT& rect, std::string_view text) {
+        const WideText wide{text};
+        ::ExtTextOutW(m_hDC, x, y, ETO_CLIPPED, &rect, wide.c_str(), static_cast<UINT>(wide.Length()),
+                      nullptr);
+    }
     // Fills the rectangle with the background colour and draws what lies inside it.
     void TextOutOpaque(int x, int y, const RECT& rect, std::string_view text) {
         const WideText wide{text};

@@ -1,5 +1,6 @@
 #include "meter/DialGeometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace plotvane {
@@ -14,6 +15,24 @@ constexpr int kMarkerDepth = 20;  // pixels from the rim inwards
 static_assert((kStartDegrees - kEndDegrees) / kArcStepDegrees + 1 == kArcPoints);
 
 }  // namespace
+
+DialRect Union(const DialRect& a, const DialRect& b) {
+    if (a.IsEmpty()) return b;
+    if (b.IsEmpty()) return a;
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
+bool Overlap(const DialRect& a, const DialRect& b) {
+    return std::max(a.left, b.left) < std::min(a.right, b.right) &&
+           std::max(a.top, b.top) < std::min(a.bottom, b.bottom);
+}
+
+DialRect BoundsOf(const DialTriangle& triangle) {
+    const auto [left, right] = std::ranges::minmax(triangle, {}, &DialPoint::x);
+    const auto [top, bottom] = std::ranges::minmax(triangle, {}, &DialPoint::y);
+    return {left.x, top.y, right.x + 1, bottom.y + 1};
+}
 
 double DegreesToRadians(double degrees) {
     static const double kFactor = std::atan(1.0) * (1.0 / 45);

@@ -18,7 +18,16 @@ struct DialRect {
     int top = 0;
     int right = 0;
     int bottom = 0;
+
+    bool IsEmpty() const { return right <= left || bottom <= top; }
+    bool operator==(const DialRect&) const = default;
 };
+
+// The smallest rectangle that holds both; an empty one adds nothing.
+DialRect Union(const DialRect& a, const DialRect& b);
+
+// Whether they share a pixel.
+bool Overlap(const DialRect& a, const DialRect& b);
 
 struct DialLine {
     DialPoint from;
@@ -27,6 +36,9 @@ struct DialLine {
 };
 
 using DialTriangle = std::array<DialPoint, 3>;
+
+// Holds every pixel of the triangle with an outline of one pixel.
+DialRect BoundsOf(const DialTriangle& triangle);
 
 // The two halves of the needle, in the order in which they are drawn: the shaded one covers the seam.
 struct DialNeedle {

@@ -7,10 +7,6 @@
 namespace plotvane {
 namespace {
 
-DialRect ToDial(const CRect& rect) {
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
 CFont CreateMeterFont(int height) {
     return CFont{::CreateFontW(height, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET,
                                OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
@@ -39,12 +35,10 @@ void DrawBevel(CDC& dc, const FacePoints& face) {
 
 }  // namespace
 
-DialPicture::DialPicture(HDC like, const CRect& client, const Gauge& gauge)
-    : m_geometry(ToDial(client)),
-      m_dc(::CreateCompatibleDC(like)),
-      m_bitmap(::CreateCompatibleBitmap(like, client.Width(), client.Height())),
-      m_bitmapInDc(m_dc.Get(), m_bitmap) {
-    CDC dc{m_dc.Get()};
+DialPicture::DialPicture(const CRect& client, const Gauge& gauge)
+    : m_geometry(ToDial(client)), m_picture(client.Width(), client.Height()) {
+    if (!m_picture) return;
+    CDC dc{m_picture.Dc()};
     DrawBackground(dc, client, gauge.BackgroundColor());
     if (!m_geometry.HasDial()) return;
     DrawFace(dc, gauge);
@@ -73,9 +67,20 @@ void DialPicture::DrawTicks(CDC& dc) {
     }
 }
 
+DialRect DialPicture::TextBounds(DialPoint place, int width) const {
+    // A letter may reach beyond its cell, and the middle of an odd width may be rounded to either side.
+    constexpr int kAboveAndBelow = 1;
+    const int beside = 2 + m_geometry.FontHeight() / 8;
+    return {place.x - width / 2 - beside, place.y - m_ascent - kAboveAndBelow, place.x + width / 2 + beside,
+            place.y + m_descent + kAboveAndBelow};
+}
+
 void DialPicture::DrawLabels(CDC& dc, const Gauge& gauge) {
     const Selected fontInDc{dc, m_font};
-    m_textPlaces = m_geometry.TextPlaces(dc.GetTextMetrics().tmHeight);
+    const TEXTMETRICW metrics = dc.GetTextMetrics();
+    m_textPlaces = m_geometry.TextPlaces(metrics.tmHeight);
+    m_ascent = metrics.tmAscent;
+    m_descent = metrics.tmDescent;
     dc.SetTextColor(gauge.TextColor());
     dc.SetBkColor(gauge.BackgroundColor());
     dc.SetTextAlign(TA_CENTER | TA_BASELINE);

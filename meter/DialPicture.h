@@ -11,21 +11,24 @@ namespace plotvane {
 // the ends of the scale, drawn once; also the font, the places and the outline that the moving parts need.
 class DialPicture {
 public:
-    // For a window with this client rectangle, on a device compatible with `like`.
-    DialPicture(HDC like, const CRect& client, const Gauge& gauge);
+    // For a window with this client rectangle.
+    DialPicture(const CRect& client, const Gauge& gauge);
     DialPicture(const DialPicture&) = delete;
     DialPicture& operator=(const DialPicture&) = delete;
 
     // False if Windows had no memory for it; try again later.
-    explicit operator bool() const { return m_dc && m_bitmap; }
+    explicit operator bool() const { return static_cast<bool>(m_picture); }
 
-    HDC Dc() const { return m_dc.Get(); }
+    HDC Dc() const { return m_picture.Dc(); }
     const DialGeometry& Geometry() const { return m_geometry; }
 
     // Null, and meaningless, if the geometry has no dial.
     HRGN FaceRegion() const { return m_faceRegion.Get(); }
     const CFont& Font() const { return m_font; }
     const DialTextPlaces& TextPlaces() const { return m_textPlaces; }
+
+    // Holds all pixels of a text of that width with the middle of its baseline there.
+    DialRect TextBounds(DialPoint place, int width) const;
 
 private:
     void DrawFace(CDC& dc, const Gauge& gauge);
@@ -34,12 +37,11 @@ private:
 
     const DialGeometry m_geometry;
     DialTextPlaces m_textPlaces;
+    int m_ascent = 0;  // pixels of the font above the baseline, and below it
+    int m_descent = 0;
     CRgn m_faceRegion;
     CFont m_font;
-    // In this order, so that the bitmap is out of the device context before either is freed.
-    MemoryDc m_dc;
-    CBitmap m_bitmap;
-    Selected m_bitmapInDc;
+    const Picture m_picture;
 };
 
 }  // namespace plotvane

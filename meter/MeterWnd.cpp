@@ -32,6 +32,8 @@ BEGIN_MESSAGE_MAP(CMeterWnd, CWnd)
     // The window itself.
     ON_WM_CONTEXTMENU()
     ON_WM_DESTROY()
+    ON_MESSAGE(WM_DISPLAYCHANGE, OnDisplayChange)
+    ON_MESSAGE(WM_MOVE, OnMove)
     ON_WM_PAINT()
     ON_WM_SIZE()
     // Context menu, in its order.
@@ -127,6 +129,16 @@ void CMeterWnd::OnDestroy() {
     delete this;  // which takes the window from this object, so that its last message finds nobody
 }
 
+LRESULT CMeterWnd::OnDisplayChange(WPARAM, LPARAM) {
+    m_windowDc.reset();
+    return Default();
+}
+
+LRESULT CMeterWnd::OnMove(WPARAM, LPARAM) {
+    m_windowDc.reset();
+    return Default();
+}
+
 void CMeterWnd::OnPaint() {
     m_isPaintDue = false;
     CPaintDC paint{m_hWnd};
@@ -135,6 +147,7 @@ void CMeterWnd::OnPaint() {
 
 void CMeterWnd::OnSize(UINT type, int width, int height) {
     CWnd::OnSize(type, width, height);
+    m_windowDc.reset();
     InvalidateBackground();
 }
 
@@ -195,8 +208,10 @@ void CMeterWnd::InvalidateBackground() {
 // anyway, the value is seen then.
 void CMeterWnd::ShowValue() {
     if (!m_hWnd || m_isPaintDue) return;
+    if (!m_painter.HasDial()) return InvalidateBackground();  // there was no memory for it; try again
+    if (!m_painter.LooksDifferent(m_gauge)) return;
     if (!m_windowDc) m_windowDc.emplace(m_hWnd);
-    m_painter.Paint(*m_windowDc, GetClientRect(), m_gauge);
+    m_painter.PaintDifference(*m_windowDc);
 }
 
 // A chooser for each of the colours, however often one is asked for.

@@ -44,6 +44,8 @@ public:
 private:
     void OnContextMenu(HWND window, POINT place);
     void OnDestroy();
+    LRESULT OnDisplayChange(WPARAM, LPARAM);
+    LRESULT OnMove(WPARAM, LPARAM);
     void OnPaint();
     void OnSize(UINT type, int width, int height);
 
@@ -67,10 +69,12 @@ private:
     void ShowValue();
     void LetUserChoose(void (CMeterWnd::*set)(COLORREF));
 
-    Gauge m_gauge;                        // what is shown
-    GaugePainter m_painter;               // how
-    std::optional<CClientDC> m_windowDc;  // kept while there is a window: to get one takes long
-    bool m_isPaintDue = false;            // the window is invalid
+    Gauge m_gauge;           // what is shown
+    GaugePainter m_painter;  // how
+    // Kept from value to value, because to get one takes long, but only while the window stays where it is:
+    // elsewhere the screen may have another density.
+    std::optional<CClientDC> m_windowDc;
+    bool m_isPaintDue = false;  // the window is invalid
     CMeterWnd** const m_ownerSlot;
     std::vector<OpenChooser> m_choosers;  // the innermost last; on the stack of LetUserChoose
     DECLARE_MESSAGE_MAP()

@@ -4,12 +4,8 @@
 
 #include <algorithm>
 
-#include "tests/support/Canvas.h"
-
 namespace plotvane {
 namespace {
-
-using test::Canvas;
 
 constexpr COLORREF kBlackPen = RGB(0, 0, 0);
 constexpr COLORREF kBack = RGB(0, 0, 90);
@@ -33,8 +29,7 @@ protected:
         return ::GetPixel(dial.Dc(), point.x, point.y);
     }
 
-    Canvas m_screen{1, 1};
-    DialPicture m_dial{m_screen.Dc(), CRect{0, 0, 184, 161}, ColouredGauge()};
+    DialPicture m_dial{CRect{0, 0, 184, 161}, ColouredGauge()};
 };
 
 TEST_F(DialPictureTest, FillsTheWindowInsideABlackFrame) {
@@ -110,7 +105,7 @@ TEST_F(DialPictureTest, DrawsAllTicksFromTheRimAndLeavesOutTheirLastPixel) {
 
 TEST_F(DialPictureTest, DrawsEveryTickBetweenItsEnds) {
     // On a dial of this size a tick has 27 pixels; its middle may be rounded to either side.
-    const DialPicture large{m_screen.Dc(), CRect{0, 0, 900, 900}, ColouredGauge()};
+    const DialPicture large{CRect{0, 0, 900, 900}, ColouredGauge()};
     ASSERT_EQ(large.Geometry().Radius(), 300);
     int ticks = 0;
     for (const auto& [from, to] : large.Geometry().Ticks()) {
@@ -166,7 +161,7 @@ TEST_F(DialPictureTest, WritesTheEndsOfTheScaleBelowThem) {
     Gauge gauge = ColouredGauge();
     gauge.SetRange(0, 8);
     gauge.SetRangeDecimalsZero();
-    const DialPicture dial{m_screen.Dc(), CRect{0, 0, 600, 480}, gauge};
+    const DialPicture dial{CRect{0, 0, 600, 480}, gauge};
     const DialTextPlaces& places = dial.TextPlaces();
     ASSERT_EQ(places.minLabel.x, 259);
     ASSERT_EQ(places.maxLabel.x, 341);
@@ -181,8 +176,38 @@ TEST_F(DialPictureTest, WritesTheEndsOfTheScaleBelowThem) {
     }
 }
 
+// Letters may reach beyond their cells, but not beyond these bounds.
+TEST_F(DialPictureTest, HoldsAnyTextInItsBounds) {
+    for (const int height : {161, 480}) {
+        const CRect client{0, 0, 600, height};
+        const DialPicture dial{client, ColouredGauge()};
+        const Picture picture{client.Width(), client.Height()};
+        CDC dc{picture.Dc()};
+        const Selected font{dc, dial.Font()};
+        dc.SetTextAlign(TA_CENTER | TA_BASELINE);
+        dc.SetTextColor(RGB(255, 255, 255));
+        dc.SetBkColor(RGB(0, 0, 255));
+        for (const char* text : {"jjj", "fff", "\x83\x83", "\xC5g\xC7",
+                                 "12.5 \xB0"
+                                 "C",
+                                 "WWW", "Qyp|"}) {
+            const int width = dc.GetTextExtent(text).cx;
+            const DialRect bounds = dial.TextBounds({300, 60}, width);
+            EXPECT_LE(bounds.right - bounds.left, width + client.Height() / 20 + 6);
+            dc.FillSolidRect(client, 0);
+            dc.SetBkColor(RGB(0, 0, 255));
+            dc.TextOut(300, 60, text);
+            dc.FillSolidRect(CRect{bounds.left, bounds.top, bounds.right, bounds.bottom}, 0);
+            dc.SetBkColor(RGB(0, 0, 255));
+            EXPECT_TRUE(
+                std::ranges::all_of(picture.Pixels(), [](auto pixel) { return (pixel & 0xFFFFFF) == 0; }))
+                << text << ", " << height;
+        }
+    }
+}
+
 TEST_F(DialPictureTest, WritesInTheTextColour) {
-    const DialPicture dial{m_screen.Dc(), CRect{0, 0, 600, 480}, ColouredGauge()};
+    const DialPicture dial{CRect{0, 0, 600, 480}, ColouredGauge()};
     const DialPoint place = dial.TextPlaces().minLabel;
     int inTextColour = 0;
     for (int y = place.y - 30; y <= place.y; ++y)
@@ -192,7 +217,7 @@ TEST_F(DialPictureTest, WritesInTheTextColour) {
 }
 
 TEST_F(DialPictureTest, KeepsTheDialInTheMiddleOfAWideWindow) {
-    const DialPicture wide{m_screen.Dc(), CRect{0, 0, 600, 161}, ColouredGauge()};
+    const DialPicture wide{CRect{0, 0, 600, 161}, ColouredGauge()};
     EXPECT_EQ(At(wide, {300, 27}), kTicks);
     EXPECT_EQ(At(wide, {247, 80}), kTicks);
     EXPECT_EQ(At(wide, {353, 80}), kTicks);
@@ -203,7 +228,7 @@ TEST_F(DialPictureTest, KeepsTheDialInTheMiddleOfAWideWindow) {
 }
 
 TEST_F(DialPictureTest, IsOnlyBackgroundInAWindowOfAFewPixels) {
-    const DialPicture tiny{m_screen.Dc(), CRect{0, 0, 40, 5}, ColouredGauge()};
+    const DialPicture tiny{CRect{0, 0, 40, 5}, ColouredGauge()};
     ASSERT_TRUE(tiny);
     EXPECT_EQ(tiny.FaceRegion(), nullptr);
     for (int x = 1; x < 39; ++x)
@@ -212,13 +237,13 @@ TEST_F(DialPictureTest, IsOnlyBackgroundInAWindowOfAFewPixels) {
 }
 
 TEST_F(DialPictureTest, ReportsThatWindowsHasNoMemoryForIt) {
-    const DialPicture impossible{nullptr, CRect{0, 0, 184, 161}, ColouredGauge()};
+    const DialPicture impossible{CRect{0, 0, 0x7FFFFFFF, 0x7FFFFFFF}, ColouredGauge()};
     EXPECT_FALSE(impossible);
 }
 
 TEST_F(DialPictureTest, ReleasesAllItsObjects) {
     const int objects = LivingGdiObjects();
-    for (int i = 0; i < 1000; ++i) const DialPicture dial{m_screen.Dc(), CRect{0, 0, 60, 50}, Gauge{}};
+    for (int i = 0; i < 1000; ++i) const DialPicture dial{CRect{0, 0, 60, 50}, Gauge{}};
     EXPECT_EQ(LivingGdiObjects(), objects);
 }
 

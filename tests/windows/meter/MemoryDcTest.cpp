@@ -49,99 +49,47 @@ TEST(MemoryDc, DrawsAtTheTargetsCoordinatesAndNowhereElse) {
     EXPECT_EQ(canvas.At(5, 12), kUntouched);
 }
 
-TEST(MemoryDc, DrawsTheSameOnAKeptSurface) {
-    MemorySurface surface;
+TEST(MemoryDc, DrawsOnAKeptPictureAndCopiesOnlyTheRectangles) {
+    const Picture kept{20, 20};
     Canvas canvas{20, 20};
-    for (const CRect& rect :
-         {CRect{5, 6, 15, 12}, CRect{6, 7, 16, 13}, CRect{0, 0, 20, 20}, CRect{2, 2, 4, 4}}) {
-        canvas.Dc().FillSolidRect(CRect{0, 0, 20, 20}, kInk);
-        {
-            CMemoryDC memory{canvas.Dc(), rect, surface};
-            memory.FillSolidRect(rect, kGround);
-            ::SetPixelV(memory, rect.left, rect.top, RGB(1, 2, 3));
-            EXPECT_EQ(canvas.At(rect.left, rect.top), kInk);
-        }
-        EXPECT_EQ(canvas.At(rect.left, rect.top), RGB(1, 2, 3));
-        EXPECT_EQ(canvas.At(rect.left + 1, rect.top), kGround);
-        EXPECT_EQ(canvas.At(rect.right - 1, rect.bottom - 1), kGround);
-        if (rect.left > 0) {
-            EXPECT_EQ(canvas.At(rect.left - 1, rect.top), kInk);
-            EXPECT_EQ(canvas.At(rect.right, rect.bottom), kInk);
+    const CRect shown[] = {{5, 6, 15, 12}, {2, 15, 4, 17}};
+    {
+        CMemoryDC memory{canvas.Dc(), kept, shown};
+        EXPECT_TRUE(memory.IsOffScreen());
+        EXPECT_EQ(memory.GetSafeHdc(), kept.Dc());
+        memory.FillSolidRect(CRect{0, 0, 20, 20}, kGround);
+        ::SetPixelV(memory, 5, 6, kInk);
+        EXPECT_EQ(canvas.At(5, 6), kUntouched);
+    }
+    EXPECT_EQ(canvas.At(5, 6), kInk);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 20; ++x) {
+            if (x == 5 && y == 6) continue;
+            const bool isShown = shown[0].Contains({x, y}) || shown[1].Contains({x, y});
+            EXPECT_EQ(canvas.At(x, y), isShown ? kGround : kUntouched) << x << ", " << y;
         }
     }
 }
 
-TEST(MemoryDc, AKeptSurfaceHoldsTheLastDrawing) {
-    MemorySurface surface;
+TEST(MemoryDc, AKeptPictureHoldsTheLastDrawing) {
+    const Picture kept{20, 20};
     Canvas canvas{20, 20};
     const CRect rect{0, 0, 20, 20};
-    {
-        CMemoryDC memory{canvas.Dc(), rect, surface};
-        memory.FillSolidRect(rect, kGround);
-    }
+    const auto memory = [&] { return CMemoryDC{canvas.Dc(), kept, {&rect, 1}}; };
+    memory().FillSolidRect(rect, kGround);
     canvas.Dc().FillSolidRect(rect, kInk);
-    {
-        CMemoryDC memory{canvas.Dc(), rect, surface};
-        ::SetPixelV(memory, 3, 4, kInk);
-    }
+    ::SetPixelV(memory(), 3, 4, kInk);
     EXPECT_EQ(canvas.At(0, 0), kGround);
     EXPECT_EQ(canvas.At(3, 4), kInk);
 }
 
-TEST(MemoryDc, AKeptSurfaceIsCreatedOnce) {
-    const int before = LivingGdiObjects();
-    {
-        MemorySurface surface;
-        Canvas canvas{20, 20};
-        const CRect rect{0, 0, 20, 20};
-        const int withCanvas = LivingGdiObjects();
-        HDC dc = nullptr;
-        for (int round = 0; round < 3; ++round) {
-            const CMemoryDC memory{canvas.Dc(), rect, surface};
-            if (round == 0) dc = memory.GetSafeHdc();
-            EXPECT_EQ(memory.GetSafeHdc(), dc);
-            EXPECT_EQ(LivingGdiObjects(), withCanvas + 2);
-        }
-        EXPECT_EQ(LivingGdiObjects(), withCanvas + 2);
-    }
-    EXPECT_EQ(LivingGdiObjects(), before);
-}
-
-TEST(MemoryDc, ASurfaceKeepsItsFirstFontUntilItIsCreatedAgain) {
-    const CFont font{
-        ::CreateFontW(20, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET, 0, 0, 0, 0, L"Arial")};
-    MemorySurface surface;
+TEST(MemoryDc, MakesNothingForAKeptPicture) {
+    const Picture kept{20, 20};
     Canvas canvas{20, 20};
-    const auto fontOn = [&](const CRect& rect) {
-        const CMemoryDC memory{canvas.Dc(), rect, surface};
-        return ::GetCurrentObject(memory, OBJ_FONT);
-    };
-    surface.KeepFont(font);  // no effect: there is no device context yet
-    const HGDIOBJ first = fontOn({0, 0, 20, 20});
-    EXPECT_NE(first, font.Get());
-    surface.KeepFont(font);
-    surface.KeepFont(font);
-    EXPECT_EQ(fontOn({0, 0, 20, 20}), font.Get());
-    EXPECT_EQ(fontOn({0, 0, 10, 20}), first);
-}
-
-TEST(MemoryDc, AReleasedSurfaceHoldsNothingAndCanBeUsedAgain) {
-    MemorySurface surface;
-    Canvas canvas{20, 20};
-    const int before = LivingGdiObjects();
-    const CFont font{
-        ::CreateFontW(20, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, ANSI_CHARSET, 0, 0, 0, 0, L"Arial")};
-    for (int round = 0; round < 2; ++round) {
-        {
-            CMemoryDC memory{canvas.Dc(), CRect{0, 0, 20, 20}, surface};
-            surface.KeepFont(font);
-            memory.FillSolidRect(CRect{0, 0, 20, 20}, kGround + static_cast<COLORREF>(round));
-        }
-        EXPECT_EQ(canvas.At(3, 3), kGround + static_cast<COLORREF>(round));
-        EXPECT_EQ(LivingGdiObjects(), before + 3);
-        surface.Release();
-        EXPECT_EQ(LivingGdiObjects(), before + 1);
-    }
+    const CRect rect{0, 0, 20, 20};
+    const int objects = LivingGdiObjects();
+    const CMemoryDC memory{canvas.Dc(), kept, {&rect, 1}};
+    EXPECT_EQ(LivingGdiObjects(), objects);
 }
 
 TEST(MemoryDc, CoversTheClipBoxWithoutARectangle) {

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <limits>
 #include <ostream>
-#include <vector>
 
 #include "framework/Gdi.h"
 #include "meter/MeterWnd.h"
@@ -18,19 +16,10 @@ using test::HasSomethingToPaint;
 using test::kMeterRect;
 using test::kObjectsOfAMeter;
 using test::MeterSlot;
+using test::PixelsOf;
+using test::Scribble;
 using test::Settle;
 using test::Stage;
-
-// The client area as it is on the screen.
-std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter) {
-    const CRect client = meter.GetClientRect();
-    const Picture picture(client.Width(), client.Height());
-    const CClientDC window{meter.m_hWnd};
-    CDC(picture.Dc()).BitBlt(0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
-    std::vector<std::uint32_t> pixels(picture.Pixels().begin(), picture.Pixels().end());
-    for (std::uint32_t& pixel : pixels) pixel &= 0xFFFFFF;
-    return pixels;
-}
 
 // The repaint that a setter requests. Discarding the dial releases its objects at once, so the object count
 // shows it.
@@ -45,30 +34,34 @@ template <typename Action>
 Repaint RepaintAfter(CMeterWnd& meter, Action action) {
     Settle(meter);
     const int objects = LivingGdiObjects();
-    CClientDC window{meter.m_hWnd};
-    constexpr COLORREF kScribble = RGB(255, 0, 255);
-    ::SetPixelV(window, 0, 0, kScribble);
+    const auto scribbled = Scribble(meter);
     action();
     const bool dialIsKept = LivingGdiObjects() == objects;
-    if (!HasSomethingToPaint(meter)) {
-        EXPECT_TRUE(dialIsKept) << "the dial was discarded without a request to repaint";
-        return ::GetPixel(window, 0, 0) == kScribble ? Repaint::Nothing : Repaint::WithTheDialKept;
+    const auto pixels = PixelsOf(meter);
+    const bool isPainted = pixels != scribbled;
+    const bool isPaintDue = HasSomethingToPaint(meter);
+    if (isPaintDue) {
+        const bool hasItsSize = pixels.size() == scribbled.size();
+        EXPECT_FALSE(isPainted && hasItsSize) << "painted although a repaint is due";
+        CRect update;
+        ::GetUpdateRect(meter.m_hWnd, &update, FALSE);
+        EXPECT_EQ(update.Width(), meter.GetClientRect().Width());
+        EXPECT_EQ(update.Height(), meter.GetClientRect().Height());
     }
     EXPECT_TRUE(dialIsKept || LivingGdiObjects() == objects - kObjectsOfAMeter);
-    CRect update;
-    ::GetUpdateRect(meter.m_hWnd, &update, FALSE);
-    EXPECT_EQ(update.Width(), meter.GetClientRect().Width());
-    EXPECT_EQ(update.Height(), meter.GetClientRect().Height());
+    EXPECT_TRUE(dialIsKept || isPaintDue) << "the dial was discarded without a request to repaint";
+    meter.Invalidate();
     Settle(meter);
     EXPECT_EQ(LivingGdiObjects(), objects);
-    return dialIsKept ? Repaint::WithTheDialKept : Repaint::WithANewDial;
+    if (!dialIsKept) return Repaint::WithANewDial;
+    return isPainted || isPaintDue ? Repaint::WithTheDialKept : Repaint::Nothing;
 }
 
 TEST(MeterRepaint, RepaintsAValueOnTheKeptDial) {
     MeterSlot slot;
     CMeterWnd& meter = slot.Open();
     EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetValue(50); }), Repaint::WithTheDialKept);
-    EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetValue(50); }), Repaint::WithTheDialKept);
+    EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetValue(50); }), Repaint::Nothing);
     EXPECT_EQ(meter.Shown().Value(), 50);
     EXPECT_EQ(RepaintAfter(meter, [&] { meter.SetValue(std::numeric_limits<double>::quiet_NaN()); }),
               Repaint::Nothing);

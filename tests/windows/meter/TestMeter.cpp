@@ -6,6 +6,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "framework/Dc.h"
+#include "framework/Gdi.h"
+
 namespace plotvane::test {
 namespace {
 
@@ -66,6 +69,21 @@ void Settle(CMeterWnd& meter) {
 
 bool HasSomethingToPaint(const CMeterWnd& meter) {
     return ::GetUpdateRect(meter.m_hWnd, nullptr, FALSE) != 0;
+}
+
+std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter) {
+    const CRect client = meter.GetClientRect();
+    const Picture picture(client.Width(), client.Height());
+    const CClientDC window{meter.m_hWnd};
+    CDC(picture.Dc()).BitBlt(0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
+    std::vector<std::uint32_t> pixels(picture.Pixels().begin(), picture.Pixels().end());
+    for (std::uint32_t& pixel : pixels) pixel &= 0xFFFFFF;
+    return pixels;
+}
+
+std::vector<std::uint32_t> Scribble(CMeterWnd& meter) {
+    CClientDC(meter.m_hWnd).FillSolidRect(meter.GetClientRect(), RGB(255, 0, 255));
+    return PixelsOf(meter);
 }
 
 COLORREF ColourShown(const CMeterWnd& meter, int x, int y) {

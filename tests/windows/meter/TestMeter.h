@@ -5,7 +5,9 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "meter/MeterWnd.h"
 
@@ -93,6 +95,12 @@ bool DispatchUntil(const std::function<bool()>& holds);
 void Settle(CMeterWnd& meter);
 
 bool HasSomethingToPaint(const CMeterWnd& meter);
+
+// The client area as it is on the screen: row by row from the top, each pixel 0x00RRGGBB.
+std::vector<std::uint32_t> PixelsOf(const CMeterWnd& meter);
+
+// Covers the client area with a colour that no meter has, and returns its pixels.
+std::vector<std::uint32_t> Scribble(CMeterWnd& meter);
 
 // The colour on the screen at a place of the client area.
 COLORREF ColourShown(const CMeterWnd& meter, int x, int y);
