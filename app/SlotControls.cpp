@@ -1,5 +1,8 @@
 #include "app/SlotControls.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "app/DialogLayout.h"
 #include "base/Numbers.h"
 #include "plot/binding/AirFuelRule.h"
@@ -130,7 +133,18 @@ int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const 
 }
 
 void SlotControls::ShowValue(int slot, std::string_view text) {
-    m_values[slot].Show(text);
+    m_values[slot].Take(text);
+}
+
+void SlotControls::DrawValues() {
+    std::optional<CDialogDC> dialog;
+    const auto draw = [&](CValueBox& box) {
+        if (!box.HasToDraw()) return;
+        if (!dialog) dialog.emplace(m_dialog.m_hWnd);
+        box.DrawOnParent(*dialog);
+    };
+    std::ranges::for_each(m_values, draw);
+    std::ranges::for_each(m_channelValues, draw);
 }
 
 bool SlotControls::IsTraceShown(int slot) const {
@@ -238,7 +252,7 @@ void SlotControls::MakeRoomForChannelRow(bool made) {
 }
 
 void SlotControls::ShowChannelValue(int channel, std::string_view text) {
-    m_channelValues[channel].Show(text);
+    m_channelValues[channel].Take(text);
 }
 
 bool SlotControls::IsChannelShown(int channel) const {

@@ -32,6 +32,7 @@ public:
 
     // SlotPanel.
     void ShowValue(int slot, std::string_view text) override;
+    void DrawValues() override;
     bool IsTraceShown(int slot) const override;
     void SetTraceShown(int slot, bool shown) override;
     void SetSwatch(int slot, Colour colour) override;

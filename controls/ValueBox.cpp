@@ -27,12 +27,14 @@ BEGIN_MESSAGE_MAP(CValueBox, CWnd)
     ON_MESSAGE(WM_KILLFOCUS, OnFocusLost)
     ON_MESSAGE(WM_SETFONT, OnLookChanged)
     ON_MESSAGE(WM_SIZE, OnLookChanged)
+    ON_MESSAGE(WM_MOVE, OnLookChanged)
 END_MESSAGE_MAP()
 
 CValueBox::Look::Look(HWND edit)
     : font(reinterpret_cast<HFONT>(::SendMessageW(edit, WM_GETFONT, 0, 0))),
       isCentred((::GetWindowLongPtrW(edit, GWL_STYLE) & ES_CENTER) != 0) {
     ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(static_cast<RECT*>(&textPlace)));
+    ::MapWindowPoints(edit, ::GetParent(edit), &originOnParent, 1);
 }
 
 void CValueBox::TakeOver(HWND edit) {
@@ -40,13 +42,24 @@ void CValueBox::TakeOver(HWND edit) {
 }
 
 void CValueBox::Show(std::string_view text) {
+    Take(text);
+    if (!HasToDraw()) return;
+    CDialogDC parent(::GetParent(m_hWnd));
+    DrawOnParent(parent);
+}
+
+void CValueBox::Take(std::string_view text) {
     if (text == m_text) return;
     m_text = text;
     m_isEditBehind = true;
-    if (!m_hWnd) return;
-    if (!DrawsItself()) return UpdateEdit();
-    CClientDC dc(m_hWnd);
-    DrawText(dc);
+    m_isDrawingDue = m_hWnd && DrawsItself();
+    if (m_hWnd && !m_isDrawingDue) UpdateEdit();
+}
+
+void CValueBox::DrawOnParent(CDC& parent) {
+    m_isDrawingDue = false;
+    if (!m_hWnd || !DrawsItself()) return;
+    if (::IsWindowVisible(m_hWnd)) DrawText(parent, ItsLook().originOnParent);
     TellScreenReaders();
 }
 
@@ -63,6 +76,7 @@ LRESULT CValueBox::OnTextWanted(WPARAM, LPARAM) {
 
 LRESULT CValueBox::OnTextSet(WPARAM, LPARAM) {
     m_isEditBehind = false;
+    m_isDrawingDue = false;
     const LRESULT result = Default();
     m_text = GetWindowText();
     return result;
@@ -98,7 +112,7 @@ void CValueBox::OnPaint() {
     }
     CPaintDC dc(m_hWnd);
     dc.FillSolidRect(GetClientRect(), ::GetSysColor(COLOR_3DFACE));
-    DrawText(dc);
+    DrawText(dc, {0, 0});
 }
 
 // The edit itself draws what it looks like while it is disabled or has selected text.
@@ -106,15 +120,23 @@ bool CValueBox::DrawsItself() const {
     return !m_hasFocus && ::IsWindowEnabled(m_hWnd);
 }
 
+const CValueBox::Look& CValueBox::ItsLook() {
+    if (!m_look) m_look.emplace(m_hWnd);
+    return *m_look;
+}
+
 // In the colours of a read-only edit in a dialog. The text and its background are one call, which cannot
 // flicker.
-void CValueBox::DrawText(CDC& dc) {
-    if (!m_look) m_look.emplace(m_hWnd);
-    const Selected fontInDc(dc, m_look->font);
+void CValueBox::DrawText(CDC& dc, POINT origin) {
+    const Look& look = ItsLook();
+    // Boxes on one device context share the font, and choosing it takes longer than drawing a text. Windows
+    // puts the former one back when it gets the device context back.
+    if (::GetCurrentObject(dc, OBJ_FONT) != look.font) ::SelectObject(dc, look.font);
     dc.SetTextColor(::GetSysColor(COLOR_WINDOWTEXT));
     dc.SetBkColor(::GetSysColor(COLOR_3DFACE));
-    const CRect& place = m_look->textPlace;
-    const int room = m_look->isCentred ? place.Width() - dc.GetTextExtent(m_text).cx : 0;
+    CRect place = look.textPlace;
+    ::OffsetRect(&place, origin.x, origin.y);
+    const int room = look.isCentred ? place.Width() - dc.GetTextExtent(m_text).cx : 0;
     dc.TextOutOpaque(place.left + std::max(room, 0) / 2, place.top, place, m_text);
 }
 

@@ -24,6 +24,13 @@ public:
     // loses its end.
     void Show(std::string_view text);
 
+    // The same in two steps, for several boxes at once: each takes its text, and those that then have
+    // something to draw do it on one device context, which is all but the cheapest part. It is one of the
+    // parent's client area with the child windows in it.
+    void Take(std::string_view text);
+    bool HasToDraw() const { return m_isDrawingDue; }
+    void DrawOnParent(CDC& parent);
+
 private:
     // What the edit knows of its looks; asked once, because each answer costs as much as drawing the text.
     struct Look {
@@ -31,6 +38,7 @@ private:
 
         HFONT font;  // not owned
         CRect textPlace;
+        POINT originOnParent{0, 0};
         bool isCentred;
     };
 
@@ -42,13 +50,15 @@ private:
     void OnPaint();
 
     bool DrawsItself() const;
-    void DrawText(CDC& dc);
+    const Look& ItsLook();
+    void DrawText(CDC& dc, POINT origin);
     void UpdateEdit();
     void TellScreenReaders() const;
     DECLARE_MESSAGE_MAP()
 
     std::string m_text;
     bool m_isEditBehind = false;  // the edit still has an earlier text than the one on the screen
+    bool m_isDrawingDue = false;  // the screen still has an earlier text
     bool m_hasFocus = false;
     std::optional<Look> m_look;
 };

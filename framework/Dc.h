@@ -103,6 +103,16 @@ private:
     PAINTSTRUCT m_ps{};
 };
 
+// The client area of a window with its child windows, which drawing covers.
+class CDialogDC : public CDC {
+public:
+    explicit CDialogDC(HWND window) : CDC(::GetDCEx(window, nullptr, DCX_CACHE)), m_window(window) {}
+    ~CDialogDC() { ::ReleaseDC(m_window, m_hDC); }
+
+private:
+    HWND m_window;
+};
+
 // The client area, outside WM_PAINT. A null window means the whole screen.
 class CClientDC : public CDC {
 public:

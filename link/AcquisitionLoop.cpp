@@ -47,6 +47,7 @@ void AcquisitionLoop::BindSlots() {
     } else {
         m_scaling.UpdateSlots();
     }
+    m_views.panel.DrawValues();
 }
 
 void AcquisitionLoop::LoadRanges() {

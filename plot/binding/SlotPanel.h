@@ -12,6 +12,9 @@ namespace plotvane {
 struct SlotPanel {
     virtual ~SlotPanel() = default;
 
+    // The values that slots and channels were given may be drawn here, all at once, instead of one by one.
+    virtual void DrawValues() = 0;
+
     // The twelve slots.
     virtual void ShowValue(int slot, std::string_view text) = 0;
     virtual bool IsTraceShown(int slot) const = 0;  // the slot's check box

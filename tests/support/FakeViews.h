@@ -46,6 +46,7 @@ struct FakeChart : TraceChart {
 struct FakePanel : SlotPanel {
     static constexpr Colour kInactive = 0xF0F0F0;
 
+    void DrawValues() override { ++valuesDrawn; }
     void ShowValue(int slot, std::string_view text) override { values[slot] = text; }
     bool IsTraceShown(int slot) const override { return shown[slot]; }
     void SetTraceShown(int slot, bool on) override { shown[slot] = on; }
@@ -92,6 +93,7 @@ struct FakePanel : SlotPanel {
     bool fuelButtons = false;
     int pixelShift = 0;
     std::string elapsed;
+    int valuesDrawn = 0;  // times
 };
 
 struct FakeMeters : MeterBoard {

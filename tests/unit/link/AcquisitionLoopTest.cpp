@@ -52,6 +52,7 @@ TEST_F(LiveLoopTest, ARecordGoesFromThePipeOntoTheChart) {
     EXPECT_EQ(panel.values[1],
               "90 \xB0"
               "C");
+    EXPECT_EQ(panel.valuesDrawn, 1);
     EXPECT_EQ(panel.selected, 0);
     EXPECT_EQ(panel.limits, std::make_pair(0, 6000));
     EXPECT_EQ(meters.slots[2].value, 50.0);

@@ -6,6 +6,7 @@
 #include "app/DialogLayout.h"
 #include "plot/binding/AirFuelRule.h"
 #include "tests/windows/app/SlotControlsFixture.h"
+#include "tests/windows/framework/TestWnd.h"
 
 namespace plotvane::test {
 namespace {
@@ -207,6 +208,26 @@ TEST_F(SlotControlsTest, ValuesStandInTheirBoxes) {
                                                           "C");
     panel.ShowValue(4, "");
     EXPECT_EQ(dialog.GetDlgItemText(1035), "");
+}
+
+TEST_F(SlotControlsTest, ValuesAreDrawnTogether) {
+    dialog.ShowWindow(SW_SHOWNA);
+    DispatchAll();
+    const HWND box = dialog.GetDlgItem(1031 + 5);
+    const auto inked = [&] {
+        const CClientDC dc(box);
+        CRect client;
+        ::GetClientRect(box, &client);
+        int pixels = 0;
+        for (int y = 0; y < client.Height(); ++y)
+            for (int x = 0; x < client.Width(); ++x) pixels += ::GetPixel(dc, x, y) != ::GetPixel(dc, 0, 0);
+        return pixels;
+    };
+    EXPECT_EQ(inked(), 0);
+    for (int slot = 0; slot < kSlotCount; ++slot) panel.ShowValue(slot, "780 l/h");
+    EXPECT_EQ(inked(), 0);
+    panel.DrawValues();
+    EXPECT_GT(inked(), 30);
 }
 
 TEST_F(SlotControlsTest, ObdValuesStandInTheirBoxes) {

@@ -341,6 +341,31 @@ TEST_F(ValueBoxTest, WhileHiddenItDrawsNothingAndLaterWhatItWasGiven) {
     ExpectTheSamePixels("shown again");
 }
 
+TEST_F(ValueBoxTest, DrawnOnTheDialogItLooksAsAPlainEditDoes) {
+    CDialogDC dc(dialog.m_hWnd);
+    for (const char* text : {"780 l/h", "12.5 V", "12345.6789 revolutions in all of it"}) {
+        const auto before = Pixels(edit);
+        box.Take(text);
+        EXPECT_TRUE(box.HasToDraw());
+        EXPECT_EQ(Pixels(edit), before) << text;
+        dialog.SetDlgItemText(kPlain, text);
+        box.DrawOnParent(dc);
+        EXPECT_FALSE(box.HasToDraw());
+        ExpectTheSamePixels(text);
+    }
+    box.Take("12345.6789 revolutions in all of it");
+    EXPECT_FALSE(box.HasToDraw());
+}
+
+// The dialog is drawn on beneath it.
+TEST_F(ValueBoxTest, HiddenItLeavesTheDialogAlone) {
+    ::ShowWindow(edit, SW_HIDE);
+    Settle();
+    const auto before = Pixels(dialog.m_hWnd);
+    box.Show("790 l/h");
+    EXPECT_EQ(Pixels(dialog.m_hWnd), before);
+}
+
 TEST_F(ValueBoxTest, StaysWithinItsWindowWhereverThatMoves) {
     ShowBoth("780 l/h");
     const CRect place = PlaceOf(IDC_VALUE_FIRST);
