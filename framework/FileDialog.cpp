@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "framework/CommonDialogs.h"
 #include "framework/Text.h"
 
 namespace {
@@ -28,8 +29,10 @@ std::filesystem::path StartFolder(std::filesystem::path folder) {
     return folder;
 }
 
-std::optional<std::filesystem::path> Ask(HWND owner, const FileQuestion& question, Dialog* dialog,
+std::optional<std::filesystem::path> Ask(HWND owner, const FileQuestion& question, const char* function,
                                          DWORD flags) {
+    auto* const dialog = CommonDialogs().Function<Dialog>(function);
+    if (!dialog) return std::nullopt;
     const std::filesystem::path current = CurrentFolder();
     const std::wstring filter = FilterFor(question.types);
     const std::wstring folder = StartFolder(question.folder).wstring();
@@ -65,9 +68,9 @@ std::filesystem::path CurrentFolder() {
 }
 
 std::optional<std::filesystem::path> AskWhichFile(HWND owner, const FileQuestion& question) {
-    return Ask(owner, question, &::GetOpenFileNameW, OFN_FILEMUSTEXIST);
+    return Ask(owner, question, "GetOpenFileNameW", OFN_FILEMUSTEXIST);
 }
 
 std::optional<std::filesystem::path> AskWhereToSave(HWND owner, const FileQuestion& question) {
-    return Ask(owner, question, &::GetSaveFileNameW, OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST);
+    return Ask(owner, question, "GetSaveFileNameW", OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST);
 }

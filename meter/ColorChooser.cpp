@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "framework/CommonDialogs.h"
+
 namespace plotvane {
 
 std::optional<Colour> ColorChooser::Run() {
@@ -13,7 +15,8 @@ std::optional<Colour> ColorChooser::Run() {
     options.Flags = CC_ANYCOLOR | CC_ENABLEHOOK | CC_PREVENTFULLOPEN;
     options.lCustData = reinterpret_cast<LPARAM>(this);
     options.lpfnHook = &Hook;
-    const bool chosen = ::ChooseColorW(&options) != 0;
+    auto* const choose = CommonDialogs().Function<BOOL WINAPI(CHOOSECOLORW*)>("ChooseColorW");
+    const bool chosen = choose && choose(&options) != 0;
     m_dialog = nullptr;
     return chosen ? std::optional<Colour>{options.rgbResult} : std::nullopt;
 }
