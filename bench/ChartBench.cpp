@@ -1,6 +1,8 @@
 // Measures what one sample costs on the chart: AppendPoints for twelve traces, then dispatching the paint
 // message. Compares it with the same drawing in bare calls, in the same process and on the same window
 // system. Prints microseconds and ratios; only the ratios can be compared between machines.
+//
+// chart_bench yardstick: prints only the microseconds of bare calls through WM_PAINT with a kept bitmap.
 #include <windows.h>
 
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "plot/chart/MultiPlotCtrl.h"
@@ -21,6 +24,9 @@ namespace {
 constexpr int kRounds = 15;  // the contenders take turns, so that a busy moment affects all of them
 constexpr int kSamplesPerRound = 100;
 constexpr int kShift = 3;
+constexpr int kFirstWidth = 602;  // of the chart in a new window
+constexpr int kFirstHeight = 262;
+constexpr std::size_t kYardstick = 1;  // which of the contenders it is
 
 double NowUs() {
     LARGE_INTEGER count{}, frequency{};
@@ -206,12 +212,24 @@ void Compare(int width, int height) {
     std::fflush(stdout);
 }
 
+// One number for scripts.
+void PrintYardstick() {
+    Ring ring(kFirstWidth, kFirstHeight);
+    Contender bare = ring.Contenders()[kYardstick];
+    for (std::size_t round = 0; round < kRounds; ++round) Measure(bare, round);
+    std::printf("%.1f\n", bare.MedianUs());
+}
+
 }  // namespace
 }  // namespace plotvane
 
-int main() {
+int main(int argc, char** argv) {
     if (!RegisterWindowClass(L"ChartBench", 0)) return 1;
-    plotvane::Compare(602, 262);
+    if (argc == 2 && std::string_view(argv[1]) == "yardstick") {
+        plotvane::PrintYardstick();
+        return 0;
+    }
+    plotvane::Compare(plotvane::kFirstWidth, plotvane::kFirstHeight);
     plotvane::Compare(1600, 800);
     return 0;
 }

@@ -11,6 +11,10 @@
 #   log      a log of 500 MB: when it begins to play, and its memory
 #   pace     how well a replay keeps its pace
 #
+# With the path of an older plotvane.exe in BEFORE, the part program measures it too, in turns with this tree's:
+#
+#   BEFORE=/path/to/old/plotvane.exe scripts/bench.sh program
+#
 # Figures from a busy machine mean nothing. Two runs compare only if the machine had nothing else to do.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -24,6 +28,7 @@ for part in "${parts[@]}"; do
 done
 
 watched_seconds=12  # of each run of the whole program
+program_rounds=3    # of all its loads; medians are printed
 log_rows=5700000    # some 500 MB
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" procps
@@ -88,29 +93,29 @@ write_drive() {
 
 folder=$build/bench/folder
 
-# play live|silent|replay: starts the program in a fresh folder, with its data source.
+# play PROGRAM live|silent|fast|replay: starts the program in a fresh folder, with its data source.
 play() {
+    local program=$1 options=(--csv "Z:$folder/drive.csv" --rate 20)
     rm -rf "$folder"
     mkdir -p "$folder/LOGS"
-    local options=(--csv "Z:$folder/drive.csv" --rate 20)
-    case $1 in
+    case $2 in
         silent) options+=(--fault silence@2) ;;
         fast) options[3]=200 ;;
     esac
     cd "$folder"
-    if [[ $1 == replay ]]; then
+    if [[ $2 == replay ]]; then
         # Eight times the speed asks for 200 rows a second: 10 ms from one to the next, of which the pacing takes
         # 5 ms off for the work.
         write_log 20000 0.08 >LOGS/drive.csv
-        setsid wine "$bin/plotvane.exe" </dev/null 9>&- >/dev/null 2>&1 &
+        setsid wine "$program" </dev/null 9>&- >/dev/null 2>&1 &
     else
         write_drive >drive.csv
-        setsid wine "$bin/diagnel-sim.exe" --folder "Z:$folder" "${options[@]}" </dev/null 9>&- >/dev/null 2>&1 &
+        setsid wine "$bin/diagnel-sim.exe" --folder "Z:$folder" "${options[@]}" "Z:$program" </dev/null 9>&- >/dev/null 2>&1 &
     fi
     started=$!
     groups+=("$started")
     cd "$root"
-    if [[ $1 == replay ]]; then
+    if [[ $2 == replay ]]; then
         local log=Z:$folder/LOGS/drive.csv
         remote load "${log//\//\\}"
         remote faster
@@ -126,10 +131,11 @@ shown_record() {
         END { print count + 0, now }' <<<"$texts"
 }
 
-# measure NAME live|silent|fast|replay METERS
-measure() {
-    local name=$1 source=$2 meters=$3 meter
-    play "$source"
+# cost PROGRAM SOURCE METERS: puts into $cost the milliseconds of the program and of the Wine server for a record, and
+# the records shown a second; without records, milliseconds a second and 0.
+cost() {
+    local source=$2 meters=$3 meter
+    play "$1" "$source"
     for ((meter = 0; meter < meters; ++meter)); do remote meter "$meter"; done
     sleep 3
     local process server first last before after
@@ -143,29 +149,86 @@ measure() {
     after="$EPOCHREALTIME $(cpu_ms "$process") $(cpu_ms "$server")"
     last=$(shown_record)
     remote close
-    wait "$started" || die "$name: the program ended with $?"
-    awk -v name="$name" -v source="$source" '{
-        seconds = $8 - $5; rate = ($3 - $1) / ($4 - $2)
-        program = ($9 - $6) / seconds; server = ($10 - $7) / seconds
-        if (source == "silent") {
-            printf "| %s | - | %.2f | %.2f | %.2f, no record | \n", name, program, server, program + server
-        } else {
-            printf "| %s | %.2f | %.2f | %.2f | **%.2f** |\n", name, rate, program / rate, server / rate,
-                (program + server) / rate
-        }
-    }' <<<"$first $last $before $after"
+    wait "$started" || die "$source: the program ended with $?"
+    cost=$(awk -v source="$source" '{
+        seconds = $8 - $5; rate = source == "silent" ? 0 : ($3 - $1) / ($4 - $2)
+        units = rate ? seconds * rate : seconds
+        print ($9 - $6) / units, ($10 - $7) / units, rate
+    }' <<<"$first $last $before $after")
 }
 
+# What the whole program is measured with: its source, its meters, and how much of the yardstick it may take.
+loads=(
+    "twenty records a second|live|0|1.6"
+    "the same, four meters open|live|4|2.2"
+    "the same, ten meters open|live|10|3.0"
+    "a replay at 200 a second, four meters open|replay|4|1.2"
+    "the same without meters|replay|0|"
+    "the host sends 200 a second|fast|0|"
+    "no records (ms a second)|silent|0|"
+)
+
+# Each turn takes the yardstick first: a sample of bare calls on a chart, through WM_PAINT with a kept bitmap. Costs
+# are divided by that of their own turn, because the machine has faster and slower minutes.
 program() {
-    echo "| run | records shown a second | program, ms a record | Wine server, ms a record | both |"
-    echo "|---|---|---|---|---|"
-    measure "twenty records a second" live 0
-    measure "the same, four meters open" live 4
-    measure "the same, ten meters open" live 10
-    measure "the host sends 200 a second" fast 0
-    measure "a replay at 200 a second" replay 0
-    measure "the same, four meters open" replay 4
-    measure "no records (ms a second)" silent 0
+    local programs=("$bin/plotvane.exe") figures=$scratch/figures
+    local round load name source meters goal number yardstick cost
+    if [[ -n ${BEFORE:-} ]]; then
+        # Under the same name, by which its process is found.
+        mkdir -p "$build/bench/before"
+        cp "$BEFORE" "$build/bench/before/plotvane.exe"
+        programs+=("$build/bench/before/plotvane.exe")
+    fi
+    : >"$figures"
+    for ((round = 1; round <= program_rounds; ++round)); do
+        for load in "${loads[@]}"; do
+            IFS='|' read -r name source meters goal <<<"$load"
+            yardstick=$(run_wine "$bin/chart_bench.exe" yardstick | tr -d '\r')
+            for number in "${!programs[@]}"; do
+                cost "${programs[number]}" "$source" "$meters"
+                printf '%s|%s|%s|%s %s\n' "$name" "$goal" "$number" "$yardstick" "$cost" | tee -a "$figures" |
+                    sed "s/^/round $round: /" >&2
+            done
+        done
+    done
+    program_table <"$figures"
+}
+
+# Of lines NAME|GOAL|PROGRAM|YARDSTICK-US PROGRAM-MS SERVER-MS RATE, where program 0 is this tree's and 1 the older one.
+program_table() {
+    echo "| load | goal | in samples of bare calls | ms a record: program + Wine server | shown a second | before |"
+    echo "|---|---|---|---|---|---|"
+    awk -F '[|]' '
+        function median(list,   values, count, i, j, kept) {
+            count = split(list, values, " ")
+            for (i = 2; i <= count; ++i)
+                for (j = i; j > 1 && values[j] + 0 < values[j - 1] + 0; --j) {
+                    kept = values[j]; values[j] = values[j - 1]; values[j - 1] = kept
+                }
+            return values[int((count + 1) / 2)]
+        }
+        {
+            split($4, figure, " ")
+            if (!($1 in goal)) names[++loads] = $1
+            goal[$1] = $2
+            key = $1 SUBSEP $3
+            if (figure[4] > 0) ratios[key] = ratios[key] " " (figure[2] + figure[3]) * 1000 / figure[1]
+            own[key] = own[key] " " figure[2]; server[key] = server[key] " " figure[3]; rate[key] = rate[key] " " figure[4]
+            yardsticks = yardsticks " " figure[1]
+        }
+        function cost(key) {
+            return sprintf("%.2f + %.2f", median(own[key]), median(server[key]))
+        }
+        function samples(key) { return (key in ratios) ? sprintf("%.2f", median(ratios[key])) : "-" }
+        END {
+            for (i = 1; i <= loads; ++i) {
+                now = names[i] SUBSEP 0; old = names[i] SUBSEP 1
+                before = (old in own) ? samples(old) " (" cost(old) " ms)" : ""
+                printf "| %s | %s | %s | %s | %.2f | %s |\n", names[i], goal[names[i]], samples(now), cost(now),
+                    median(rate[now]), before
+            }
+            printf "| a sample of bare calls | | 1 | %.3f | | |\n", median(yardsticks) / 1000
+        }'
 }
 
 log() {
