@@ -59,7 +59,7 @@ HRESULT LogDrop::Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) {
     return S_OK;
 }
 
-// Something may begin or end while the pointer stands over the window.
+// Asks each time, because a run may begin or end while the pointer is over the window.
 DWORD LogDrop::EffectOf(DWORD allowed) const {
     return m_isOneFile && m_mayLoad() ? allowed & DROPEFFECT_COPY : DWORD{DROPEFFECT_NONE};
 }

@@ -25,10 +25,10 @@ public:
     LogDrop(const LogDrop&) = delete;
     LogDrop& operator=(const LogDrop&) = delete;
 
-    // Takes drops on the window from now on. Where Windows cannot do it, every drop is refused, as before.
+    // Takes drops on the window from now on. If Windows cannot do that, it refuses every drop, as before.
     void Open(HWND window);
 
-    // Must come before the window's end. Does nothing the second time.
+    // Call it before the window is destroyed. Does nothing the second time.
     void Close();
 
     // What Windows calls; also for tests.

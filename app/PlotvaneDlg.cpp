@@ -27,7 +27,7 @@ constexpr UINT kTimerMs = 100;
 
 constexpr UINT kLogDropped = WM_APP;
 
-// What the template leaves hidden because it serves replay only.
+// The template hides these, because only a replay needs them.
 constexpr std::array kLogControls = {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED,
                                      IDC_LOAD_LOG,      IDC_REPLAY_GROUP,  IDC_STOP,         IDC_PAUSE};
 
@@ -239,8 +239,8 @@ bool CPlotvaneDlg::MayLoadLog() const {
     return MayBegin() && m_acquisition.control.MayLoadLog();
 }
 
-// The program from which a log is dropped waits until that is over, but a replay goes on for as long as the
-// log. So the log is loaded when the posted message comes.
+// The program from which the user drops a log waits until this returns, but a replay lasts as long as the
+// log. So this only posts a message, and its handler loads the log.
 void CPlotvaneDlg::TakeDrop(std::filesystem::path log) {
     m_droppedLog = std::move(log);
     ::PostMessageW(m_hWnd, kLogDropped, 0, 0);

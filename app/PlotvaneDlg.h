@@ -108,7 +108,7 @@ private:
     Tips m_tips;
 
     std::optional<std::filesystem::path> m_droppedLog;  // until it is loaded
-    HICON m_icon = nullptr;                             // shared, the system's to free
+    HICON m_icon = nullptr;                             // shared; the system frees it
     bool m_closing = false;
     bool m_sessionEnding = false;  // nobody can answer messages any more
     bool m_arePrefsKnown = false;  // read, or there are none

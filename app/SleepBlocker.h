@@ -11,7 +11,7 @@ public:
     SleepBlocker(const SleepBlocker&) = delete;
     SleepBlocker& operator=(const SleepBlocker&) = delete;
 
-    // For the calling thread, which must always be the same one.
+    // Acts for the calling thread: always call it from the same one.
     void Set(bool on);
 
 private:

@@ -29,7 +29,7 @@ constexpr std::array kButtonTips = {
     ButtonTip{IDC_CONSUMPTION, IDS_TIP_CONSUMPTION},
 };
 
-// The place of a control in a run of alike ones; nothing if it is not among them.
+// The place of a control in a run of similar ones; nothing if it is not among them.
 std::optional<int> PlaceIn(int first, int count, int control) {
     if (control < first || control >= first + count) return std::nullopt;
     return control - first;
@@ -70,7 +70,7 @@ std::string TipTexts::OfSlot(int slot) const {
     return text;
 }
 
-// Numbered as its meter is.
+// A channel has the number that its meter has.
 std::string TipTexts::OfChannel(int channel) const {
     std::string text = m_load(IDS_FIELD_NUMBER);
     AppendDecimal(text, channel + 1);

@@ -7,8 +7,8 @@
 
 namespace plotvane {
 
-// What the tips over the controls of the main dialog say: what a button does and by which key, and of a slot
-// or channel its names, its numbers and its range.
+// The texts of the tips over the controls of the main dialog. The tip of a button says what it does and by
+// which key; that of a slot or channel gives its names, its numbers and its range.
 class TipTexts {
 public:
     // Gives a text of the string table (res/resource.h) by its id.

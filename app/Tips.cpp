@@ -20,7 +20,7 @@ TTTOOLINFOW ToolFor(HWND dialog, HWND control) {
 
 }  // namespace
 
-// Controls that are disabled have tips too, although the mouse's messages go past them.
+// Disabled controls have tips too, although they get no mouse messages.
 void Tips::TakeMouseMessage(UINT message) {
     POINT place;
     if (!::GetCursorPos(&place)) return;

@@ -15,7 +15,7 @@ public:
     Tips(CWnd& dialog, std::function<std::string(int)> textOf)
         : m_dialog(dialog), m_textOf(std::move(textOf)) {}
 
-    // To be called for each message of the mouse that the dialog hears of by WM_SETCURSOR.
+    // Call it for each mouse message that WM_SETCURSOR reports to the dialog.
     void TakeMouseMessage(UINT message);
 
 private:
@@ -24,8 +24,8 @@ private:
 
     CWnd& m_dialog;
     const std::function<std::string(int)> m_textOf;
-    HWND m_window = nullptr;   // owned by the dialog's window, and goes with it
-    HWND m_control = nullptr;  // that the tip in it is for
+    HWND m_window = nullptr;   // owned by the dialog's window, and destroyed with it
+    HWND m_control = nullptr;  // the control that the tip is for
 };
 
 }  // namespace plotvane

@@ -18,7 +18,7 @@ bool NamesDevice(const std::filesystem::path& path);
 
 // Whether the text, which came from a host or a log, is safe as the name of a plain file in a known folder:
 // it is not empty, contains no separator, wildcard or control byte, does not end in a dot or a blank (Windows
-// cuts them off and so opens another file), and is no device.
+// cuts them off and so opens another file), and is not a device.
 bool IsSafeFileName(std::string_view fileName);
 
 }  // namespace plotvane

@@ -56,7 +56,7 @@ bool ListsSuffix(std::string_view list, std::string_view moduleSuffix) {
     for (;;) {
         const auto item = TakeRun(list, IsLetterOrDigit, kMaxSuffixLength);
         const bool tooLong = !list.empty() && IsLetterOrDigit(list.front());
-        // An empty item has a comma on either side. The end of the list is no item; otherwise every list
+        // An empty item has a comma on either side. The end of the list is not an item; otherwise every list
         // would name the modules without a suffix. A ";" ends the list, as it ends every other line.
         const bool missing = item.empty() && !list.starts_with(',');
         if (!tooLong && !missing && EqualsInUpperCase(item, moduleSuffix)) return true;

@@ -39,8 +39,8 @@ bool ReadLabelLine(TextInput& input, std::string& line);
 constexpr std::size_t kMaxLabelLineLength = 4096;
 
 // The file name to which a line sends the modules with this suffix (upper case, possibly empty). Nothing if
-// the line is no redirect, or not one for this suffix. An empty item in its list stands for modules without a
-// suffix.
+// the line is not a redirect, or not one for this suffix. An empty item in its list stands for modules
+// without a suffix.
 std::optional<std::string_view> RedirectTargetOf(std::string_view line, std::string_view moduleSuffix);
 
 }  // namespace plotvane

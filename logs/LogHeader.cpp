@@ -38,7 +38,7 @@ bool TakeAdvancedMark(LogText& text) {
     return mark.find(kAdvancedMark) != std::string::npos;
 }
 
-// "'001": an apostrophe and three digits; anything else is no group.
+// "'001": an apostrophe and three digits; anything else is not a group.
 int TakeGroupCell(LogText& text) {
     return text.Take('\'') ? text.TakeDigits(3).value_or(kNoGroup) : kNoGroup;
 }

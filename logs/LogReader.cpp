@@ -141,7 +141,7 @@ std::optional<std::string_view> LogReader::NextColumn() {
     return m_text.Cell();
 }
 
-// A time in seconds; 0 if the column is no number.
+// A time in seconds; 0 if the column is not a number.
 double LogReader::ReadLogNumber() {
     const auto column = NextColumn();
     return column ? ParseDouble(*column) : 0.0;

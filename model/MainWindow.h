@@ -22,7 +22,7 @@ struct MainWindow {
     // Whether the machine stays awake, with its display on, from now on.
     virtual void StayAwake(bool on) = 0;
 
-    // As if the user had closed it.
+    // Closes the window as the user would.
     virtual void Close() = 0;
 };
 

@@ -53,7 +53,7 @@ public:
     [[nodiscard]] bool AppendRow();
 
     // The first row before LastIndex() with exactly this unit, including upper and lower case; null if there
-    // is none. Row LastIndex() itself is never found, because after LoadForPlotting it is no record.
+    // is none. Row LastIndex() itself is never found, because after LoadForPlotting it is not a record.
     const FieldScaling* FindByUnit(std::string_view unit) const;
 
 private:

@@ -40,8 +40,8 @@ public:
     // Makes a file current: loads the default table, then the module table and the pixel shift (clamped to
     // 1..15) from the file. A missing file is created with 0..100 everywhere. "OBD.SCL" also sets
     // RunState::obdFile; nothing here clears it, so a file that follows is read in the same form. A name that
-    // is no plain file name fails, and no file is touched. A name that failed stays current and is not tried
-    // again until ForgetLoadedName.
+    // is not a plain file name fails, and no file is touched. A name that failed stays current and is not
+    // tried again until ForgetLoadedName.
     [[nodiscard]] ModuleLoad LoadModuleScaling(const std::string& fileName);
 
     // Writes the pixel shift and the table. Returns 0, or -1 if the file cannot be written or the name is no

@@ -7,7 +7,7 @@
 namespace plotvane {
 
 // The tokens of the scaling files and of the old preferences file: text up to a comma, which is taken too.
-// Tokens of any length are read in constant memory. Text without a comma after it is no token.
+// Tokens of any length are read in constant memory. Text without a comma after it is not a token.
 
 // What the number readers return when the text has ended. The files' writers treat it like any other number,
 // but no scale would have it.

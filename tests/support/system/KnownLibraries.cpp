@@ -24,7 +24,7 @@ std::filesystem::path SystemFolder() {
     return path;
 }
 
-// Empty if the file is missing or is no library, such as the names of interfaces that Windows resolves
+// Empty if the file is missing or is not a library, such as the names of interfaces that Windows resolves
 // itself.
 std::set<std::string> ImportsOf(const std::string& library) {
     try {

@@ -35,7 +35,7 @@ TEST(ModuleKey, LosesTheBlanksOfAnEmptySuffixOnly) {
     EXPECT_EQ(ScalingFileNameOf("038 906 019 "), "038-906-019-.SCL");
     EXPECT_EQ(ScalingFileNameOf("038 906 019  T"), "038-906-019--T.SCL");
     EXPECT_EQ(ScalingFileNameOf("038 906 019 F TX"), "038-906-019-F-T.SCL");
-    EXPECT_EQ(ScalingFileNameOf("ABC  "), "ABC--.SCL");  // blanks elsewhere are no suffix
+    EXPECT_EQ(ScalingFileNameOf("ABC  "), "ABC--.SCL");  // blanks elsewhere are not a suffix
     EXPECT_EQ(ScalingFileNameOf("               "), "------------.SCL");
 }
 

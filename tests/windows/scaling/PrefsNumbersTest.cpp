@@ -161,7 +161,7 @@ TEST_F(PrefsDlgNumbers, ARejectedThicknessIsReplacedByTheNextOneThatIsTyped) {
             Enter(user, kThickness, "11");
             EXPECT_TRUE(user.SeesBox(kBox0To10));
             EXPECT_TRUE(user.IsAtRest());
-            Enter(user, kMileage, "61");  // leaving it again is no edit
+            Enter(user, kMileage, "61");  // leaving it again is not an edit
             EXPECT_TRUE(user.IsAtRest());
             EXPECT_EQ(m_prefs.thickness, 11);
             Enter(user, kThickness, text);
