@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "scaling/Prefs.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/system/Await.h"
 #include "tests/support/system/ChildProcess.h"

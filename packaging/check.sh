@@ -7,18 +7,20 @@
 #   installer   it installs without questions; its Start-menu entry starts the program in the right folder; while the
 #               program runs, nothing is replaced or removed; the uninstaller leaves the user's files alone
 #   upgrade     installed over an older version, it replaces the program and keeps the user's files
+#   kit         package.sh tests makes the kit of Windows tests; unpacked as a user would, on a machine without any path
+#               to Linux, it runs all its tests through cmd. Its lists of cases go to build/windows/windows-kit
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-all_checks=(made zip installer upgrade)
+all_checks=(made zip installer upgrade kit)
 checks=("$@")
 ((${#checks[@]})) || checks=("${all_checks[@]}")
 for check in "${checks[@]}"; do
     [[ " ${all_checks[*]} " == *" $check "* ]] || die "no check named $check; the checks are: ${all_checks[*]}"
 done
 
-need_packages "${build_packages[@]}" "${run_packages[@]}" "${package_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${run_packages[@]}" "${package_packages[@]}"
 take_turn
 package=$build/package
 
@@ -178,6 +180,33 @@ check_upgrade() {
     grep -q "^Width=320" "$folder/Scaling/Prefs.cfg" || die "the window has not kept its size"
 }
 
+# The kit's machine has the fonts that the tests want, and no drive that leads out of it but the one that takes no file.
+check_kit() {
+    local place results=$build/windows/windows-kit status=0 unpacked program name
+    scripts/package.sh tests
+    start_display
+    prepare_wine wine-kit
+    rm -f "$WINEPREFIX/dosdevices/z:"
+    place=$WINEPREFIX/drive_c/"Prüfstand für Öl und Maß"
+    rm -rf "$place" "$results"
+    mkdir -p "$place"
+    unzip -q "$package"/plotvane-*-windows-tests.zip -d "$place"
+    unpacked=$(echo "$place"/plotvane-*)
+    say "running the kit in $unpacked"
+    (cd "$unpacked" && watched wine cmd /c run-tests.cmd nowait) | sed -u 's,\r$,,' || status=$?
+    [[ -s $unpacked/report.txt ]] || die "the kit has left no report"
+    cp -r "$unpacked/results" "$results"
+    cp "$unpacked/report.txt" "$results"
+    ((status == 0)) || { cat "$results/report.txt" >&2; die "the kit failed, status $status"; }
+    for program in "$unpacked"/*_tests.exe; do
+        name=$(basename "$program" .exe)
+        expect "$results/$name.xml"
+        grep -q "^$name " "$results/report.txt" || die "the report says nothing of $name"
+    done
+    grep -qE '^system .*, build [0-9]+' "$results/report.txt" || die "the report does not name the system"
+    tail -n 1 "$results/report.txt" | grep -qE '^[1-9][0-9]* passed, 0 failed, [0-9]+ skipped' || die "the report's end is odd"
+}
+
 machine=""
 fresh_machine() {
     [[ -n $machine ]] || start_display
@@ -192,7 +221,7 @@ fresh_machine() {
 
 build_preset windows plotvane-remote
 for check in "${checks[@]}"; do
-    if [[ $check != made ]]; then
+    if [[ $check != made && $check != kit ]]; then
         (cd "$package" && sha256sum --quiet -c SHA256SUMS) || die "the checksums differ; run scripts/package.sh"
         fresh_machine "$check"
     fi

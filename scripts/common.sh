@@ -127,7 +127,7 @@ start_display() {
 prepare_wine() {
     export WINEPREFIX=$build/${1:-wine} WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
     prefixes+=("$WINEPREFIX")
-    local made=$WINEPREFIX/.made # in its present form
+    local made=$WINEPREFIX/.made-2 # in its present form
     [[ -e $made ]] && return
     say "making the Wine prefix $WINEPREFIX"
     rm -rf "$WINEPREFIX"
@@ -143,6 +143,8 @@ prepare_wine() {
     watched timeout 60 wine reg add 'HKCU\Software\Wine\Fonts\Replacements' \
         /v Arial /d 'Liberation Sans' /f >>"$logs/wineboot.log" 2>&1 || die "Wine does not keep its registry"
     timeout 60 wineserver -w || true  # the registry is written when the server ends
+    # A drive on which nobody can make a file, not even root, whom no folder refuses one.
+    ln -s /proc "$WINEPREFIX/dosdevices/r:"
     touch "$made"
 }
 

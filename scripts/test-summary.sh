@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # test-summary.sh PRESET...: adds up the results of the last test run of each preset in build/PRESET: ctest.xml (ctest's
-# view: one entry for each test program) and NAME.xml (GoogleTest's view: the cases inside program NAME). A program
-# without a NAME.xml counts as one test. Prints a table of the layers, names each failed test and each skipped one with
-# its reason, and in the last line gives the totals. Fails if any test failed or none ran.
+# view: one entry for each test program) and NAME.xml (GoogleTest's view: the cases inside program NAME). An entry that
+# has run several programs leaves a folder NAME with an .xml for each. An entry with neither counts as one test. Prints a
+# table of the layers, names each failed test and each skipped one with its reason, and in the last line gives the
+# totals. Fails if any test failed or none ran.
 set -euo pipefail
 cd "$(dirname "$0")/../build"
 
@@ -39,12 +40,18 @@ for preset in "$@"; do
     [[ -s $preset/ctest.xml ]] || { echo "error: no test ran in build/$preset" >&2; exit 1; }
     while read -r name outcome seconds; do
         p=0 f=0 s=0
+        lists=("$preset/$name"/*.xml)
         if [[ -s $preset/$name.xml ]]; then
-            { read -r p f s; names=$(cat); } < <(cases "$preset/$name.xml")
-            [[ -z $names ]] || complaints+=$(sed "s/^\([a-z]*\): /  \1: $preset, $name: /" <<<"$names")$'\n'
-        elif [[ $outcome == run ]]; then
-            p=1
+            lists=("$preset/$name.xml")
+        elif [[ ! -e ${lists[0]} ]]; then
+            lists=()
+            [[ $outcome != run ]] || p=1
         fi
+        for list in "${lists[@]}"; do
+            { read -r p1 f1 s1; names=$(cat); } < <(cases "$list")
+            [[ -z $names ]] || complaints+=$(sed "s/^\([a-z]*\): /  \1: $preset, $(basename "$list" .xml): /" <<<"$names")$'\n'
+            p=$((p + p1)) f=$((f + f1)) s=$((s + s1))
+        done
         if [[ $outcome != run ]] && ((f == 0)); then
             # A crash, a time-out, or a sanitizer's report after the last case.
             f=1

@@ -6,7 +6,7 @@
 # this tree, and nothing is left running afterwards.
 set -euo pipefail
 
-# Some tests limit how long files may grow, to fill the disk for one program (tests/support/system/WriteFault.cpp). With
+# Some tests limit how long files may grow, to fill the disk for one program (tests/wine/support/FullDisk.cpp). With
 # this signal ignored, a write beyond the limit fails as on a full disk; otherwise the program would end.
 trap '' XFSZ
 

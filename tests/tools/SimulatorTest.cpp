@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/DegreeSign.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 #include "tools/drives/DriveRecord.h"
 #include "tools/drives/RecordText.h"
@@ -21,12 +22,6 @@ constexpr std::string_view kControlCodes = "\xFF\xFE\xFD";
 
 std::wstring WideOf(const std::filesystem::path& path) {
     return path.wstring();
-}
-
-std::filesystem::path FolderOfTest() {
-    std::wstring self(32768, L'\0');
-    self.resize(GetModuleFileNameW(nullptr, self.data(), static_cast<DWORD>(self.size())));
-    return std::filesystem::path(self).parent_path();
 }
 
 bool WaitUntil(const std::function<bool()>& condition) {
@@ -58,9 +53,9 @@ protected:
         m_output = CreateFileW(WideOf(m_folder / "output.txt").c_str(), GENERIC_WRITE,
                                FILE_SHARE_READ | FILE_SHARE_WRITE, &inheritable, CREATE_ALWAYS, 0, nullptr);
         ASSERT_NE(m_output, INVALID_HANDLE_VALUE);
-        std::wstring command = L"\"" + WideOf(FolderOfTest() / L"diagnel-sim.exe") + L"\" --folder \"" +
-                               WideOf(m_folder.Path()) + L"\" " + options + L" \"" +
-                               WideOf(FolderOfTest() / L"pipe-reader.exe") + L"\"";
+        std::wstring command = L"\"" + WideOf(test::ProgramFolder() / L"diagnel-sim.exe") +
+                               L"\" --folder \"" + WideOf(m_folder.Path()) + L"\" " + options + L" \"" +
+                               WideOf(test::ProgramFolder() / L"pipe-reader.exe") + L"\"";
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         startup.dwFlags = STARTF_USESTDHANDLES;

@@ -19,12 +19,6 @@ std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor, std::size_t handl
     return block;
 }
 
-std::filesystem::path ProgramFolder() {
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return std::filesystem::path(path).parent_path();
-}
-
 ChildProcess::ChildProcess(std::wstring commandLine, const std::filesystem::path& folder,
                            std::vector<BYTE> descriptors)
     : m_job(::CreateJobObjectW(nullptr, nullptr)) {

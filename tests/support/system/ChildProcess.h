@@ -11,9 +11,6 @@
 
 namespace plotvane::test {
 
-// The folder of the programs under test; this test program is in it too.
-std::filesystem::path ProgramFolder();
-
 // The block in which a parent's C run-time hands an inheritable pipe to a new process as that descriptor
 // (0..63). `handleSize` is 8, or 4 for a parent of 32 bits.
 std::vector<BYTE> DescriptorBlock(HANDLE pipe, int descriptor, std::size_t handleSize = 8);

@@ -6,9 +6,9 @@
 
 namespace plotvane::test {
 
-// A folder in which this user can make neither file nor folder. It is a write-protected folder of the
-// object's own. Protection does not stop root, so for root it is a folder of the system. The constructor
-// tries each of these; some machines have none.
+// A folder in which this user can make neither file nor folder. It is a folder of the object's own that
+// denies it. Under Wine no folder denies anything to root; for root it is a drive that nobody can write to,
+// if the machine has one.
 class RefusingFolder {
 public:
     RefusingFolder();
@@ -20,9 +20,6 @@ public:
     const std::filesystem::path& Path() const { return m_path; }
 
 private:
-    void Protect() const;
-    void Unprotect() const;
-
     TempFolder m_above;
     const std::filesystem::path m_own = m_above / "protected";
     std::filesystem::path m_path;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "res/resource.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/system/Await.h"
 #include "tests/support/system/ChildProcess.h"

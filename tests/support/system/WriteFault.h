@@ -3,8 +3,9 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <iosfwd>
 #include <memory>
-#include <string>
+#include <vector>
 
 #include "tests/support/system/Handle.h"
 
@@ -27,40 +28,19 @@ private:
     Handle m_handle;
 };
 
-// A disk that is full for every file of the program beyond this size in bytes.
-class FullDisk : public WriteFault {
-public:
-    // Affects the program that runs in this folder. Throws std::runtime_error if none does.
-    FullDisk(const std::filesystem::path& folder, int bytes);
-    ~FullDisk() override;
+// A file that another program lets nobody else open.
+std::unique_ptr<WriteFault> Hold(const std::filesystem::path& file);
 
-private:
-    std::filesystem::path m_folder;
+// A kind of fault.
+struct WriteFaultKind {
+    const char* name;
+    // Brings it about for a settings file of a program. For a held file, the file has to be there.
+    std::unique_ptr<WriteFault> (*breakFile)(const std::filesystem::path& file);
+    bool isReadable;  // whether the file can be read meanwhile
 };
+void PrintTo(const WriteFaultKind& kind, std::ostream* out);
 
-enum class WriteFaultKind {
-    Held,             // another program lets nobody else open the file
-    HeldForReaders,   // it lets others read it
-    HeldForDeleting,  // and delete it, but not write it
-    FullDisk          // the disk has room for the short settings files at most
-};
-std::string NameOf(WriteFaultKind kind);
-
-// A held file has to exist. A full disk still has room for other files if they are much shorter than this
-// one.
-std::unique_ptr<WriteFault> Break(WriteFaultKind kind, const std::filesystem::path& file);
-
-// A symbolic link of Linux, for as long as this object lives. Windows can neither make nor remove it, so a
-// Linux shell does. Throws std::runtime_error if that fails.
-class LinuxLink {
-public:
-    LinuxLink(std::filesystem::path link, const std::string& target);
-    ~LinuxLink();
-    LinuxLink(const LinuxLink&) = delete;
-    LinuxLink& operator=(const LinuxLink&) = delete;
-
-private:
-    std::filesystem::path m_link;
-};
+// The kinds that this test program brings about. Each program with tests of them has a list of its own.
+std::vector<WriteFaultKind> WriteFaultKinds();
 
 }  // namespace plotvane::test

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/system/ChildProcess.h"
 #include "tests/support/system/Executable.h"
 #include "tests/support/system/KnownLibraries.h"

@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/system/Await.h"
 #include "tests/support/system/ChildProcess.h"

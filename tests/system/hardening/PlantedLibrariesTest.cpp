@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/support/system/KnownLibraries.h"
+#include "tests/support/system/LookAlike.h"
 #include "tests/support/system/Meters.h"
 #include "tests/support/system/Records.h"
 #include "tests/support/system/Replay.h"
@@ -28,13 +29,16 @@ const std::set<std::string>& NamesToPlant() {
 class ForeignLibrariesFirst {
 public:
     explicit ForeignLibrariesFirst(const std::set<std::string>& names) {
+        if (!RunsUnderWine()) return;
         constexpr char kOrder[] = "native,builtin";
         for (const std::string& name : names) {
             const std::string value = name.ends_with(".dll") ? name.substr(0, name.size() - 4) : name;
             ::RegSetKeyValueA(HKEY_CURRENT_USER, kKey, value.c_str(), REG_SZ, kOrder, sizeof kOrder);
         }
     }
-    ~ForeignLibrariesFirst() { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
+    ~ForeignLibrariesFirst() {
+        if (RunsUnderWine()) ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
+    }
     ForeignLibrariesFirst(const ForeignLibrariesFirst&) = delete;
     ForeignLibrariesFirst& operator=(const ForeignLibrariesFirst&) = delete;
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "fuzz/Targets.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 
 namespace plotvane::fuzz {
@@ -40,7 +41,7 @@ protected:
         return files.size();
     }
 
-    const std::filesystem::path m_root = PLOTVANE_FUZZ_INPUTS;
+    const std::filesystem::path m_root = test::DataFolder("fuzz", PLOTVANE_FUZZ_INPUTS);
 };
 
 TEST_P(KeptInputsTest, EverySeedAndEveryFormerFindKeepsThePromises) {

@@ -9,6 +9,7 @@
 #include "logs/LabelFile.h"
 #include "logs/LogCheck.h"
 #include "logs/LogReader.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/TempFolder.h"
 #include "tools/drives/RecordText.h"
 #include "tools/drives/ScriptedDrive.h"
@@ -18,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSamples = PLOTVANE_SAMPLES;
+const fs::path kSamples = test::DataFolder("samples", PLOTVANE_SAMPLES);
 
 std::set<std::string> FilesIn(const fs::path& folder) {
     std::set<std::string> files;

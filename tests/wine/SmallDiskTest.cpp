@@ -1,7 +1,7 @@
 // A disk that is really full: a small one of the test's own. The program writes everything there.
-#include "tests/support/system/LinuxShell.h"
 #include "tests/support/system/Records.h"
 #include "tests/support/system/Session.h"
+#include "tests/wine/support/LinuxShell.h"
 
 namespace plotvane::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/support/system/LinuxShell.h"
+#include "tests/wine/support/LinuxShell.h"
 
 #include <windows.h>
 

@@ -1,9 +1,9 @@
-// A working folder on another machine's drive, and folders that disappear while the program runs.
+// A working folder on another machine's drive, which goes away while the program runs.
 #include <array>
 
-#include "tests/support/system/LinuxShell.h"
 #include "tests/support/system/Records.h"
-#include "tests/support/system/Replay.h"
+#include "tests/support/system/Session.h"
+#include "tests/wine/support/LinuxShell.h"
 
 namespace plotvane::test {
 namespace {
@@ -55,9 +55,7 @@ private:
 
 class Share : public ::testing::Test {
 protected:
-    void SetUp() override {
-        if (!m_share.IsThere()) GTEST_SKIP() << "only Wine lets a test make a share";
-    }
+    void SetUp() override { ASSERT_TRUE(m_share.IsThere()); }
     void StartLive(Session& session) {
         session.StartWithHost();
         session.Host().SendRecord(kFirstRecord);
@@ -107,44 +105,6 @@ TEST_F(Share, ThatIsAwayForAWhileIsWrittenAgain) {
     EXPECT_TRUE(Becomes([this] { return m_share.Bytes(kScalingFile); }, ScalingBytes(3, kUnitRanges)));
     EXPECT_TRUE(session.Closes());
     EXPECT_NE(m_share.Bytes("Prefs.cfg"), "");
-}
-
-class VanishedFolder : public Replay {};
-
-// As with a full disk, the program tells the user. The next start makes the folder again, as the first one
-// did.
-TEST_F(VanishedFolder, OfSettingsIsReportedAtTheStopAndMadeAgainByTheNextRun) {
-    const auto log = WriteLog("x.csv", LogThatLingersAt(kDriving));
-    Start();
-    Load(log);
-    ASSERT_TRUE(session.Shows(0, L"1240 /min"));
-    std::filesystem::remove_all(session.Scaling(""));
-    Press(IDC_STOP);
-    ConfirmMessage(kNotSaved, L"Error");
-    EXPECT_TRUE(session.Closes());
-    Session next(session.Folder());
-    next.StartWithHost();
-    next.Host().SendRecord(kFirstRecord);
-    EXPECT_TRUE(next.Shows(0, L"780 /min"));
-    EXPECT_TRUE(next.Closes());
-    EXPECT_TRUE(std::filesystem::exists(session.Scaling("Prefs.cfg")));
-    EXPECT_EQ(BytesOf(session.Scaling(kScalingFile)), ScalingBytes(3, kUnitRanges));
-}
-
-// The program has the log open, so the replay goes on to its end even if the log's folder is removed.
-TEST_F(VanishedFolder, OfTheLogDisturbsNoReplay) {
-    const auto log = WriteLog("x.csv", LogThatLingersAt(kDriving));
-    Start();
-    Load(log);
-    ASSERT_TRUE(session.Shows(0, L"1240 /min"));
-    std::filesystem::rename(log.parent_path(), session.Folder() / "elsewhere");
-    for (int press = 0; press < 3; ++press) main.Click(IDC_REPLAY_FASTER);
-    EXPECT_TRUE(session.Shows(0, L"780 /min"));
-    EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
-    Press(IDC_PAUSE);  // asks for the same log again, which is gone
-    EXPECT_TRUE(main.Answers(kDeadline));
-    EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, false));
-    EXPECT_TRUE(session.Closes());
 }
 
 }  // namespace

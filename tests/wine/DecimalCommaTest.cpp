@@ -1,4 +1,5 @@
-// The program writes numbers with a point, even if the user's system writes a comma.
+// The program writes numbers with a point, even if the user's system writes a comma. The comma is a setting
+// of the user, so these tests run only where nobody lives.
 #include "tests/support/system/Records.h"
 #include "tests/support/system/Replay.h"
 
