@@ -3,10 +3,19 @@
 namespace plotvane {
 namespace {
 
-BOOL CALLBACK CloseIfOwned(HWND window, LPARAM owner) {
-    if (::GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(owner)) return TRUE;
+// Whether a person has it on the screen, or would have if its owner were not minimised, which hides it. Tips
+// and the windows of input methods are owned too, but have no caption; they come and go with their owner.
+bool IsForPeople(HWND window, HWND owner) {
+    if (::IsWindowVisible(window)) return true;
+    const bool hasCaption = (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+    return ::IsIconic(owner) && hasCaption;
+}
+
+BOOL CALLBACK CloseIfOwned(HWND window, LPARAM parameter) {
+    const auto owner = reinterpret_cast<HWND>(parameter);
+    if (::GetWindow(window, GW_OWNER) != owner) return TRUE;
     CloseOwnedWindows(window);
-    ::SendMessageW(window, WM_CLOSE, 0, 0);
+    if (IsForPeople(window, owner)) ::SendMessageW(window, WM_CLOSE, 0, 0);
     return TRUE;
 }
 

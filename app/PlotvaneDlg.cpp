@@ -143,13 +143,10 @@ void CPlotvaneDlg::ApplyColours() {
 }
 
 void CPlotvaneDlg::SetIcons() {
-    m_icon = static_cast<HICON>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_PLOTVANE),
-                                             IMAGE_ICON, 0, 0, LR_SHARED | LR_DEFAULTSIZE));
-    const HANDLE small =
-        ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_PLOTVANE), IMAGE_ICON,
-                     ::GetSystemMetrics(SM_CXSMICON), ::GetSystemMetrics(SM_CYSMICON), LR_SHARED);
-    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon));
-    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small));
+    m_icon = LoadIconOf(IDI_PLOTVANE, ::GetSystemMetrics(SM_CXICON), ::GetSystemMetrics(SM_CYICON));
+    m_smallIcon = LoadIconOf(IDI_PLOTVANE, ::GetSystemMetrics(SM_CXSMICON), ::GetSystemMetrics(SM_CYSMICON));
+    SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_icon.Get()));
+    SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(m_smallIcon.Get()));
 }
 
 void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
@@ -217,7 +214,7 @@ void CPlotvaneDlg::OnPaint() {
     const CRect client = GetClientRect();
     const int x = (client.Width() - ::GetSystemMetrics(SM_CXICON) + 1) / 2;
     const int y = (client.Height() - ::GetSystemMetrics(SM_CYICON) + 1) / 2;
-    ::DrawIcon(dc.GetSafeHdc(), x, y, m_icon);
+    ::DrawIcon(dc.GetSafeHdc(), x, y, m_icon.Get());
 }
 
 // While a dialog or a message box is open, the user cannot press anything in this window, but other programs

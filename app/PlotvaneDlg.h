@@ -13,6 +13,7 @@
 #include "app/Tips.h"
 #include "app/TitleBar.h"
 #include "framework/Dialog.h"
+#include "framework/Gdi.h"
 #include "link/Acquisition.h"
 #include "link/InheritedPipe.h"
 #include "link/ProgramData.h"
@@ -47,7 +48,7 @@ private:
     void OnContextMenu(HWND window, POINT screen);
     void OnEndSession(bool isEnding);
     void OnPaint();
-    HICON OnQueryDragIcon() { return m_icon; }
+    HICON OnQueryDragIcon() { return m_icon.Get(); }
     LRESULT OnSetCursor(WPARAM window, LPARAM mouse);
     void OnSize(UINT type, int width, int height);
     void OnSysCommand(UINT id, LPARAM lParam);
@@ -108,7 +109,8 @@ private:
     Tips m_tips;
 
     std::optional<std::filesystem::path> m_droppedLog;  // until it is loaded
-    HICON m_icon = nullptr;                             // shared; the system frees it
+    CIcon m_icon;
+    CIcon m_smallIcon;
     bool m_closing = false;
     bool m_sessionEnding = false;  // nobody can answer messages any more
     bool m_arePrefsKnown = false;  // read, or there are none

@@ -49,11 +49,12 @@ void RunButtonControls::Enable(int button, bool enabled) {
     ::EnableWindow(window, enabled);
 }
 
-// The system frees shared icons. An image that the button has already is not set again, because Wine's
-// buttons keep three bitmaps of each image for ever.
+// An image that the button has already is not set again, because Wine's buttons keep three bitmaps of each
+// image for ever.
 void RunButtonControls::SetImage(int button, int icon) {
-    const auto image = reinterpret_cast<LPARAM>(::LoadImageW(
-        ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(icon), IMAGE_ICON, kImageSize, kImageSize, LR_SHARED));
+    CIcon& owner = m_icons[icon];
+    if (!owner) owner = LoadIconOf(icon, kImageSize, kImageSize);
+    const auto image = reinterpret_cast<LPARAM>(owner.Get());
     if (m_dialog.SendDlgItemMessage(button, BM_GETIMAGE, IMAGE_ICON) == image) return;
     m_dialog.SendDlgItemMessage(button, BM_SETIMAGE, IMAGE_ICON, image);
 }

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <map>
+
+#include "framework/Gdi.h"
 #include "framework/Wnd.h"
 #include "link/RunButtons.h"
 
@@ -24,6 +27,7 @@ private:
     void Enable(int button, bool enabled);
 
     CWnd& m_dialog;
+    std::map<int, CIcon> m_icons;  // by id; each is loaded when it is first shown
 };
 
 }  // namespace plotvane

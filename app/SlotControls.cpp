@@ -292,9 +292,8 @@ void SlotControls::FitFuelButton(int id) {
     const LONG_PTR text = ::GetWindowLongPtrW(button, GWL_STYLE) & ~LONG_PTR{BS_ICON | BS_RIGHT};
     ::SetWindowLongPtrW(button, GWL_STYLE, uncovered ? text | BS_ICON | BS_RIGHT : text);
     if (uncovered && !m_dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON)) {
-        const HANDLE image = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_FUEL), IMAGE_ICON,
-                                          kFuelImageSize, kFuelImageSize, LR_SHARED);
-        m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
+        if (!m_fuelImage) m_fuelImage = LoadIconOf(IDI_FUEL, kFuelImageSize, kFuelImageSize);
+        m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_fuelImage.Get()));
     }
     ::SetWindowRgn(button, uncovered, TRUE);  // the window owns the region from now on
 }

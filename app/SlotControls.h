@@ -4,6 +4,7 @@
 
 #include "controls/ColorBox.h"
 #include "controls/ValueBox.h"
+#include "framework/Gdi.h"
 #include "plot/binding/SlotPanel.h"
 
 namespace plotvane {
@@ -73,6 +74,7 @@ private:
     IndexedArray<CColorBox, kChannelCount> m_channelSwatches{};
     IndexedArray<bool, kSlotCount> m_airFuelShown{};
     CValueBox m_elapsed;
+    CIcon m_fuelImage;
     bool m_fuelButtonsShown = false;
     bool m_replaySpeedHidden = false;  // it was shown, but the ten channels lie there now
     int m_frame = kNoFrame;            // the slot whose frame is shown

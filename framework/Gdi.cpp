@@ -1,5 +1,10 @@
 #include "framework/Gdi.h"
 
+CIcon LoadIconOf(int id, int width, int height) {
+    return CIcon(static_cast<HICON>(
+        ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, width, height, 0)));
+}
+
 Picture::Picture(int width, int height)
     : m_width(width),
       m_height(height),

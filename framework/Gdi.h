@@ -14,6 +14,9 @@ inline void ReleaseGdi(HGDIOBJ object) {
 inline void ReleaseGdi(HDC memoryDc) {
     ::DeleteDC(memoryDc);
 }
+inline void ReleaseGdi(HICON icon) {
+    ::DestroyIcon(icon);
+}
 
 // Owns one GDI object, or none. Takes what a Create... call returned. After a failed call it is empty, and
 // GDI's functions accept its null handle without harm.
@@ -57,13 +60,18 @@ using CFont = GdiOwner<HFONT>;
 using CBitmap = GdiOwner<HBITMAP>;
 using CRgn = GdiOwner<HRGN>;
 using MemoryDc = GdiOwner<HDC>;
+using CIcon = GdiOwner<HICON>;
 
 // All GDI objects owned now. Tests find leaks with it, because the system's own counter always answers 0
 // under Wine.
 inline int LivingGdiObjects() {
     return CPen::Living() + CBrush::Living() + CFont::Living() + CBitmap::Living() + CRgn::Living() +
-           MemoryDc::Living();
+           MemoryDc::Living() + CIcon::Living();
 }
+
+// The picture of the program's icon that fits a size best, in that size. Each call makes an icon of its own:
+// one that is shared has the size in which it was first asked for. Empty if there is no icon with that id.
+CIcon LoadIconOf(int id, int width, int height);
 
 // Selects an object into a device context. The destructor selects what was there before.
 class Selected {

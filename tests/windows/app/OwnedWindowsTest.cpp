@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <string>
 #include <vector>
 
 #include "tests/windows/framework/TestWnd.h"
@@ -11,87 +10,81 @@
 namespace plotvane::test {
 namespace {
 
-using Names = std::vector<std::string>;
-
-// A window that notes its name when it is asked to close.
+// A window that notes who was asked to close.
 class NotingWnd : public CWnd {
 public:
-    NotingWnd(Names& closed, std::string name) : m_closed(closed), m_name(std::move(name)) {}
-    ~NotingWnd() override { DestroyWindow(); }
-
-    bool Create(HWND owner) {
-        return RegisterWindowClass(kTestClass, 0) &&
-               CreateEx(0, kTestClass, m_name.c_str(), WS_POPUP, CRect{0, 0, 50, 50}, owner, 0);
+    NotingWnd(HWND owner, DWORD style, std::vector<const NotingWnd*>& asked) : m_asked(asked) {
+        RegisterWindowClass(kTestClass, 0);
+        CreateEx(0, kTestClass, "", style, CRect(10, 10, 200, 150), owner, 0);
     }
 
-    std::function<void()> onClose = [this] { DestroyWindow(); };
+    std::function<void()> onClose = [] {};
 
 private:
     void OnClose() {
-        m_closed.push_back(m_name);
+        m_asked.push_back(this);
         onClose();
     }
     DECLARE_MESSAGE_MAP()
 
-    Names& m_closed;
-    std::string m_name;
+    std::vector<const NotingWnd*>& m_asked;
 };
 
 BEGIN_MESSAGE_MAP(NotingWnd, CWnd)
     ON_WM_CLOSE()
 END_MESSAGE_MAP()
 
-class OwnedWindowsTest : public testing::Test {
+class OwnedWindows : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_main.Create(nullptr)); }
+    static constexpr DWORD kDialog = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    static constexpr DWORD kTip = WS_POPUP;
 
-    Names m_closed;
-    NotingWnd m_main{m_closed, "main"};
+    using Asked = std::vector<const NotingWnd*>;
+    Asked asked;
+    NotingWnd owner{nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE, asked};
 };
 
-TEST_F(OwnedWindowsTest, AreClosedAndNoOtherWindowIs) {
-    NotingWnd meter(m_closed, "meter");
-    NotingWnd stranger(m_closed, "stranger");
-    ASSERT_TRUE(meter.Create(m_main.m_hWnd));
-    ASSERT_TRUE(stranger.Create(nullptr));
-    CloseOwnedWindows(m_main.m_hWnd);
-    EXPECT_EQ(m_closed, Names{"meter"});
+TEST_F(OwnedWindows, ThatAreShownAreAskedToClose) {
+    const NotingWnd dialog(owner.m_hWnd, kDialog | WS_VISIBLE, asked);
+    const NotingWnd bare(owner.m_hWnd, kTip | WS_VISIBLE, asked);
+    CloseOwnedWindows(owner.m_hWnd);
+    EXPECT_EQ(asked.size(), 2u);
 }
 
-TEST_F(OwnedWindowsTest, AreClosedBeforeTheirOwnOwner) {
-    NotingWnd dialog(m_closed, "dialog");
-    NotingWnd message(m_closed, "message");
-    ASSERT_TRUE(dialog.Create(m_main.m_hWnd));
-    ASSERT_TRUE(message.Create(dialog.m_hWnd));
-    CloseOwnedWindows(m_main.m_hWnd);
-    EXPECT_EQ(m_closed, (Names{"message", "dialog"}));
+// The window of an input method, or that of the tips while there is none to show.
+TEST_F(OwnedWindows, ThatNobodySeesAreLeftAlone) {
+    const NotingWnd tip(owner.m_hWnd, kTip, asked);
+    const NotingWnd dialog(owner.m_hWnd, kDialog, asked);
+    CloseOwnedWindows(owner.m_hWnd);
+    EXPECT_EQ(asked, Asked());
 }
 
-TEST_F(OwnedWindowsTest, MayRefuse) {
-    NotingWnd first(m_closed, "first");
-    NotingWnd second(m_closed, "second");
-    for (NotingWnd* const window : {&first, &second}) {
-        ASSERT_TRUE(window->Create(m_main.m_hWnd));
-        window->onClose = [] {};
-    }
-    CloseOwnedWindows(m_main.m_hWnd);
-    EXPECT_EQ(m_closed.size(), 2u);
-    EXPECT_NE(first.m_hWnd, nullptr);
-    EXPECT_NE(second.m_hWnd, nullptr);
+// Their loops are on the stack all the same.
+TEST_F(OwnedWindows, ThatAMinimisedOwnerHidesAreAskedToClose) {
+    const NotingWnd dialog(owner.m_hWnd, kDialog | WS_VISIBLE, asked);
+    const NotingWnd tip(owner.m_hWnd, kTip, asked);
+    ::ShowWindow(owner.m_hWnd, SW_MINIMIZE);
+    ASSERT_TRUE(owner.IsIconic());
+    CloseOwnedWindows(owner.m_hWnd);
+    EXPECT_EQ(asked, Asked{&dialog});
 }
 
-TEST_F(OwnedWindowsTest, MayCloseEachOther) {
-    NotingWnd first(m_closed, "first");
-    NotingWnd second(m_closed, "second");
-    ASSERT_TRUE(first.Create(m_main.m_hWnd));
-    ASSERT_TRUE(second.Create(m_main.m_hWnd));
-    const auto closeBoth = [&] {
+TEST_F(OwnedWindows, AreAskedBeforeTheOnesThatTheyBelongTo) {
+    const NotingWnd dialog(owner.m_hWnd, kDialog | WS_VISIBLE, asked);
+    const NotingWnd message(dialog.m_hWnd, kDialog | WS_VISIBLE, asked);
+    CloseOwnedWindows(owner.m_hWnd);
+    EXPECT_EQ(asked, (Asked{&message, &dialog}));
+}
+
+TEST_F(OwnedWindows, MayCloseEachOther) {
+    NotingWnd first(owner.m_hWnd, kDialog | WS_VISIBLE, asked);
+    NotingWnd second(owner.m_hWnd, kDialog | WS_VISIBLE, asked);
+    first.onClose = second.onClose = [&] {
         first.DestroyWindow();
         second.DestroyWindow();
     };
-    first.onClose = second.onClose = closeBoth;
-    CloseOwnedWindows(m_main.m_hWnd);
-    EXPECT_EQ(m_closed.size(), 1u);
+    CloseOwnedWindows(owner.m_hWnd);
+    EXPECT_EQ(asked.size(), 1u);
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "app/RunButtonControls.h"
 
+#include <cstdint>
+#include <vector>
+
 #include "tests/windows/app/MainDialogFixture.h"
 
 namespace plotvane::test {
@@ -9,12 +12,18 @@ class RunButtonControlsTest : public MainDialogFixture {
 protected:
     RunButtonControlsTest() { buttons.SetUp(); }
 
-    HANDLE ImageOf(int button) const {
-        return reinterpret_cast<HANDLE>(dialog.SendDlgItemMessage(button, BM_GETIMAGE, IMAGE_ICON));
+    // What is on a button, to be compared with what an icon of the program is in that size. Empty if there is
+    // none.
+    std::vector<std::uint32_t> ImageOf(int button) const {
+        return PixelsOf(reinterpret_cast<HICON>(dialog.SendDlgItemMessage(button, BM_GETIMAGE, IMAGE_ICON)));
     }
-    // Windows has one handle for a shared icon of one size in the whole process.
-    static HANDLE Icon(int id) {
-        return ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 16, 16, LR_SHARED);
+    static std::vector<std::uint32_t> Icon(int id) { return PixelsOf(LoadIconOf(id, 16, 16).Get()); }
+    static std::vector<std::uint32_t> PixelsOf(HICON icon) {
+        if (!icon) return {};
+        const Picture picture(16, 16);
+        ::DrawIconEx(picture.Dc(), 0, 0, icon, 16, 16, 0, nullptr, DI_NORMAL);
+        const auto pixels = picture.Pixels();
+        return {pixels.begin(), pixels.end()};
     }
 
     RunButtonControls buttons{dialog};
@@ -29,7 +38,7 @@ TEST_F(RunButtonControlsTest, AtFirstThereIsNothingToStopOrToHold) {
 TEST_F(RunButtonControlsTest, EveryPushButtonWithAnIconHasOne) {
     for (const int id : {IDC_STOP, IDC_PAUSE, IDC_LOAD_LOG, IDC_SCALE_NEXT, IDC_SCALE_PREVIOUS,
                          IDC_SHIFT_DOWN, IDC_SHIFT_UP, IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER})
-        EXPECT_NE(ImageOf(id), nullptr) << id;
+        EXPECT_FALSE(ImageOf(id).empty()) << id;
 }
 
 TEST_F(RunButtonControlsTest, PlusAndMinusAreTheRightWayRound) {

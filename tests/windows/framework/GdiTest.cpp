@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "res/resource.h"
 #include "tests/support/Canvas.h"
 
 namespace {
@@ -49,6 +50,33 @@ TEST(GdiOwner, HandsOverOnMoveAndIsNotCopyable) {
         EXPECT_EQ(CPen::Living(), before + 1);
     }
     EXPECT_EQ(CPen::Living(), before);  // each handle had one owner
+}
+
+SIZE SizeOf(HICON icon) {
+    ICONINFO parts{};
+    if (!::GetIconInfo(icon, &parts)) return {};
+    const CBitmap mask{parts.hbmMask};
+    const CBitmap colours{parts.hbmColor};
+    BITMAP bitmap{};
+    ::GetObjectW(colours.Get(), sizeof bitmap, &bitmap);
+    return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+// Were it shared, it would have the size that was asked for first.
+TEST(LoadIconOf, GivesTheIconInEachSizeThatIsAskedFor) {
+    const int before = CIcon::Living();
+    {
+        const CIcon large = LoadIconOf(IDI_PLOTVANE, 48, 48);
+        const CIcon small = LoadIconOf(IDI_PLOTVANE, 16, 16);
+        const CIcon again = LoadIconOf(IDI_PLOTVANE, 48, 48);
+        EXPECT_EQ(SizeOf(large.Get()).cx, 48);
+        EXPECT_EQ(SizeOf(small.Get()).cx, 16);
+        EXPECT_EQ(SizeOf(again.Get()).cy, 48);
+        EXPECT_NE(large.Get(), again.Get()) << "each has one owner";
+        EXPECT_EQ(CIcon::Living(), before + 3);
+    }
+    EXPECT_EQ(CIcon::Living(), before);
+    EXPECT_FALSE(LoadIconOf(9999, 16, 16));
 }
 
 TEST(GdiOwner, OfAFailedCallIsEmptyAndUncounted) {
