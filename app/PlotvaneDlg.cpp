@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/AboutDlg.h"
+#include "app/ControlNames.h"
 #include "app/OwnedWindows.h"
 #include "app/Version.h"
 #include "base/FileOperations.h"
@@ -105,7 +106,8 @@ CPlotvaneDlg::CPlotvaneDlg()
       m_acquisition(m_data, {{m_chart, m_panel, m_meters}, m_buttons, *this}, m_pipe, m_pump,
                     LoadAcquisitionTexts()),
       m_tipTexts(m_data, m_acquisition.module.Labels(), LoadText),
-      m_tips(*this, [this](int control) { return m_tipTexts.Of(control); }) {}
+      m_tips(*this, [this](int control) { return m_tipTexts.Of(control); }),
+      m_names([this](int control) { return NameOfControl(control, m_tipTexts); }) {}
 
 BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
@@ -118,6 +120,7 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     m_panel.SetUp();
     m_buttons.SetUp();
     m_panel.ShowPixelShift(m_data.state.pixelShift);
+    m_names.Give(*this, NamelessControls());
     m_pump.SetDialog(m_hWnd);
     m_layout.SetUp(m_data.prefs.width, m_data.prefs.height);
     m_chart.SetRedraw(true);

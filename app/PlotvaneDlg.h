@@ -12,6 +12,7 @@
 #include "app/TipTexts.h"
 #include "app/Tips.h"
 #include "app/TitleBar.h"
+#include "framework/AccessibleNames.h"
 #include "framework/Dialog.h"
 #include "framework/Gdi.h"
 #include "link/Acquisition.h"
@@ -107,6 +108,7 @@ private:
     Acquisition m_acquisition;
     TipTexts m_tipTexts;
     Tips m_tips;
+    AccessibleNames m_names;
 
     std::optional<std::filesystem::path> m_droppedLog;  // until it is loaded
     CIcon m_icon;

@@ -87,7 +87,10 @@ CPrefsDlg::CPrefsDlg(HWND owner, Prefs& prefs, std::filesystem::path prefsFile, 
       m_defaults(defaults),
       m_state(state),
       m_colours(prefs),
-      m_rows(defaults) {}
+      m_rows(defaults),
+      m_names([](int control) {
+          return LoadText(control == IDC_PREFS_ROW_NEXT ? IDS_NAME_NEXT_UNIT : IDS_NAME_PREVIOUS_UNIT);
+      }) {}
 
 BOOL CPrefsDlg::OnInitDialog() {
     CDialog::OnInitDialog();
@@ -100,6 +103,7 @@ BOOL CPrefsDlg::OnInitDialog() {
     for (const ColourRow row : kColourRows) ShowSliders(row);
     CreateSwatches();
     ShowColours();
+    m_names.Give(*this, std::array{IDC_PREFS_ROW_PREVIOUS, IDC_PREFS_ROW_NEXT});
     m_rowLabel = LoadText(IDS_FIELD_NUMBER);
     SendDlgItemMessage(IDC_PREFS_ROW_UNIT, EM_LIMITTEXT, kMaxUnitLength);
     ShowRow();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/ColorBox.h"
+#include "framework/AccessibleNames.h"
 #include "framework/Dialog.h"
 #include "model/RunState.h"
 #include "scaling/DefaultRowBrowser.h"
@@ -65,6 +66,7 @@ private:
 
     PrefsColourEdit m_colours;
     DefaultRowBrowser m_rows;
+    AccessibleNames m_names;
     std::string m_rowLabel;
     bool m_rejecting = false;         // a box is open, or the focus is on its way back
     bool m_closing = false;           // edits that lose the focus because the dialog ends are not read
