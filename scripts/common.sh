@@ -23,7 +23,7 @@ die() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
-test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev locales)
+test_packages=(libgtest-dev libgmock-dev libcmark-gfm-dev libcmark-gfm-extensions-dev libyaml-dev locales)
 clang_packages=(clang libclang-rt-dev)  # for the presets native and fuzz
 run_packages=(wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick)
 package_packages=(git zip unzip cmark-gfm nsis imagemagick)
