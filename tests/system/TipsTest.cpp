@@ -29,10 +29,10 @@ protected:
     }
     // The text of the tip that is shown; empty if there is none.
     std::wstring ShownTip() const {
-        for (const RemoteWindow& window : WindowsOf(main.ProcessId())) {
-            wchar_t name[40]{};
-            ::GetClassNameW(window.Get(), name, 40);
-            if (std::wstring(name) == L"tooltips_class32") return window.Text();
+        for (HWND tip = ::FindWindowExW(nullptr, nullptr, L"tooltips_class32", nullptr); tip;
+             tip = ::FindWindowExW(nullptr, tip, L"tooltips_class32", nullptr)) {
+            const RemoteWindow window(tip);
+            if (window.IsShown() && window.ProcessId() == main.ProcessId()) return window.Text();
         }
         return {};
     }

@@ -8,6 +8,13 @@ namespace {
 
 constexpr UINT kAnswerMs = 5000;
 
+// A tip comes and goes with the pointer, wherever that happens to be.
+bool IsTip(HWND window) {
+    wchar_t name[40]{};
+    ::GetClassNameW(window, name, 40);
+    return std::wstring(name) == L"tooltips_class32";
+}
+
 }  // namespace
 
 LRESULT RemoteWindow::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
@@ -82,7 +89,7 @@ std::vector<RemoteWindow> WindowsOf(DWORD processId) {
         auto& wanted = *reinterpret_cast<Search*>(parameter);
         const RemoteWindow candidate(window);
         const bool wantedOwner = wanted.processId == 0 || candidate.ProcessId() == wanted.processId;
-        if (wantedOwner && ::IsWindowVisible(window)) wanted.found.push_back(candidate);
+        if (wantedOwner && ::IsWindowVisible(window) && !IsTip(window)) wanted.found.push_back(candidate);
         return TRUE;
     };
     ::EnumWindows(look, reinterpret_cast<LPARAM>(&search));

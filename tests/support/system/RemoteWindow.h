@@ -58,7 +58,7 @@ private:
     HWND m_window = nullptr;
 };
 
-// All visible top-level windows of a process, or of every process if `processId` is 0.
+// All visible top-level windows but tips of a process, or of every process if `processId` is 0.
 std::vector<RemoteWindow> WindowsOf(DWORD processId);
 
 // The colours on the screen, 0x00BBGGRR, row by row.
