@@ -5,11 +5,12 @@
 namespace plotvane {
 
 AcquisitionLoop::AcquisitionLoop(Sample& sample, const Views& views, CurrentModule& module,
-                                 FuelUnits fuelUnits)
+                                 FuelUnits fuelUnits, SampleKeeper* keeper)
     : m_sample(sample),
       m_state(sample.state),
       m_views(views),
       m_module(module),
+      m_keeper(keeper),
       m_selection(sample, views.panel),
       m_fuel(std::move(fuelUnits)),
       m_scaling(sample, views, m_selection),
@@ -23,6 +24,7 @@ RunEnd AcquisitionLoop::Run(RecordSource& source, const LoopRun& run) {
         if (!isParsed) return m_state.endOfLog ? RunEnd::Stopped : RunEnd::Malformed;
         BindSlots();
         m_views.chart.AppendPoints(m_sample.values);
+        if (m_keeper) m_keeper->Take(source.Seconds(), m_sample, m_module);
         UpdateMeters();
         SelectFirstSlotOnce();
         RedrawIfAsked();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/RecordSource.h"
+#include "link/SampleKeeper.h"
 #include "logs/CurrentModule.h"
 #include "model/RecordBuffer.h"
 #include "plot/binding/FuelFigures.h"
@@ -13,8 +14,9 @@ namespace plotvane {
 // Takes each sample from its source to the chart and the meters.
 class AcquisitionLoop {
 public:
-    // All references must outlive the loop.
-    AcquisitionLoop(Sample& sample, const Views& views, CurrentModule& module, FuelUnits fuelUnits);
+    // All references must outlive the loop, and so must the keeper, if there is one.
+    AcquisitionLoop(Sample& sample, const Views& views, CurrentModule& module, FuelUnits fuelUnits,
+                    SampleKeeper* keeper);
 
     // Passes records on until the source has no more, a record is malformed, or the run has ended. It runs
     // inside a message handler. While the source waits, it dispatches messages, so any other handler may run
@@ -36,6 +38,7 @@ private:
     RunState& m_state;
     Views m_views;
     CurrentModule& m_module;
+    SampleKeeper* const m_keeper;
     SlotSelection m_selection;
     FuelFigures m_fuel;
     TraceScaling m_scaling;

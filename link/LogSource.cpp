@@ -36,6 +36,7 @@ int LogSource::OpenLogFile() {
 
 bool LogSource::ReadHeader(SlotTable& slots) {
     m_isStepDone = false;
+    m_clock = {};
     if (!m_reader.Open(m_log)) {
         m_window.ShowMessage(IDS_CANNOT_OPEN_FILE, IDS_ERROR);
         return false;
@@ -57,6 +58,7 @@ std::optional<RunEnd> LogSource::Read(RecordBuffer& record, const LoopRun& run) 
     if (run.Ended()) return RunEnd::Interrupted;  // a long row dispatches messages
     switch (row) {
         case LogRow::Complete:
+            m_clock.Take(m_reader.Stamps());
             return std::nullopt;
         case LogRow::Ended:
             break;

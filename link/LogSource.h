@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "link/LogClock.h"
 #include "link/RecordSource.h"
 #include "link/RunWatch.h"
 #include "logs/LogReader.h"
@@ -53,6 +54,7 @@ public:
 
     // RecordSource.
     std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run) override;
+    double Seconds() override { return m_clock.Seconds(); }
 
 private:
     bool ReadHeader(SlotTable& slots);
@@ -63,6 +65,7 @@ private:
     MainWindow& m_window;
     RunWatch m_watch;  // keeps the window alive while long lines are read
     LogReader m_reader;
+    LogClock m_clock;
     bool m_isOpening = false;
     bool m_isBeingRead = false;
     bool m_isStepDone = false;    // a halt came between the step to the next row and the row itself

@@ -23,6 +23,9 @@ struct RecordSource {
     // Waits for the next record and keeps the window alive meanwhile. Returns nothing once the buffer holds
     // the record; otherwise the reason why the loop must return.
     virtual std::optional<RunEnd> Read(RecordBuffer& record, const LoopRun& run) = 0;
+
+    // The time of the record that was read last, in seconds: by the log, or by a clock that never goes back.
+    virtual double Seconds() = 0;
 };
 
 }  // namespace plotvane

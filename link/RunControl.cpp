@@ -33,6 +33,7 @@ RunControl::RunControl(Sample& sample, const AcquisitionViews& views, CurrentMod
       m_window(views.window),
       m_module(module),
       m_loop(loop),
+      m_keeper(views.keeper),
       m_pacing(sample, views, pump),
       m_live(pipe, pump),
       m_log(sample.state, m_pacing, views.window, pump) {}
@@ -82,7 +83,7 @@ RunEnd RunControl::Run(const LoopRun& run) {
     RunEnd end = m_loop.Run(source, run);
     while (end == RunEnd::Halted) {
         TogglePlaying();
-        if (!m_state.playing) m_pacing.WaitWhilePaused(run);
+        if (!m_state.playing) Hold(run);
         end = m_loop.Run(source, run);
     }
     return end;
@@ -139,7 +140,7 @@ void RunControl::Pause() {
     } else if (m_state.reopenLog) {
         ReplayAgain();
     } else if (!m_state.playing) {
-        m_pacing.WaitWhilePaused(LoopRun(m_state));
+        Hold(LoopRun(m_state));
     }
 }
 
@@ -151,6 +152,11 @@ void RunControl::ShowState() {
 // Nobody touches a key during a drive. A record that is malformed ends the data too.
 void RunControl::StayAwakeForData() {
     m_window.StayAwake(m_onStack && !m_state.stopped && m_state.playing);
+}
+
+void RunControl::Hold(const LoopRun& run) {
+    if (m_keeper) m_keeper->MarkGap();
+    m_pacing.WaitWhilePaused(run);
 }
 
 void RunControl::TogglePlaying() {

@@ -13,6 +13,7 @@ namespace plotvane {
 struct AcquisitionViews : Views {
     RunButtons& buttons;
     MainWindow& window;
+    SampleKeeper* keeper = nullptr;  // null: nobody keeps the samples
 };
 
 // Starts runs of the loop and ends them: what the buttons Stop, Pause and Load log file do, and what follows
@@ -23,7 +24,7 @@ struct AcquisitionViews : Views {
 // after the last run, whatever has ended it.
 class RunControl {
 public:
-    // All references must outlive this object.
+    // All references must outlive this object, and so must the keeper, if there is one.
     RunControl(Sample& sample, const AcquisitionViews& views, CurrentModule& module, AcquisitionLoop& loop,
                HostPipe& pipe, MessagePump& pump);
 
@@ -53,6 +54,7 @@ private:
     RunEnd Run(const LoopRun& run);
     void ActOn(RunEnd end);
     void TogglePlaying();
+    void Hold(const LoopRun& run);
     void ReplayAgain();
     LogSource::Opening OpenLog();
     void Replay();
@@ -67,6 +69,7 @@ private:
     MainWindow& m_window;
     CurrentModule& m_module;
     AcquisitionLoop& m_loop;
+    SampleKeeper* const m_keeper;
     ReplayPacing m_pacing;
     LiveSource m_live;
     LogSource m_log;

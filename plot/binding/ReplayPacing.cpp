@@ -9,14 +9,21 @@
 namespace plotvane {
 namespace {
 
-constexpr double kJumpSeconds = 5.0;      // a longer step in log time is a gap, not a wait
 constexpr double kLongestJumpWait = 1.0;  // the seconds that it waits instead
-constexpr double kFirstStep = 0.25;       // seconds assumed where a row has no stamp
 constexpr double kStepCostMs = 5.0;       // of the work that a row takes besides the wait
 constexpr double kLatestMs = 50.0;        // a step that is later than this is not made up for
 constexpr int kLongestSleepMs = 1000;     // a click ends any sleep
 
+LogStamps::const_iterator FindStamp(const LogStamps& stamps) {
+    return std::ranges::find_if(stamps, [](double seconds) { return seconds != 0.0; });
+}
+
 }  // namespace
+
+double FirstStamp(const LogStamps& stamps) {
+    const auto stamp = FindStamp(stamps);
+    return stamp == stamps.end() ? 0.0 : *stamp;
+}
 
 void ReplayPacing::Restart() {
     m_previous.fill(0.0);
@@ -25,11 +32,11 @@ void ReplayPacing::Restart() {
 }
 
 bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
-    const auto stamp = std::ranges::find_if(stamps, [](double seconds) { return seconds != 0.0; });
+    const auto stamp = FindStamp(stamps);
     const bool stamped = stamp != stamps.end();
     const double now = stamped ? *stamp : 0.0;
     const double before =
-        stamped ? m_previous[static_cast<std::size_t>(stamp - stamps.begin())] : -kFirstStep;
+        stamped ? m_previous[static_cast<std::size_t>(stamp - stamps.begin())] : -kUnstampedStep;
 
     double step = now - before;
     if (step > kJumpSeconds) {

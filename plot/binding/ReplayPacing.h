@@ -15,6 +15,12 @@ namespace plotvane {
 // Time stamps of a log row in seconds, one a chart row; 0 where the row has none.
 using LogStamps = std::array<double, kSlotRows>;
 
+// The first stamp of a row that is not 0; 0 if it has none.
+double FirstStamp(const LogStamps& stamps);
+
+constexpr double kJumpSeconds = 5.0;     // a longer step in log time is a gap, not a wait
+constexpr double kUnstampedStep = 0.25;  // seconds from the row before to a row without a stamp
+
 // The time axis: the pace of a replay, and the gaps that a jump in time or a pause leaves in the chart.
 class ReplayPacing {
 public:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "model/FieldSlot.h"
 #include "model/RunState.h"
 #include "plot/chart/TraceChart.h"
@@ -18,6 +20,11 @@ struct Sample {
     const DefaultScaling& defaults;
     ModuleScaling& ranges;
     TraceValues values{};
+
+    // A bit for each trace: whether the chart draws it, and whether the A/F button of its slot counts, which
+    // it does in a lambda group without a unit.
+    std::uint16_t drawn = 0;
+    std::uint16_t airFuelOn = 0;
 
     ScaleRange RangeOf(const FieldSlot& slot) const { return ranges.RangeOf(slot.group, slot.field); }
 

@@ -15,6 +15,8 @@ public:
     // Selects a slot, or (0, 0) if that one is not active.
     void SelectSlot(int row, int column);
 
+    int Slot() const { return SlotOf(m_row, m_column); }
+
     // One slot forward or back, row by row; stays at the last and at the first.
     void SelectNext();
     void SelectPrevious();

@@ -44,6 +44,7 @@ void TenChannels::UpdateChannels() {
     m_views.panel.HideFrame(0);
     for (int slot = 0; slot < kSlotCount; ++slot) m_views.panel.SetTraceShown(slot, false);
 
+    unsigned drawn = 0;
     for (int channel = 0; channel < kChannelCount; ++channel) {
         const double value = m_sample.slots.channelValues[channel];
         m_text.clear();
@@ -52,10 +53,13 @@ void TenChannels::UpdateChannels() {
 
         const bool shown = m_views.panel.IsChannelShown(channel);
         m_sample.values[channel] = shown ? value : kLowest;
+        if (shown) drawn |= 1U << channel;
         m_views.panel.SetChannelSwatch(
             channel, shown ? m_views.chart.GetTraceColor(channel) : m_views.panel.InactiveColour());
     }
     m_sample.values[10] = m_sample.values[11] = kLowest;
+    m_sample.drawn = static_cast<std::uint16_t>(drawn);
+    m_sample.airFuelOn = 0;
 
     for (int slot = SlotOf(1, 0); slot < kSlotCount; ++slot) {
         WriteValueAndUnit(m_text, m_sample.slots[slot]);

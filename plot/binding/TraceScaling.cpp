@@ -9,6 +9,10 @@ namespace {
 // What a field of a new table reads: limits that nobody has chosen yet.
 constexpr ScaleRange kNotSet{};
 
+void Include(std::uint16_t& traces, int trace) {
+    traces = static_cast<std::uint16_t>(traces | 1U << trace);
+}
+
 }  // namespace
 
 void WriteValueAndUnit(std::string& text, const FieldSlot& slot) {
@@ -30,6 +34,8 @@ void TraceScaling::ApplyLoadedRanges() {
 }
 
 void TraceScaling::UpdateSlots() {
+    m_sample.drawn = 0;
+    m_sample.airFuelOn = 0;
     if (m_sample.state.obdFile) {
         WritePidValues();
     } else {
@@ -76,7 +82,10 @@ void TraceScaling::PrepareSlot(int slot) {
     }
     // A newly used slot is drawn at once; one that its user has unchecked stays unchecked.
     if (field.lastGroup <= 0) m_views.panel.SetTraceShown(slot, true);
-    if (IsLambdaGroup(field.group)) ApplyAirFuelRule(slot);
+    if (IsLambdaGroup(field.group)) {
+        ApplyAirFuelRule(slot);
+        if (field.unit.empty() && m_views.panel.IsAirFuelOn(slot)) Include(m_sample.airFuelOn, slot);
+    }
     // Where an unchecked trace runs: along the bottom edge.
     m_sample.values[slot] = m_sample.RangeOf(field).min;
     TakeUnitDefaults(slot);
@@ -120,6 +129,7 @@ void TraceScaling::BindSlot(int slot) {
         return;
     }
     if (m_sample.slots[slot].rangeChanged) ApplyRangeAndUnits(slot);
+    Include(m_sample.drawn, slot);
     m_sample.values[slot] = m_sample.slots[slot].value;
     m_views.panel.SetSwatch(slot, m_views.chart.GetTraceColor(slot));
 }

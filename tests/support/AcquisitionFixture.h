@@ -11,6 +11,17 @@
 
 namespace plotvane::test {
 
+// Passes samples on to the keeper that a test sets.
+struct AnyKeeper : SampleKeeper {
+    void MarkGap() override {
+        if (keeper) keeper->MarkGap();
+    }
+    void Take(double seconds, const Sample& sample, const CurrentModule& module) override {
+        if (keeper) keeper->Take(seconds, sample, module);
+    }
+    SampleKeeper* keeper = nullptr;
+};
+
 // The whole acquisition on fake views, with a scripted pipe and a fake clock, in a working folder of its own.
 class AcquisitionFixture : public testing::Test {
 protected:
@@ -38,8 +49,9 @@ protected:
     FakePump pump;
     ScriptedPipe pipe;
     FakeDialog dialog;
+    AnyKeeper keeper;
     Acquisition acquisition{data,
-                            {{chart, panel, meters}, dialog, dialog},
+                            {{chart, panel, meters}, dialog, dialog, &keeper},
                             pipe,
                             pump,
                             {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}};
