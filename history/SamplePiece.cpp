@@ -17,7 +17,7 @@ void SamplePiece::Add(int at, double seconds, const std::array<double, kSlotCoun
 
 SamplePiece::Extremes SamplePiece::ExtremesOf(int trace, int begin, int end) const {
     if (begin == 0 && end == kSamples) return OfAll(trace);
-    const std::array<double, kSamples>& values = m_values[Index(trace)];
+    const auto& values = m_values[Index(trace)];
     Extremes found{values[Index(begin)], values[Index(begin)]};
     while (begin < end) {
         if (begin % kLargeRun == 0 && end - begin >= kLargeRun) {

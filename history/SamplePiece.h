@@ -51,6 +51,7 @@ private:
         Place lowest;
         Place highest;
     };
+    static constexpr int kPadding = 8;
     static constexpr int kSmallRuns = kSamples / kSmallRun;
     static constexpr int kLargeRuns = kSamples / kLargeRun;
 
@@ -66,7 +67,9 @@ private:
     void Widen(int trace, Places<Place>& sum, int sumBegin, int lowest, int highest);
 
     std::array<double, kSamples> m_seconds;
-    std::array<std::array<double, kSamples>, kSlotCount> m_values;
+    // A little longer than needed: columns that lie a power of two apart would share a few lines of the
+    // cache.
+    std::array<std::array<double, kSamples + kPadding>, kSlotCount> m_values;
     std::array<std::uint16_t, kSamples> m_drawn;
     std::bitset<kSamples> m_breaks;
 

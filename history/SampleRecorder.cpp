@@ -9,10 +9,19 @@ namespace {
 constexpr double kChannelLower = -1.0;
 constexpr double kChannelUpper = 256.0;
 
+// Units have a few letters; twelve calls of the library would cost more than this loop.
+bool IsSameText(std::string_view one, std::string_view other) {
+    if (one.size() != other.size()) return false;
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        if (one[i] != other[i]) return false;
+    }
+    return true;
+}
+
 bool IsStillShown(const ShownField& field, const RecordedTrace& trace) {
     return field.isActive == trace.isActive && field.group == trace.group && field.field == trace.field &&
            field.isRatio == trace.isRatio && field.lower == trace.lower && field.upper == trace.upper &&
-           field.unit == trace.unit;
+           IsSameText(field.unit, trace.unit);
 }
 
 }  // namespace
