@@ -7,12 +7,15 @@
 
 #include "framework/Clipboard.h"
 #include "framework/Text.h"
+#include "history/TextFont.h"
 
 namespace plotvane {
 namespace {
 
 constexpr UINT_PTR kRefreshTimer = 1;
+constexpr UINT_PTR kSaveTimer = 2;  // while samples are saved
 constexpr UINT kRefreshMs = 100;
+constexpr UINT kSaveMs = 20;  // the data that flows has most of them
 constexpr int kWidth = 1000;
 constexpr int kHeight = 690;  // three lines for each of twelve traces
 constexpr int kFromOwnerPx = 40;
@@ -26,12 +29,6 @@ const wchar_t* WindowClass() {
     constexpr const wchar_t* kName = L"PlotvaneHistory";
     RegisterWindowClass(kName, 0, ::LoadCursorW(nullptr, IDC_CROSS));
     return kName;
-}
-
-// That of the chart's labels.
-CFont CreateTextFont() {
-    return CFont{::CreateFontW(14, 0, 0, 0, 300, FALSE, FALSE, FALSE, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
-                               CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FF_SWISS, L"Arial")};
 }
 
 // A little aside of the owner, on its screen.
@@ -56,7 +53,10 @@ bool IsKeyDown(int key) {
 void DrawTexts(CDC& dc, const std::vector<PlacedText>& texts) {
     dc.SetBkMode(TRANSPARENT);
     for (const PlacedText& text : texts) {
+        // Letters may be a little wider than Windows says.
+        constexpr int kOverhangPx = 2;
         const CRect place(text.place.left, text.place.top, text.place.right, text.place.bottom);
+        const CRect clip(place.left, place.top, place.right + kOverhangPx, place.bottom);
         int x = place.left;
         UINT align = TA_LEFT;
         if (text.side == PlacedText::Side::Right) {
@@ -69,7 +69,7 @@ void DrawTexts(CDC& dc, const std::vector<PlacedText>& texts) {
         dc.SetTextAlign(align | TA_TOP);
         dc.SetTextColor(text.colour);
         const WideText wide(text.text);
-        ::ExtTextOutW(dc.GetSafeHdc(), x, place.top, ETO_CLIPPED, &place, wide.c_str(),
+        ::ExtTextOutW(dc.GetSafeHdc(), x, place.top, ETO_CLIPPED, &clip, wide.c_str(),
                       static_cast<UINT>(wide.Length()), nullptr);
     }
 }
@@ -93,13 +93,17 @@ BEGIN_MESSAGE_MAP(CHistoryWnd, CWnd)
     ON_MESSAGE(WM_MOUSEWHEEL, OnWheel)
 END_MESSAGE_MAP()
 
-bool CHistoryWnd::Open(HWND owner) {
+bool CHistoryWnd::Open(HWND owner, int trace) {
     if (m_hWnd) {
+        m_state->PreferScaleOf(trace);
+        Invalidate(false);
         ShowWindow(IsIconic() ? SW_RESTORE : SW_SHOW);
         ::SetForegroundWindow(m_hWnd);
         return true;
     }
+    m_saves.Forget();
     m_state.emplace(m_recording);
+    m_state->PreferScaleOf(trace);
     m_font = CreateTextFont();
     {
         CClientDC screen(nullptr);
@@ -115,6 +119,8 @@ bool CHistoryWnd::Open(HWND owner) {
 
 void CHistoryWnd::OnDestroy() {
     KillTimer(kRefreshTimer);
+    KillTimer(kSaveTimer);
+    m_saves.Cancel();
     m_drag.reset();
     m_picture.reset();
     m_layout.reset();
@@ -138,7 +144,14 @@ void CHistoryWnd::OnSize(UINT type, int width, int height) {
     Invalidate(false);
 }
 
-void CHistoryWnd::OnTimer(UINT_PTR) {
+void CHistoryWnd::OnTimer(UINT_PTR timer) {
+    if (timer == kSaveTimer) {
+        const std::string before = m_saves.Note();
+        m_saves.GoOn();
+        if (!m_saves.IsGoing()) KillTimer(kSaveTimer);
+        if (m_saves.Note() != before) Invalidate(false);
+        return;
+    }
     TakeWhatIsNew();
     if (m_recording.Run() != m_titledRun) ShowTitle();
 }
@@ -160,7 +173,9 @@ void CHistoryWnd::Draw() {
     m_list = ListOf(*m_state);
     m_layout.emplace(m_picture->Width(), m_picture->Height(), m_lineHeight, static_cast<int>(m_list.size()));
     const HistoryLook look = LookOf(m_prefs);
-    const HistoryPicture picture(*m_state, look, *m_layout, m_list, RecordedNote(*m_state));
+    std::string note = m_saves.Note();
+    if (note.empty()) note = RecordedNote(*m_state);
+    const HistoryPicture picture(*m_state, look, *m_layout, m_list, std::move(note));
     picture.Paint({m_picture->Pixels().data(), m_picture->Width(), m_picture->Height()});
     CDC dc(m_picture->Dc());
     const Selected fontInDc(dc, m_font);
@@ -169,22 +184,31 @@ void CHistoryWnd::Draw() {
 
 LRESULT CHistoryWnd::OnKey(WPARAM key, LPARAM) {
     TakeWhatIsNew();
+    m_saves.Forget();
+    const bool isShifted = IsKeyDown(VK_SHIFT);
     const bool isHandled =
-        IsKeyDown(VK_CONTROL) ? HandleControlKey(key, IsKeyDown(VK_SHIFT)) : HandlePlainKey(key);
+        IsKeyDown(VK_CONTROL) ? HandleControlKey(key, isShifted) : HandlePlainKey(key, isShifted);
     if (!isHandled) return Default();
-    // Esc has closed the window.
+    // Esc, or what came while a file was asked for, has closed the window.
     if (m_hWnd) Invalidate(false);
     return 0;
 }
 
-bool CHistoryWnd::HandlePlainKey(WPARAM key) {
+// Moves what the user holds: a fixed cursor by a pixel, else the view.
+void CHistoryWnd::HandleArrow(int step, bool isShifted) {
+    if (!m_state->IsFixed()) return m_state->MoveBy(step * m_state->View().Width() * kMoveShare);
+    isShifted ? m_state->MoveSecond(step) : m_state->MoveCursor(step);
+}
+
+bool CHistoryWnd::HandlePlainKey(WPARAM key, bool isShifted) {
     const double width = m_state->View().Width();
     switch (key) {
         case VK_LEFT:
-            m_state->MoveBy(-width * kMoveShare);
-            return true;
         case VK_RIGHT:
-            m_state->MoveBy(width * kMoveShare);
+            HandleArrow(key == VK_LEFT ? -1 : 1, isShifted);
+            return true;
+        case VK_RETURN:
+            m_state->ToggleFixed();
             return true;
         case VK_PRIOR:
             m_state->MoveBy(-width * kPageShare);
@@ -208,7 +232,11 @@ bool CHistoryWnd::HandlePlainKey(WPARAM key) {
             if (const auto front = m_state->Front()) m_state->ToggleHidden(*front);
             return true;
         case VK_ESCAPE:
-            DestroyWindow();
+            if (m_saves.IsGoing()) {
+                m_saves.Cancel();
+            } else {
+                DestroyWindow();
+            }
             return true;
         default:
             return false;
@@ -242,6 +270,9 @@ bool CHistoryWnd::HandleControlKey(WPARAM key, bool isShifted) {
                 CopyPicture();
             }
             return true;
+        case 'S':
+            Save(isShifted);
+            return true;
         default:
             return false;
     }
@@ -253,6 +284,17 @@ void CHistoryWnd::CopyPicture() {
     CopyPictureToClipboard(m_hWnd, *m_picture);
 }
 
+// While a dialog is over the window, only a message that somebody posts can ask for another.
+void CHistoryWnd::Save(bool samples) {
+    if (!::IsWindowEnabled(m_hWnd) || !m_picture || !*m_picture) return;
+    if (!samples) {
+        Draw();
+        return m_saves.SavePicture(m_hWnd, *m_picture, m_recording);
+    }
+    m_saves.SaveSamples(m_hWnd, *m_state);
+    if (m_hWnd && m_saves.IsGoing()) SetTimer(kSaveTimer, kSaveMs);
+}
+
 bool CHistoryWnd::IsOverPlot(int x, int y) const {
     const PixelRect& plot = m_layout->Plot();
     return x >= plot.left && x < plot.right && y >= plot.top && y < plot.bottom;
@@ -260,6 +302,7 @@ bool CHistoryWnd::IsOverPlot(int x, int y) const {
 
 LRESULT CHistoryWnd::OnButtonDown(WPARAM, LPARAM place) {
     TakeWhatIsNew();
+    m_saves.Forget();
     const int x = GET_X_LPARAM(place);
     const int y = GET_Y_LPARAM(place);
     if (!m_layout) return 0;

@@ -9,6 +9,7 @@
 #include "framework/Wnd.h"
 #include "history/HistoryLayout.h"
 #include "history/HistoryPicture.h"
+#include "history/HistorySaves.h"
 #include "history/LookBack.h"
 #include "history/Recording.h"
 #include "scaling/Prefs.h"
@@ -26,8 +27,9 @@ public:
     // Both are read when they are needed, and must outlive this.
     CHistoryWnd(const Recording& recording, const Prefs& prefs) : m_recording(recording), m_prefs(prefs) {}
 
-    // Shows the window, over a part of its owner, or brings it to the front. False if Windows refuses.
-    bool Open(HWND owner);
+    // Shows the window, over a part of its owner, or brings it to the front. At the axis stands the scale of
+    // that trace, if it is shown. False if Windows refuses.
+    bool Open(HWND owner, int trace);
 
 private:
     struct Drag {
@@ -50,13 +52,15 @@ private:
     LRESULT OnWheel(WPARAM turn, LPARAM place);
 
     void TakeWhatIsNew();
-    bool HandlePlainKey(WPARAM key);
+    bool HandlePlainKey(WPARAM key, bool isShifted);
+    void HandleArrow(int step, bool isShifted);
     bool HandleControlKey(WPARAM key, bool isShifted);
     void ClickList(int x, int y);
     int ColumnAt(int x) const { return x - m_layout->Plot().left; }
     bool IsOverPlot(int x, int y) const;
     void Draw();
     void CopyPicture();
+    void Save(bool samples);
     void ShowTitle();
     DECLARE_MESSAGE_MAP()
 
@@ -72,6 +76,7 @@ private:
     int m_lineHeight = 1;
     std::uint32_t m_titledRun = 0;  // of the recording; the title tells it
     std::optional<Drag> m_drag;
+    HistorySaves m_saves;
 };
 
 }  // namespace plotvane

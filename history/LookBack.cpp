@@ -112,6 +112,27 @@ void LookBack::StepSecond(std::int64_t samples) {
     m_second = Stepped(m_second ? m_second : m_fixed, samples);
 }
 
+void LookBack::ToggleFixed() {
+    if (!m_fixed) return StepCursor(0);
+    m_second.reset();
+    m_fixed.reset();
+}
+
+void LookBack::MoveCursor(int columns) {
+    StepCursor(SamplesTo(m_fixed, columns));
+}
+
+void LookBack::MoveSecond(int columns) {
+    StepSecond(SamplesTo(m_second ? m_second : m_fixed, columns));
+}
+
+std::int64_t LookBack::SamplesTo(std::optional<std::int64_t> from, int columns) const {
+    if (!from) return 0;
+    const double seconds = m_recording.Seconds(*from) + columns * m_view.Length() / m_view.Width();
+    const std::int64_t samples = m_recording.LastUntil(seconds) - *from;
+    return columns < 0 ? std::min<std::int64_t>(samples, -1) : std::max<std::int64_t>(samples, 1);
+}
+
 std::optional<std::int64_t> LookBack::Cursor() const {
     if (m_fixed || !m_pointer || m_recording.IsEmpty()) return m_fixed;
     return SampleAt(*m_pointer);
@@ -161,6 +182,7 @@ void LookBack::StepFront(int step) {
 
 std::optional<int> LookBack::ScaleTrace() const {
     if (m_front && IsShown(*m_front)) return m_front;
+    if (IsShown(m_preferred)) return m_preferred;
     for (int trace = 0; trace < kSlotCount; ++trace) {
         if (IsShown(trace)) return trace;
     }

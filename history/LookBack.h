@@ -42,10 +42,17 @@ public:
     void Fix(int column);
     void FixSecond(int column);
 
+    // The same by keys: fixes the cursor where it is, or lets it go.
+    void ToggleFixed();
+
     // Moves a cursor by so many samples and shows it; one that is not there comes to where the pointer or the
     // view is.
     void StepCursor(std::int64_t samples);
     void StepSecond(std::int64_t samples);
+
+    // The same by so many columns, and by one sample at least.
+    void MoveCursor(int columns);
+    void MoveSecond(int columns);
 
     // The samples that the cursors stand on.
     bool IsFixed() const { return m_fixed.has_value(); }
@@ -74,13 +81,16 @@ public:
     // The next trace that is shown comes to the front; after the last one none. A negative step goes back.
     void StepFront(int step);
 
-    // The trace whose scale stands at the axis: the one in front, else the first that is not hidden.
+    // The trace whose scale stands at the axis: the one in front, else the preferred one, else the first; of
+    // those that are not hidden.
     std::optional<int> ScaleTrace() const;
+    void PreferScaleOf(int trace) { m_preferred = trace; }
 
 private:
     bool IsShown(int trace) const;
     std::int64_t SampleAt(int column) const;
     std::optional<std::int64_t> Stepped(std::optional<std::int64_t> from, std::int64_t samples);
+    std::int64_t SamplesTo(std::optional<std::int64_t> from, int columns) const;
     double TimeOfTenSamplesAbout(double seconds) const;
     void StartOver();
 
@@ -95,6 +105,7 @@ private:
     std::optional<std::int64_t> m_second;
     std::uint16_t m_hidden = 0;  // a bit a trace
     std::optional<int> m_front;
+    int m_preferred = 0;
 };
 
 }  // namespace plotvane

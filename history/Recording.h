@@ -70,6 +70,8 @@ public:
     // until the next Begin, when the system has no memory left; what was recorded stays.
     bool Add(double seconds, const Values& values, std::uint16_t drawn);
 
+    // Ends the recording until the next Begin, as if there had been no memory for a sample.
+    void GiveUp() { m_hasEnded = true; }
     bool HasEnded() const { return m_hasEnded; }
 
     // The samples that are kept: Begin() is the first, End() one past the last.

@@ -144,7 +144,8 @@ CursorTexts TimesOfCursors(const LookBack& state) {
 
 std::string RecordedNote(const LookBack& state) {
     const Recording& recording = state.Samples();
-    if (recording.IsEmpty()) return "nothing recorded yet";
+    if (recording.IsEmpty())
+        return recording.HasEnded() ? "no memory is left, so nothing is recorded" : "nothing recorded yet";
     const double seconds = recording.Seconds(recording.End() - 1) - recording.Seconds(recording.Begin());
     std::string note = DurationText(seconds) + " recorded";
     if (state.View().IsFollowing()) note += ", following";

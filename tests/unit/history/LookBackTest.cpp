@@ -168,6 +168,49 @@ TEST_F(LookBackTest, MovesCursorsBySamplesAndShowsThem) {
     EXPECT_EQ(state.Second(), 999);
 }
 
+// A column of the view is two samples wide.
+TEST_F(LookBackTest, MovesCursorsByColumnsAndShowsThem) {
+    Record(121);
+    LookBack state = Opened();
+    state.ShowAll();
+    state.Fix(30);
+    ASSERT_EQ(state.Cursor(), 61);
+    state.MoveCursor(1);
+    EXPECT_EQ(state.Cursor(), 63);
+    state.MoveCursor(-2);
+    EXPECT_EQ(state.Cursor(), 59);
+    state.MoveSecond(3);
+    EXPECT_EQ(state.Cursor(), 59);
+    EXPECT_EQ(state.Second(), 65);
+    state.MoveCursor(-1000);
+    EXPECT_EQ(state.Cursor(), 0);
+}
+
+TEST_F(LookBackTest, MovesACursorByASampleAtLeast) {
+    Record(100);
+    LookBack state = Opened(6000);
+    state.Fix(3000);
+    const auto fixed = *state.Cursor();
+    state.MoveCursor(1);
+    EXPECT_EQ(state.Cursor(), fixed + 1);
+    state.MoveCursor(-1);
+    EXPECT_EQ(state.Cursor(), fixed);
+}
+
+TEST_F(LookBackTest, FixesTheCursorWhereItIsAndLetsItGo) {
+    Record(61);
+    LookBack state = Opened();
+    state.PointAt(10);
+    state.ToggleFixed();
+    state.PointAt(40);
+    EXPECT_EQ(state.Cursor(), 10);
+    state.StepSecond(5);
+    state.ToggleFixed();
+    EXPECT_FALSE(state.IsFixed());
+    EXPECT_FALSE(state.Second());
+    EXPECT_EQ(state.Cursor(), 40);
+}
+
 TEST_F(LookBackTest, LosesCursorsWithTheirSamples) {
     Record(100);
     LookBack state = test::LookAtAll(m_recording, 100);
@@ -199,6 +242,24 @@ TEST_F(LookBackTest, BringsATraceToTheFrontAndAllBackAgain) {
     EXPECT_FALSE(state.IsHidden(3));
     state.ToggleFront(3);
     EXPECT_FALSE(state.Front());
+}
+
+TEST_F(LookBackTest, PrefersAScaleUnlessItsTraceIsHidden) {
+    RecordedTraces traces = test::SpeedAlone();
+    traces[3] = traces[5] = test::SpeedTrace();
+    m_recording.BeginStretch(traces);
+    Record(10);
+    LookBack state = Opened();
+    EXPECT_EQ(state.ScaleTrace(), 0);
+    state.PreferScaleOf(5);
+    EXPECT_EQ(state.ScaleTrace(), 5);
+    state.ToggleFront(3);
+    EXPECT_EQ(state.ScaleTrace(), 3);
+    state.ToggleFront(3);
+    state.ToggleHidden(5);
+    EXPECT_EQ(state.ScaleTrace(), 0);
+    state.PreferScaleOf(9);  // shows nothing
+    EXPECT_EQ(state.ScaleTrace(), 0);
 }
 
 TEST_F(LookBackTest, StepsTheFrontThroughWhatIsShownAndThroughNone) {

@@ -1,15 +1,22 @@
 #include "history/HistoryWnd.h"
 
+#include <dlgs.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <string>
+#include <thread>
 
 #include "framework/Text.h"
+#include "history/TextFont.h"
 #include "plot/chart/ChartPixels.h"
+#include "tests/support/TempFolder.h"
 #include "tests/windows/framework/TestWnd.h"
+#include "tests/windows/support/DialogUser.h"
 
 namespace plotvane {
 namespace {
@@ -26,7 +33,7 @@ protected:
         traces[0] = {true, 1, 0, false, "/min", "Speed", 0.0, 100.0};
         m_recording.BeginStretch(traces);
         for (int i = 0; i < 100; ++i) Add(50.0);
-        EXPECT_TRUE(m_window.Open(m_owner.m_hWnd));
+        EXPECT_TRUE(m_window.Open(m_owner.m_hWnd, 0));
         Paint();
     }
     ~HistoryWndTest() override {
@@ -34,8 +41,8 @@ protected:
         m_window.DestroyWindow();
     }
 
-    void Add(double value) {
-        m_recording.Add(static_cast<double>(m_recording.End()), Recording::Values{value}, 1);
+    void Add(double value, std::uint16_t drawn = 1) {
+        m_recording.Add(static_cast<double>(m_recording.End()), Recording::Values{value}, drawn);
     }
     void Paint() {
         test::DispatchAll();
@@ -57,6 +64,49 @@ protected:
         Mouse(WM_LBUTTONDOWN, x, y, keys | MK_LBUTTON);
         Mouse(WM_LBUTTONUP, x, y, keys);
         Paint();
+    }
+
+    void Wheel(int notches, int x) {
+        POINT place{x, 100};
+        ::ClientToScreen(m_window.m_hWnd, &place);
+        m_window.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
+                             MAKELPARAM(place.x, place.y));
+        Paint();
+    }
+
+    // The time under the cursor, by the table.
+    int CursorSecond() {
+        Press('C', true, true);
+        return std::stoi(ClipboardText().substr(10));  // after "Name", "Unit" and two tabs
+    }
+
+    // In an entry of three lines.
+    int EntryTop(int entry) const {
+        const CFont font = CreateTextFont();
+        CClientDC screen(nullptr);
+        const Selected fontInDc(screen, font);
+        return 8 + entry * (3 * static_cast<int>(screen.GetTextMetrics().tmHeight) + 6);
+    }
+
+    // Presses Ctrl+S or Ctrl+Shift+S, while somebody sits in front of the dialog.
+    void Save(bool samples, const std::function<void(test::DialogUser&)>& answer) {
+        test::DialogUser user(samples ? L"Save the samples" : L"Save the picture");
+        const std::jthread person([&] { user.Follow(answer); });
+        Press('S', true, samples);
+    }
+    void SaveAs(const std::filesystem::path& path, bool samples) {
+        Save(samples, [&](const test::DialogUser& user) {
+            const HWND name = user.Control(user.Control(cmb13) ? cmb13 : edt1);
+            ::SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+            user.Click(IDOK);
+            user.Ends();
+        });
+    }
+    void FinishSaving() {
+        for (int i = 0; i < 100; ++i) m_window.SendMessage(WM_TIMER, kSaveTimer);
+    }
+    static std::ptrdiff_t LinesOf(const std::filesystem::path& file) {
+        return std::ranges::count(test::BytesOf(file), '\n');
     }
 
     // Where on the plot the colour is, in pixels of the window; -1 for nowhere.
@@ -98,6 +148,7 @@ protected:
     }
 
     static constexpr int kPlotLeft = 64;
+    static constexpr WPARAM kSaveTimer = 2;
     static constexpr Colour kTrace = 0x10F0A0;
     static constexpr Colour kGround = 0x281400;
 
@@ -169,6 +220,120 @@ TEST_F(HistoryWndTest, DragsTheViewAndDoesNotTakeThatForAClick) {
     EXPECT_EQ(ClipboardText().substr(0, 14), L"Name\tUnit\t" + ToWide(std::to_string(sample) + ".00"));
 }
 
+TEST_F(HistoryWndTest, MovesAFixedCursorByAPixelAndBySamples) {
+    Press('0', true);  // 99 seconds
+    Click(kPlotLeft + 100, 100);
+    const int atClick = CursorSecond();
+    Press(VK_LEFT, true);
+    EXPECT_EQ(CursorSecond(), atClick - 1);
+    Press(VK_RIGHT);  // less than a sample wide
+    EXPECT_EQ(CursorSecond(), atClick);
+    Press(VK_RETURN);
+    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    EXPECT_EQ(CursorSecond(), 0);
+    Press(VK_RETURN);
+    Mouse(WM_MOUSEMOVE, PlotRight() - 1, 100);
+    EXPECT_EQ(CursorSecond(), 0);
+}
+
+TEST_F(HistoryWndTest, ComparesByKeysAlone) {
+    Press(VK_HOME);
+    Press(VK_RETURN);  // the last in view
+    const int last = CursorSecond();
+    for (int step = 0; step < 3; ++step) Press(VK_LEFT, true, true);
+    Press('C', true, true);
+    EXPECT_NE(ClipboardText().find(L"Difference"), std::wstring::npos);
+    EXPECT_EQ(std::stoi(ClipboardText().substr(10)), last - 3);
+}
+
+TEST_F(HistoryWndTest, ZoomsAboutThePointerByTheWheel) {
+    Press('0', true);
+    const int x = kPlotLeft + (PlotRight() - kPlotLeft) / 4;
+    Mouse(WM_MOUSEMOVE, x, 100);
+    const int pointed = CursorSecond();
+    Wheel(5, x);
+    EXPECT_NEAR(CursorSecond(), pointed, 1);
+    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    // Three quarters of 0.8 to the fifth remain at the left.
+    EXPECT_NEAR(CursorSecond(), pointed - 99 * 0.25 * 0.328, 1.5);
+    Wheel(-20, kPlotLeft);
+    EXPECT_EQ(CursorSecond(), 0);
+}
+
+TEST_F(HistoryWndTest, BringsATraceToTheFrontWithItsScale) {
+    RecordedTraces traces;
+    traces[0] = {true, 1, 0, false, "/min", "Speed", 0.0, 100.0};
+    traces[1] = {true, 1, 1, false, "%", "Load", 0.0, 777.0};
+    m_recording.BeginStretch(traces);
+    for (int i = 0; i < 20; ++i) Add(50.0, 3);
+    m_window.SendMessage(WM_TIMER, 1);
+    Press(VK_END);
+    EXPECT_EQ(ExtentOf(kTrace).bottom - ExtentOf(kTrace).top, 0);
+    Click(PlotRight() + 60, EntryTop(1) + 6);  // its name
+    EXPECT_EQ(ExtentOf(kTrace).left, -1) << "the others are faded";
+    Click(PlotRight() + 60, EntryTop(1) + 6);
+    EXPECT_NE(ExtentOf(kTrace).left, -1);
+    Press(VK_DOWN);
+    EXPECT_NE(ExtentOf(kTrace).left, -1) << "it is in front itself";
+    Press(VK_DOWN);
+    EXPECT_EQ(ExtentOf(kTrace).left, -1);
+}
+
+TEST_F(HistoryWndTest, SavesThePictureThatIsShown) {
+    const test::TempFolder folder;
+    Press('0', true);
+    SaveAs(folder / "drive.png", false);
+    EXPECT_EQ(test::BytesOf(folder / "drive.png").substr(1, 3), "PNG");
+}
+
+TEST_F(HistoryWndTest, SavesTheSamplesInViewOrBetweenTheCursors) {
+    const test::TempFolder folder;
+    Press('0', true);
+    SaveAs(folder / "all.csv", true);
+    FinishSaving();
+    EXPECT_EQ(LinesOf(folder / "all.csv"), 1 + 100);
+    EXPECT_EQ(test::BytesOf(folder / "all.csv").substr(0, 33), "Time (s),Speed (/min)\r\n0.000,50\r\n");
+
+    Click(PlotRight() - 1, 100);
+    Press(VK_LEFT, true, true);
+    SaveAs(folder / "two.csv", true);
+    FinishSaving();
+    EXPECT_EQ(test::BytesOf(folder / "two.csv"), "Time (s),Speed (/min)\r\n98.000,50\r\n99.000,50\r\n");
+}
+
+TEST_F(HistoryWndTest, ALongSaveIsCancelledByEscAndLeavesNothing) {
+    const test::TempFolder folder;
+    for (int i = 0; i < 50'000; ++i) Add(50.0);
+    Press('0', true);
+    SaveAs(folder / "all.csv", true);
+    m_window.SendMessage(WM_TIMER, kSaveTimer);
+    EXPECT_FALSE(std::filesystem::exists(folder / "all.csv"));
+    EXPECT_FALSE(std::filesystem::is_empty(folder.Path()));
+    Press(VK_ESCAPE);
+    ASSERT_NE(m_window.m_hWnd, nullptr);
+    m_window.SendMessage(WM_TIMER, kSaveTimer);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+    Press(VK_ESCAPE);
+    EXPECT_EQ(m_window.m_hWnd, nullptr);
+}
+
+TEST_F(HistoryWndTest, AWindowThatIsClosedGivesItsSaveUp) {
+    const test::TempFolder folder;
+    for (int i = 0; i < 50'000; ++i) Add(50.0);
+    Press('0', true);
+    SaveAs(folder / "all.csv", true);
+    m_window.SendMessage(WM_TIMER, kSaveTimer);
+    m_window.SendMessage(WM_CLOSE);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+    EXPECT_TRUE(m_window.Open(m_owner.m_hWnd, 0));
+}
+
+TEST_F(HistoryWndTest, ADialogThatIsCancelledSavesNothing) {
+    Save(true, [](const test::DialogUser&) {});  // it is cancelled
+    Press(VK_ESCAPE);
+    EXPECT_EQ(m_window.m_hWnd, nullptr) << "nothing was going on that Esc would have cancelled";
+}
+
 TEST_F(HistoryWndTest, CopiesThePicture) {
     Press('C', true);
     EXPECT_TRUE(::IsClipboardFormatAvailable(CF_DIB));
@@ -179,7 +344,7 @@ TEST_F(HistoryWndTest, ClosesByEscAndOpensAgain) {
     const int objects = LivingGdiObjects();
     Press(VK_ESCAPE);
     EXPECT_EQ(m_window.m_hWnd, nullptr);
-    EXPECT_TRUE(m_window.Open(m_owner.m_hWnd));
+    EXPECT_TRUE(m_window.Open(m_owner.m_hWnd, 0));
     Paint();
     EXPECT_EQ(LivingGdiObjects(), objects);
     EXPECT_EQ(ExtentOf(kTrace).left, kPlotLeft);
