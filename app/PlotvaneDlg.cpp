@@ -20,13 +20,14 @@
 namespace plotvane {
 namespace {
 
-// Window timers; each is one-shot.
+// Window timers; each is one-shot. ChartReadOut has another.
 constexpr UINT_PTR kModeTimer = 1;
 constexpr UINT_PTR kLayoutTimer = 2;
 constexpr UINT_PTR kHintTimer = 3;
 constexpr UINT kTimerMs = 100;
 
 constexpr UINT kLogDropped = WM_APP;
+constexpr UINT kOpenHistory = WM_APP + 1;
 
 // The template hides these, because only a replay needs them.
 constexpr std::array kLogControls = {IDC_REPLAY_FASTER, IDC_REPLAY_SLOWER, IDC_REPLAY_SPEED, IDC_ELAPSED,
@@ -63,11 +64,13 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
     ON_WM_CONTEXTMENU()
     ON_WM_ENDSESSION()
     ON_WM_PAINT()
+    ON_MESSAGE(WM_PARENTNOTIFY, OnParentNotify)
     ON_WM_QUERYDRAGICON()
     ON_MESSAGE(WM_SETCURSOR, OnSetCursor)
     ON_WM_SIZE()
     ON_WM_SYSCOMMAND()
     ON_WM_TIMER()
+    ON_MESSAGE(kOpenHistory, OnOpenHistory)
     // Run buttons.
     ON_BN_CLICKED(IDC_STOP, OnStop)
     ON_BN_CLICKED(IDC_PAUSE, OnPause)
@@ -94,7 +97,9 @@ END_MESSAGE_MAP()
 CPlotvaneDlg::CPlotvaneDlg()
     : CDialog(IDD_MAIN),
       m_data(ScalingFolder()),
-      m_chart(m_data.prefs, m_data.state, m_data.slots),
+      m_history(m_data.prefs, LoadText(IDS_FIELD_NUMBER)),
+      m_chart(m_data.prefs, m_data.state, m_data.slots, m_history.Columns()),
+      m_readOut(*this, m_chart, m_history.Samples(), m_history.Columns(), m_data.prefs),
       m_panel(*this, LoadText(IDS_PIXEL_SHIFT)),
       m_meters(*this, m_data, m_chart, LoadMeterTexts()),
       m_buttons(*this),
@@ -103,8 +108,8 @@ CPlotvaneDlg::CPlotvaneDlg()
       m_logDrop([this] { return MayLoadLog(); },
                 [this](std::filesystem::path log) { TakeDrop(std::move(log)); }),
       m_pump(m_data.state),
-      m_acquisition(m_data, {{m_chart, m_panel, m_meters}, m_buttons, *this}, m_pipe, m_pump,
-                    LoadAcquisitionTexts()),
+      m_acquisition(m_data, {{m_chart, m_panel, m_meters}, m_buttons, *this, &m_history.Recorder()}, m_pipe,
+                    m_pump, LoadAcquisitionTexts()),
       m_tipTexts(m_data, m_acquisition.module.Labels(), LoadText),
       m_tips(*this, [this](int control) { return m_tipTexts.Of(control); }),
       m_names([this](int control) { return NameOfControl(control, m_tipTexts); }) {}
@@ -164,6 +169,9 @@ void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
         case kHintTimer:
             if (m_titleBar.StepHint()) SetTimer(kHintTimer, kTimerMs);
             break;
+        case ChartReadOut::kTimer:
+            m_readOut.OnTimer();
+            break;
     }
 }
 
@@ -193,8 +201,9 @@ void CPlotvaneDlg::DecideMode() {
     }
 }
 
-LRESULT CPlotvaneDlg::OnSetCursor(WPARAM, LPARAM mouse) {
+LRESULT CPlotvaneDlg::OnSetCursor(WPARAM window, LPARAM mouse) {
     m_tips.TakeMouseMessage(HIWORD(mouse));
+    m_readOut.TakeMouse(reinterpret_cast<HWND>(window), HIWORD(mouse));
     return Default();
 }
 
@@ -275,6 +284,19 @@ void CPlotvaneDlg::ShowPreferences() {
     ApplyColours();
     m_meters.ApplyPrefs();
     m_data.state.redrawRequest = true;
+}
+
+// The window opens when the press is done. Opened here, it would lose the focus to this one.
+LRESULT CPlotvaneDlg::OnParentNotify(WPARAM what, LPARAM place) {
+    POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    ::ClientToScreen(m_hWnd, &point);
+    if (LOWORD(what) == WM_LBUTTONDOWN && m_history.IsDoubleClickOn(m_chart, point))
+        ::PostMessageW(m_hWnd, kOpenHistory, 0, 0);
+    return Default();
+}
+
+void CPlotvaneDlg::OpenHistory() {
+    if (!m_closing) m_history.Open(m_hWnd, m_acquisition.loop.Selection().Slot());
 }
 
 // Closes only once: a message box or the default handling may send a second WM_CLOSE.

@@ -3,6 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "app/ChartReadOut.h"
+#include "app/DriveChart.h"
+#include "app/DriveHistory.h"
 #include "app/LogDrop.h"
 #include "app/MainLayout.h"
 #include "app/MeterWindows.h"
@@ -20,7 +23,6 @@
 #include "link/ProgramData.h"
 #include "link/WindowPump.h"
 #include "logs/LogFileDialog.h"
-#include "plot/chart/MultiPlotCtrl.h"
 
 namespace plotvane {
 
@@ -49,6 +51,7 @@ private:
     void OnContextMenu(HWND window, POINT screen);
     void OnEndSession(bool isEnding);
     void OnPaint();
+    LRESULT OnParentNotify(WPARAM what, LPARAM place);
     HICON OnQueryDragIcon() { return m_icon.Get(); }
     LRESULT OnSetCursor(WPARAM window, LPARAM mouse);
     void OnSize(UINT type, int width, int height);
@@ -79,6 +82,10 @@ private:
     void OnMileage() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Mileage); }
     void OnConsumption() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Consumption); }
 
+    // Looking back.
+    void OpenHistory();
+    LRESULT OnOpenHistory(WPARAM, LPARAM) { return OpenHistory(), 0; }
+
     // Setting up.
     void AppendSystemMenu();
     void ApplyColours();
@@ -95,7 +102,9 @@ private:
     DECLARE_MESSAGE_MAP()
 
     ProgramData m_data;
-    CMultiPlotCtrl m_chart;
+    DriveHistory m_history;
+    CDriveChart m_chart;
+    ChartReadOut m_readOut;
     SlotControls m_panel;
     MeterWindows m_meters;
     RunButtonControls m_buttons;

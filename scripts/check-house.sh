@@ -22,7 +22,7 @@ plot/binding:    base model scaling plot/chart
 logs:            base framework model scaling res
 history:         base framework model scaling plot/chart
 link:            base framework model scaling plot/chart plot/binding logs res
-app:             base framework controls model scaling meter plot/chart plot/binding logs link res
+app:             base framework controls model scaling meter plot/chart plot/binding logs link history res
 tools/drives:    base model
 tools/sim:       base model tools/drives
 tools/samples:   base model scaling tools/drives

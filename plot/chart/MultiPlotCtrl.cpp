@@ -9,7 +9,6 @@
 namespace plotvane {
 namespace {
 
-constexpr int kGapPx = 30;
 constexpr int kWidestPenPx = 10;
 
 RECT ToRect(const PixelRect& rect) {

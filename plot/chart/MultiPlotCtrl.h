@@ -60,6 +60,8 @@ public:
     void SetLabelMargin(int characters) { m_labelMargin = characters; }
     void SetSamplesPerScreen(int samples) { m_spread.SetSamplesPerScreen(samples); }
 
+    const ChartGeometry& Geometry() const { return m_geometry; }
+
     // Draws what the window shows, for its own paint handler or on any other device context.
     void Draw(CDC& dc);
 

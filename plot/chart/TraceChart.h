@@ -6,6 +6,7 @@
 namespace plotvane {
 
 constexpr int kTraceCount = kSlotCount;
+constexpr int kGapPx = 30;
 
 // One value for each trace, in trace order: what one sample gives the chart.
 using TraceValues = IndexedArray<double, kTraceCount>;
@@ -22,7 +23,7 @@ struct TraceChart {
     // Scrolls by the pixel shift and connects every trace to its new value.
     virtual void AppendPoints(const TraceValues& values) = 0;
 
-    // Leaves a gap of 30 pixels. The next sample connects from these values.
+    // Leaves a gap of kGapPx. The next sample connects from these values.
     virtual void AppendGap(const TraceValues& values) = 0;
 
     // Draws frame, grid and labels again. Erases all traces.
