@@ -5,11 +5,14 @@
 #include <functional>
 #include <string>
 
+#include "app/DriveRecorder.h"
 #include "fuzz/DriveScript.h"
 #include "fuzz/Inputs.h"
 #include "fuzz/SampleCheck.h"
 #include "fuzz/Slots.h"
 #include "fuzz/Targets.h"
+#include "history/CsvExport.h"
+#include "history/TraceList.h"
 #include "link/Acquisition.h"
 #include "link/ExchangeFile.h"
 #include "logs/ModuleKey.h"
@@ -154,6 +157,7 @@ public:
         m_dialog.Close();
         RequireSane();
         RequireSettingsSurvive();
+        RequireRecordingCanBeSeen();
     }
 
 private:
@@ -251,6 +255,24 @@ private:
         std::filesystem::remove(path);
     }
 
+    void RequireRecordingCanBeSeen() const {
+        double before = -Recording::kFarthestSeconds;
+        for (auto sample = m_recording.Begin(); sample < m_recording.End(); ++sample) {
+            Require(m_recording.Seconds(sample) >= before, "recorded time never goes back");
+            before = m_recording.Seconds(sample);
+            for (int trace = 0; trace < kSlotCount; ++trace)
+                Require(std::isfinite(m_recording.Value(trace, sample)), "a recorded value is finite");
+        }
+        LookBack state(m_recording);
+        state.Refresh();
+        state.ShowAll();
+        Require(ListOf(state).size() <= kSlotCount, "the list has a trace for each slot at most");
+        std::string csv;
+        CsvExport samples(m_recording, m_recording.Begin(), m_recording.End());
+        Require(samples.Append(csv, Recording::kMostPieces * SamplePiece::kSamples) == CsvExport::Next::Done,
+                "all samples can be saved");
+    }
+
     ProgramData m_data{ScratchPath() / "Scaling"};
     test::FakePanel m_panel;
     LineChart m_chart{m_data.prefs, m_data.state, m_data.slots};
@@ -258,8 +280,11 @@ private:
     test::ScriptedPipe m_pipe;
     test::FakeDialog m_dialog;
     DrivePump m_pump{[this] { EndProgram(); }};
+    Recording m_recording;
+    ChartColumns m_columns;
+    DriveRecorder m_recorder{m_recording, m_columns, "Field#"};
     Acquisition m_acquisition{m_data,
-                              {{m_chart, m_panel, m_meters}, m_dialog, m_dialog},
+                              {{m_chart, m_panel, m_meters}, m_dialog, m_dialog, &m_recorder},
                               m_pipe,
                               m_pump,
                               {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}};

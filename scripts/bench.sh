@@ -131,12 +131,14 @@ shown_record() {
         END { print count + 0, now }' <<<"$texts"
 }
 
-# cost PROGRAM SOURCE METERS: puts into $cost the milliseconds of the program and of the Wine server for a record, and
-# the records shown a second; without records, milliseconds a second and 0.
+# cost PROGRAM SOURCE METERS [COMMAND]: puts into $cost the milliseconds of the program and of the Wine server for a
+# record, and the records shown a second; without records, milliseconds a second and 0. So many meters are open, and
+# that command of plotvane-remote has been given.
 cost() {
-    local source=$2 meters=$3 meter
+    local source=$2 meters=$3 command=${4:-} meter
     play "$1" "$source"
     for ((meter = 0; meter < meters; ++meter)); do remote meter "$meter"; done
+    [[ -z $command ]] || remote "$command"
     sleep 3
     local process server first last before after
     process=$(process_of plotvane.exe)
@@ -157,11 +159,13 @@ cost() {
     }' <<<"$first $last $before $after")
 }
 
-# What the whole program is measured with: its source, its meters, and how much of the yardstick it may take.
+# What the whole program is measured with: its source, its meters, how much of the yardstick it may take, and a command
+# of plotvane-remote.
 loads=(
     "twenty records a second|live|0|1.6"
     "the same, four meters open|live|4|2.2"
     "the same, ten meters open|live|10|3.0"
+    "twenty records a second, looking back|live|0||look-back"
     "a replay at 200 a second, four meters open|replay|4|1.2"
     "the same without meters|replay|0|"
     "the host sends 200 a second|fast|0|"
@@ -172,7 +176,7 @@ loads=(
 # are divided by that of their own turn, because the machine has faster and slower minutes.
 program() {
     local programs=("$bin/plotvane.exe") figures=$scratch/figures
-    local round load name source meters goal number yardstick cost
+    local round load name source meters goal command number yardstick cost
     if [[ -n ${BEFORE:-} ]]; then
         # Under the same name, by which its process is found.
         mkdir -p "$build/bench/before"
@@ -182,10 +186,10 @@ program() {
     : >"$figures"
     for ((round = 1; round <= program_rounds; ++round)); do
         for load in "${loads[@]}"; do
-            IFS='|' read -r name source meters goal <<<"$load"
+            IFS='|' read -r name source meters goal command <<<"$load"
             yardstick=$(run_wine "$bin/chart_bench.exe" yardstick | tr -d '\r')
             for number in "${!programs[@]}"; do
-                cost "${programs[number]}" "$source" "$meters"
+                cost "${programs[number]}" "$source" "$meters" "$command"
                 printf '%s|%s|%s|%s %s\n' "$name" "$goal" "$number" "$yardstick" "$cost" | tee -a "$figures" |
                     sed "s/^/round $round: /" >&2
             done

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "app/DriveRecorder.h"
+#include "history/TraceList.h"
 #include "plot/chart/GridOverlay.h"
 #include "tests/memory/FailingNew.h"
 #include "tests/support/AcquisitionFixture.h"
@@ -16,6 +18,8 @@ namespace plotvane {
 namespace {
 
 using test::RequestFails;
+
+constexpr std::size_t kNoRequest = 1'000'000'000;  // no run has so many
 
 // Does the work while the request with that number fails. False if there are fewer requests.
 template <typename Work>
@@ -65,12 +69,20 @@ constexpr std::string_view kLog =
 struct Session : test::AcquisitionFixture {
     using AcquisitionFixture::chart;
     using AcquisitionFixture::dialog;
+    using AcquisitionFixture::keeper;
 
     bool RunFails(std::size_t request) {
+        Prepare();
+        return FailsAt(request, [this] { acquisition.control.StartLive(); });
+    }
+    void Run() {
+        Prepare();
+        acquisition.control.StartLive();
+    }
+    void Prepare() {
         test::WriteBytes(folder / "MB-PIPE.TXT", "5\n");
         state.hostRunning = true;
         FillPipe();
-        return FailsAt(request, [this] { acquisition.control.StartLive(); });
     }
     void FillPipe() {
         pipe = test::ScriptedPipe();
@@ -110,6 +122,48 @@ TEST(OutOfMemory, ALiveRunStopsAndCanBeStartedAgain) {
         EXPECT_EQ(session.chart.samples.size(), samples + 2);
     }
     EXPECT_GT(request, 20u);
+}
+
+// One request for memory fails while the first sample is recorded.
+struct FailingOnce : SampleKeeper {
+    FailingOnce(SampleKeeper& recorder, std::size_t request) : m_recorder(recorder), m_request(request) {}
+    void MarkGap() override {}
+    void Take(double seconds, const Sample& sample, const CurrentModule& module) override {
+        const RequestFails fails(m_request);
+        m_recorder.Take(seconds, sample, module);
+        hasFailed = hasFailed || fails.HasFailed();
+        m_request = kNoRequest;
+    }
+    bool hasFailed = false;
+
+private:
+    SampleKeeper& m_recorder;
+    std::size_t m_request;
+};
+
+TEST(OutOfMemory, TheRecordingEndsWithAWordAndTheDriveGoesOn) {
+    std::size_t request = 1;
+    int failures = 0;
+    for (bool failed = true; failed; ++request) {
+        SCOPED_TRACE(request);
+        Session session;
+        Recording recording;
+        ChartColumns columns;
+        DriveRecorder recorder(recording, columns, "Field#");
+        FailingOnce once(recorder, request);
+        session.keeper.keeper = &once;
+        session.Run();
+        EXPECT_EQ(session.chart.samples.size(), 2U);
+        failed = once.hasFailed;
+        failures += failed ? 1 : 0;
+        EXPECT_EQ(recording.HasEnded(), failed);
+        EXPECT_EQ(recording.End(), failed ? 0 : 2);
+        LookBack state(recording);
+        state.Refresh();
+        EXPECT_EQ(RecordedNote(state).find("no memory is left") != std::string::npos, failed);
+        EXPECT_FALSE(columns.SampleAt(0) && failed);
+    }
+    EXPECT_GE(failures, 3);
 }
 
 TEST(OutOfMemory, AReplayStopsAndCanBeStartedAgain) {

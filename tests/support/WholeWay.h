@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/DriveRecorder.h"
 #include "link/ExchangeFile.h"
 #include "tests/support/DriveViews.h"
 #include "tests/support/FakeDialog.h"
@@ -47,8 +48,9 @@ private:
     std::size_t m_given = 0;  // of the block that is next
 };
 
-// The whole portable way from bytes to slots, texts, traces, meters and fuel figures, in a working folder of
-// its own and on views without pixels. It calls `onSample` with each sample on the way to the chart.
+// The whole portable way from bytes to slots, texts, traces, meters, fuel figures and the recording, in a
+// working folder of its own and on views without pixels. It calls `onSample` with each sample on the way to
+// the chart.
 class WholeWay {
 public:
     enum class Meters {
@@ -57,8 +59,8 @@ public:
     };
 
     WholeWay(HostPipe& pipe, Meters meters, std::function<void(const TraceValues&)> onSample)
-        : m_acquisition(m_data, {{m_chart, m_panel, Board(meters)}, m_dialog, m_dialog}, pipe, m_pump,
-                        {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}) {
+        : m_acquisition(m_data, {{m_chart, m_panel, Board(meters)}, m_dialog, m_dialog, &m_recorder}, pipe,
+                        m_pump, {"Plotvane  -  Live Data  -  ", {"MPG", "L/100km", "Gal. per Hour"}}) {
         std::filesystem::current_path(m_folder.Path());
         m_dialog.control = &m_acquisition.control;
         m_chart.onSample = std::move(onSample);
@@ -74,6 +76,8 @@ public:
         m_data.state.hostRunning = true;
         m_acquisition.control.StartLive();
     }
+
+    const Recording& Recorded() const { return m_recording; }
 
     // Returns when the log is over.
     void Replay(std::string_view log) {
@@ -100,6 +104,9 @@ private:
     FakeMeters m_closedMeters;
     FakePump m_pump;
     FakeDialog m_dialog;
+    Recording m_recording;
+    ChartColumns m_columns;
+    DriveRecorder m_recorder{m_recording, m_columns, "Field#"};
     Acquisition m_acquisition;
 };
 

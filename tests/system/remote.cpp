@@ -2,6 +2,7 @@
 //
 //   plotvane-remote texts        title, twelve value boxes, time of a replay: one a line, in UTF-8
 //   plotvane-remote place        the window's rectangle on the screen: WIDTHxHEIGHT+LEFT+TOP
+//   plotvane-remote look-back    opens the window that looks back; it goes beside the window
 //   plotvane-remote meter SLOT   right-clicks the colour of a slot, 0 to 11; its meter goes beside the window
 //   plotvane-remote load FILE    loads a log through the file dialog
 //   plotvane-remote faster       replays at eight times the speed
@@ -92,6 +93,26 @@ bool OpenMeter(const RemoteWindow& main, int slot) {
     return true;
 }
 
+// The window that looks back, beside the main window. The dialog is told of presses on the chart as Windows
+// tells it of those of the mouse.
+bool LookBack(const RemoteWindow& main) {
+    const RECT chart = main.Control(IDC_CHART).ScreenRect();
+    POINT middle{(chart.left + chart.right) / 2, (chart.top + chart.bottom) / 2};
+    ::ScreenToClient(main.Get(), &middle);
+    for (int press = 0; press < 2; ++press)
+        main.Send(WM_PARENTNOTIFY, WM_LBUTTONDOWN, MAKELPARAM(middle.x, middle.y));
+    RemoteWindow history;
+    const bool opened = ComesTrue([&] {
+        for (const RemoteWindow& window : plotvane::test::WindowsOf(main.ProcessId())) {
+            if (window.Text().starts_with(L"Plotvane - looking back")) history = window;
+        }
+        return history.Exists();
+    });
+    const RECT place = main.ScreenRect();
+    return opened && ::SetWindowPos(history.Get(), nullptr, place.right + kGap, place.top, 0, 0,
+                                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 RemoteWindow FileDialog(const RemoteWindow& main) {
     for (const RemoteWindow& window : plotvane::test::WindowsOf(main.ProcessId())) {
         if (window.Text() == L"Choose a log file") return window;
@@ -170,6 +191,7 @@ std::optional<bool> Run(const RemoteWindow& main, std::wstring_view command, con
     if (!argument) {
         if (command == L"texts") return PrintTexts(main), true;
         if (command == L"place") return PrintPlace(main), true;
+        if (command == L"look-back") return LookBack(main);
         if (command == L"faster") return ReplayFastest(main);
         if (command == L"ended") return ComesTrue([&] { return !main.IsEnabled(IDC_STOP); });
         if (command == L"close") return CloseAndWait(main);
@@ -200,8 +222,8 @@ int wmain(int argc, wchar_t** argv) {
         }
     }
     std::fputs(
-        "usage: plotvane-remote texts | place | meter SLOT | load FILE | faster | ended | watch SECONDS | "
-        "close\n",
+        "usage: plotvane-remote texts | place | meter SLOT | look-back | load FILE | faster | ended | "
+        "watch SECONDS | close\n",
         stderr);
     return 2;
 }

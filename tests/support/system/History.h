@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "tests/support/system/RemoteWindow.h"
+
+namespace plotvane::test {
+
+// A double click of the real mouse in the middle of the chart.
+void DoubleClickChart(const RemoteWindow& main);
+
+// The window of the program that looks back; an empty one if there is none.
+RemoteWindow FindHistory(const RemoteWindow& main);
+
+// The same, waited for.
+RemoteWindow OpenedHistory(const RemoteWindow& main);
+
+// Opens it by a double click, and waits for it.
+RemoteWindow OpenHistory(const RemoteWindow& main);
+
+// Presses keys of the real keyboard, where the focus is: the modifiers and the key.
+void PressKeys(const RemoteWindow& window, std::initializer_list<WORD> keys);
+
+// Presses Ctrl+Shift+C in the window and returns the table that it puts on the clipboard.
+std::wstring TableOf(const RemoteWindow& history);
+
+}  // namespace plotvane::test
