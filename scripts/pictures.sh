@@ -450,6 +450,9 @@ show_manual() {
     shoot fuel
     close_program
 
+    show_dip
+    show_tip
+
     make_folder
     play 8 --form obd
     shoot ten-values
@@ -482,6 +485,39 @@ show_manual() {
     close_program
 }
 
+# The drive up to shortly after a gear change, and the cursor on the sample in which the air mass is lowest there.
+show_dip() {
+    local step
+    make_folder
+    head -n 161 samples/LOGS/drive.csv >"$folder/LOGS/dip.csv"
+    open_program
+    await '^Plotvane v'
+    remote load "$(windows_path LOGS/dip.csv)"
+    remote faster
+    remote ended
+    xdotool mousemove --window "$main" 300 100 click --repeat 2 --delay 50 1
+    await '^Plotvane - looking back'
+    xdotool windowfocus --sync "$found" mousemove --window "$found" 10 10
+    for ((step = 0; step <= 20; step++)); do press ctrl+Left; done
+    press ctrl+plus
+    shoot_window looking-back
+    press Escape
+    await_end '^Plotvane - looking back'
+    close_program
+}
+
+# The tip over the chart, which stands still.
+show_tip() {
+    make_folder
+    play 10
+    click pause
+    xdotool mousemove --window "$main" 300 150
+    sleep 1.5
+    shoot tip
+    xdotool mousemove --window "$main" 10 10
+    close_program
+}
+
 # keep_for_manual: makes the picture files smaller without a visible difference, and moves them into the manual.
 keep_for_manual() {
     local picture manual=docs/manual/pictures
@@ -496,7 +532,7 @@ keep_for_manual() {
 
 # --- all of it -------------------------------------------------------------------------------------------
 
-all_scenes=(start replay live meter obd preferences messages colours sizes)
+all_scenes=(start replay live meter obd preferences messages colours sizes dip tip)
 scenes=("$@")
 ((${#scenes[@]})) || scenes=("${all_scenes[@]}")
 for scene in "${scenes[@]}"; do
