@@ -1,25 +1,93 @@
 #include "framework/Dialog.h"
 
 #include <exception>
+#include <utility>
+
+#include "framework/MessageLoop.h"
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
     ON_COMMAND(IDOK, OnOK)
     ON_COMMAND(IDCANCEL, OnCancel)
 END_MESSAGE_MAP()
 
+// Windows has a function that does all of this, but its loop asks nobody before it treats a key as a
+// dialog's.
 INT_PTR CDialog::DoModal() {
     if (m_hWnd || m_running) return -1;  // one run at a time
     m_running = true;
-    const INT_PTR result = ::DialogBoxParamW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(m_templateId),
+    m_shown = false;
+    m_result = -1;
+    DisableOwner();
+    const HWND window = ::CreateDialogParamW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(m_templateId),
                                              m_owner, &DialogProc, reinterpret_cast<LPARAM>(this));
+    if (window && m_running) {
+        m_result = 0;
+        RunUntilEnded();
+    }
+    EnableOwner();
     m_running = false;
-    return result;
+    if (window) ::DestroyWindow(window);
+    return m_result;
 }
 
+void CDialog::DisableOwner() {
+    const HWND owner = m_owner ? ::GetAncestor(m_owner, GA_ROOT) : nullptr;
+    if (!owner || !::IsWindowEnabled(owner)) return;
+    ::EnableWindow(owner, FALSE);
+    m_disabledOwner = owner;
+}
+
+void CDialog::EnableOwner() {
+    if (m_disabledOwner) ::EnableWindow(std::exchange(m_disabledOwner, nullptr), TRUE);
+}
+
+void CDialog::RunUntilEnded() {
+    MSG message;
+    while (m_running && m_hWnd) {
+        if (!::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            ShowOnce();
+            TellOwnerThatItIsIdle();
+            ::GetMessageW(&message, nullptr, 0, 0);
+        }
+        if (message.message == WM_QUIT) return ::PostQuitMessage(static_cast<int>(message.wParam));
+        HandleQueued(message);
+        // Timers may come so fast that the queue is never empty. And a key with Alt may open a menu, which
+        // must not hang in the air.
+        if (message.message == WM_TIMER || message.message == WM_SYSKEYDOWN) ShowOnce();
+    }
+}
+
+// A handler may have shown the window itself, and its user may have given it another size since then.
+void CDialog::ShowOnce() {
+    if (m_shown || !m_running || !m_hWnd) return;
+    m_shown = true;
+    if (::IsWindowVisible(m_hWnd)) return;
+    ShowWindow(SW_SHOWNORMAL);
+    UpdateWindow();
+}
+
+void CDialog::TellOwnerThatItIsIdle() const {
+    const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+    if (!owner || ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & DS_NOIDLEMSG) return;
+    ::SendMessageW(owner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
+}
+
+// The owner is enabled first: Windows would make another program's window the active one otherwise. The empty
+// message wakes the loop, which may be waiting: this call may come from another program's message, and those
+// do not end a wait.
 void CDialog::EndDialog(INT_PTR result) {
     if (!m_hWnd || !m_running) return;
     m_running = false;
+    m_result = result;
+    const HWND owner = m_disabledOwner;
+    EnableOwner();
     ::EndDialog(m_hWnd, result);
+    if (owner && m_hWnd && ::GetActiveWindow() == m_hWnd) ::SetActiveWindow(owner);
+    if (m_hWnd) ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
+}
+
+bool CDialog::IsDialogMessage(MSG& message) {
+    return m_running && m_hWnd && ::IsWindowEnabled(m_hWnd) && ::IsDialogMessageW(m_hWnd, &message);
 }
 
 void CDialog::UpdateData(bool saveAndValidate) {
@@ -52,6 +120,7 @@ INT_PTR CALLBACK CDialog::DialogProc(HWND window, UINT message, WPARAM, LPARAM l
     return reinterpret_cast<CDialog*>(lParam)->Initialise(window);
 }
 
+// After a failure DoModal finds that the dialog does not run, and destroys the window.
 BOOL CDialog::Initialise(HWND window) {
     try {
         if (Attach(window)) return OnInitDialog();
@@ -61,6 +130,6 @@ BOOL CDialog::Initialise(HWND window) {
         TraceLine("OnInitDialog threw something unknown.");
     }
     m_running = false;
-    ::EndDialog(window, -1);
+    m_result = -1;
     return FALSE;
 }

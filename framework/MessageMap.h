@@ -7,6 +7,9 @@
 
 class CWnd;
 
+// The notification code of a WM_COMMAND that comes from a table of keys.
+constexpr UINT kFromKeyTable = 1;
+
 // One message on its way to a window.
 struct CMessage {
     UINT message = 0;
@@ -101,6 +104,7 @@ private:
 #define ON_CONTROL_RANGE(code, firstId, lastId, handler) \
     MESSAGE_ROW_VOID(WM_COMMAND, code, firstId, lastId, self.handler(UINT{LOWORD(m.wParam)}))
 #define ON_COMMAND(id, handler) ON_CONTROL(0, id, handler)
+#define ON_KEY_RANGE(firstId, lastId, handler) ON_CONTROL_RANGE(kFromKeyTable, firstId, lastId, handler)
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
 #define ON_EN_KILLFOCUS(id, handler) ON_CONTROL(EN_KILLFOCUS, id, handler)
 #define ON_CBN_SELENDOK(id, handler) ON_CONTROL(CBN_SELENDOK, id, handler)

@@ -43,6 +43,10 @@ public:
     // The object of a window; null for none.
     static CWnd* FromHandle(HWND window);
 
+    // Takes a message from the queue before it goes to this window, to one of its children or to a window
+    // that this one owns: true if it is dealt with. See HandleQueued.
+    virtual bool PreTranslateMessage(MSG&) { return false; }
+
     HWND m_hWnd = nullptr;  // null while the object has no window
 
     // The window's text, as Windows-1252 bytes.

@@ -1,5 +1,7 @@
 #include "link/WindowPump.h"
 
+#include "framework/MessageLoop.h"
+
 namespace plotvane {
 namespace {
 
@@ -43,10 +45,7 @@ void WindowPump::DispatchWaiting() {
             ::PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
-        if (!m_dialog || !::IsDialogMessageW(m_dialog, &message)) {
-            ::TranslateMessage(&message);
-            ::DispatchMessageW(&message);
-        }
+        HandleQueued(message);
         if (m_state.stops != stops || NowMs() > untilMs) return;
     }
 }

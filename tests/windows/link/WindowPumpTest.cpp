@@ -17,6 +17,9 @@ class Listener : public CWnd {
 public:
     std::function<void()> onMessage = [] {};
     int heard = 0;
+    std::function<bool(MSG&)> before = [](MSG&) { return false; };
+
+    bool PreTranslateMessage(MSG& message) override { return before(message); }
 
 private:
     LRESULT OnMessage(WPARAM, LPARAM) {
@@ -87,6 +90,15 @@ TEST_F(WindowPumpTest, AMessageThatIsSentFromOutsideEndsTheSleepToo) {
     EXPECT_LT(Pump(kLongMs), kLongMs / 2);
     EXPECT_EQ(window.heard, 1);
     other.join();
+}
+
+TEST_F(WindowPumpTest, AWindowMayTakeAMessageBeforeItIsDispatched) {
+    int asked = 0;
+    window.before = [&](MSG& message) { return message.message == kMessage && ++asked == 1; };
+    for (int message = 0; message < 2; ++message) ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
+    pump.SleepAndDispatch(0);
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(window.heard, 1);
 }
 
 TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
