@@ -52,6 +52,7 @@ void RunControl::Start() {
     if (!m_state.stopped) return;
     m_state.stopped = false;
     m_state.halted = false;
+    m_state.rowsToStep = 0;
     ++m_state.generation;
     if (m_onStack) return StayAwakeForData();
     try {
@@ -159,8 +160,13 @@ void RunControl::Hold(const LoopRun& run) {
     m_pacing.WaitWhilePaused(run);
 }
 
+void RunControl::StepRow() {
+    if (m_onStack && m_state.logMode && !m_state.stopped && !m_state.playing) ++m_state.rowsToStep;
+}
+
 void RunControl::TogglePlaying() {
     m_state.playing = !m_state.playing;
+    m_state.rowsToStep = 0;
     ShowState();
 }
 

@@ -40,6 +40,10 @@ public:
     // log is being opened, or while it would open another over the one that is being read.
     void Pause();
 
+    // Shows the next row of a paused replay and goes on holding. Does nothing in any other state. Each call
+    // during one hold adds a row.
+    void StepRow();
+
     // Asks for a log and plays it; returns when the replay is over. Does nothing while MayLoadLog says no.
     void LoadLog();
 

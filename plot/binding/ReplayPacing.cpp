@@ -32,6 +32,7 @@ void ReplayPacing::Restart() {
 }
 
 bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
+    if (!HoldAfterLastStep(run)) return false;
     const auto stamp = FindStamp(stamps);
     const bool stamped = stamp != stamps.end();
     const double now = stamped ? *stamp : 0.0;
@@ -49,21 +50,31 @@ bool ReplayPacing::ReplayStep(const LogStamps& stamps, const LoopRun& run) {
     AppendFixed(m_text, now, 2);
     m_views.panel.ShowElapsed(m_text);
     m_previous = stamps;
-    return m_rowsReplayed++ == 1 && !m_sample.prefs.autorun;
+    return m_rowsReplayed++ == 1 && !m_sample.prefs.autorun && m_sample.state.rowsToStep == 0;
+}
+
+// The row that the user has asked for is drawn by now. False if the run ended during the hold.
+bool ReplayPacing::HoldAfterLastStep(const LoopRun& run) {
+    RunState& state = m_sample.state;
+    if (state.rowsToStep == 0 || --state.rowsToStep > 0) return true;
+    WaitWhilePaused(run);
+    return !run.Ended();
 }
 
 // The next step counts from when this one was due, so a late wake-up does not slow the replay down. The user
 // may change the speed during the wait. Messages are dispatched at least once in every step. False if the run
 // ended during the wait.
 bool ReplayPacing::WaitForStep(double seconds, const LoopRun& run) {
+    const auto isDue = [&] { return m_sample.state.rowsToStep > 0 || m_pump.NowMs() >= DueMs(seconds); };
     do {
-        const double leftMs = std::ceil(DueMs(seconds) - m_pump.NowMs());
+        const double leftMs = isDue() ? 0.0 : std::ceil(DueMs(seconds) - m_pump.NowMs());
         m_pump.SleepAndDispatch(static_cast<int>(std::clamp<double>(leftMs, 0.0, kLongestSleepMs)));
         // A newer replay may have begun. What this object remembers is then about that one.
         if (run.Ended()) return false;
-    } while (m_pump.NowMs() < DueMs(seconds));
+    } while (!isDue());
     const double dueMs = DueMs(seconds);
-    m_stepMs = m_pump.NowMs() - dueMs > kLatestMs ? m_pump.NowMs() : dueMs;
+    const bool isOnTime = m_sample.state.rowsToStep == 0 && m_pump.NowMs() - dueMs <= kLatestMs;
+    m_stepMs = isOnTime ? dueMs : m_pump.NowMs();
     return true;
 }
 
@@ -79,9 +90,11 @@ void ReplayPacing::WaitWhilePaused(const LoopRun& run) {
     if (m_isWaiting) return;
     {
         const Meanwhile waiting(m_isWaiting);
-        while (!state.playing && !m_heldRun->Ended()) m_pump.SleepAndDispatch(kLongestSleepMs);
+        while (!state.playing && state.rowsToStep == 0 && !m_heldRun->Ended())
+            m_pump.SleepAndDispatch(kLongestSleepMs);
     }
     state.halted = false;
+    if (state.rowsToStep > 0) return;  // the pause is not over, and its gap comes at its end
     if (!m_heldRun->Ended() && state.gapPending) m_views.chart.AppendGap(m_sample.values);
     state.gapPending = false;
 }

@@ -32,15 +32,18 @@ public:
 
     // To be called before each row is read, with the stamps of the row before it: waits until that row's time
     // is over, by the replay period, and shows its stamp. True if the replay must halt now: if it is not to
-    // run by itself, it halts once one row is drawn.
+    // run by itself, it halts once one row is drawn. While the user steps through the rows of a paused
+    // replay, it waits for no time but for the next step.
     bool ReplayStep(const LogStamps& stamps, const LoopRun& run);
 
-    // Holds until the user resumes or stops. A hold that began while data flowed leaves a gap when it is
-    // resumed. A call from a handler that an older hold has dispatched returns at once, and the older call
-    // goes on waiting, for this run: however often the user resumes and pauses, the stack holds one wait.
+    // Holds until the user resumes, steps or stops. A hold that began while data flowed leaves a gap when it
+    // is resumed; a step leaves none, because the rows follow each other in the log. A call from a handler
+    // that an older hold has dispatched returns at once, and the older call goes on waiting, for this run:
+    // however often the user resumes and pauses, the stack holds one wait.
     void WaitWhilePaused(const LoopRun& run);
 
 private:
+    bool HoldAfterLastStep(const LoopRun& run);
     bool WaitForStep(double seconds, const LoopRun& run);
     double DueMs(double seconds) const;
 
