@@ -49,12 +49,14 @@ void AcquisitionLoop::BindSlots() {
     } else {
         m_scaling.UpdateSlots();
     }
+    m_seen.Take(m_sample.slots);
     m_views.panel.DrawValues();
 }
 
 void AcquisitionLoop::LoadRanges() {
-    if (m_sample.ranges.LoadModuleScaling(m_module.Key()) == ModuleLoad::Loaded)
-        m_scaling.ApplyLoadedRanges();
+    if (m_sample.ranges.LoadModuleScaling(m_module.Key()) != ModuleLoad::Loaded) return;
+    m_scaling.ApplyLoadedRanges();
+    m_seen.Clear();
 }
 
 // A slot's meter shows the value itself, even while its trace is not drawn. A channel's meter shows what the

@@ -5,6 +5,7 @@
 #include "logs/CurrentModule.h"
 #include "model/RecordBuffer.h"
 #include "plot/binding/FuelFigures.h"
+#include "plot/binding/SeenValues.h"
 #include "plot/binding/SlotSelection.h"
 #include "plot/binding/TenChannels.h"
 #include "plot/binding/TraceScaling.h"
@@ -25,6 +26,7 @@ public:
 
     SlotSelection& Selection() { return m_selection; }
     const FuelFigures& Fuel() const { return m_fuel; }
+    SeenValues& Seen() { return m_seen; }
 
 private:
     bool Parse();
@@ -43,6 +45,7 @@ private:
     FuelFigures m_fuel;
     TraceScaling m_scaling;
     TenChannels m_channels;
+    SeenValues m_seen;
     RecordBuffer m_record;
 };
 
