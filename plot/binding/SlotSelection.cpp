@@ -8,8 +8,18 @@ void SlotSelection::SelectSlot(int row, int column) {
     const bool active = m_sample.slots[SlotOf(row, column)].IsActive();
     m_row = active ? row : 0;
     m_column = active ? column : 0;
+    m_isShown = true;
+    Show();
+}
+
+void SlotSelection::Show() {
     const ScaleRange range = m_sample.RangeOf(Selected());
-    m_panel.ShowSelection(SlotOf(m_row, m_column), range.min, range.max);
+    m_panel.ShowSelection(Slot(), range.min, range.max);
+}
+
+bool SlotSelection::ShowAgain() {
+    if (m_isShown) Show();
+    return m_isShown;
 }
 
 void SlotSelection::SelectNext() {

@@ -21,6 +21,10 @@ public:
     void SelectNext();
     void SelectPrevious();
 
+    // Shows the limits of the selected slot again, in place of what was typed. False, with nothing done, if
+    // no slot has been selected yet.
+    bool ShowAgain();
+
     // Takes what was typed as a limit of the selected slot: a whole number in the field's unit. Text without
     // one changes nothing. A new limit reaches the chart with the next sample. Nobody checks that the maximum
     // lies above the minimum.
@@ -28,12 +32,14 @@ public:
     void SetMaximum(std::string_view typed);
 
 private:
-    FieldSlot& Selected() { return m_sample.slots[SlotOf(m_row, m_column)]; }
+    FieldSlot& Selected() { return m_sample.slots[Slot()]; }
+    void Show();
 
     Sample& m_sample;
     SlotPanel& m_panel;
     int m_row = 0;
     int m_column = 0;
+    bool m_isShown = false;  // from the first SelectSlot on
 };
 
 }  // namespace plotvane

@@ -88,6 +88,21 @@ TEST_F(SlotSelectionTest, TextWithoutANumberOrTheSameNumberChangesNothing) {
     }
 }
 
+TEST_F(SlotSelectionTest, ShowsTheLimitsAgainThatItsSlotHas) {
+    FillEngineGroup();
+    selection.SelectSlot(0, 2);
+    selection.SetMaximum("180");
+    panel.limits = {};
+    EXPECT_TRUE(selection.ShowAgain());
+    EXPECT_EQ(panel.selected, 2);
+    EXPECT_EQ(panel.limits, std::make_pair(0, 180));
+}
+
+TEST_F(SlotSelectionTest, HasNothingToShowAgainBeforeTheFirstSelection) {
+    EXPECT_FALSE(selection.ShowAgain());
+    EXPECT_EQ(panel.selections, 0);
+}
+
 TEST_F(SlotSelectionTest, AMaximumBelowTheMinimumIsTaken) {
     FillEngineGroup();
     selection.SelectSlot(0, 0);
