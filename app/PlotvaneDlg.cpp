@@ -5,6 +5,7 @@
 
 #include "app/AboutDlg.h"
 #include "app/ControlNames.h"
+#include "app/Manual.h"
 #include "app/OwnedWindows.h"
 #include "app/Version.h"
 #include "base/FileOperations.h"
@@ -13,6 +14,7 @@
 #include "framework/Text.h"
 #include "link/ExchangeFile.h"
 #include "link/HostDetection.h"
+#include "plot/binding/AirFuelRule.h"
 #include "res/resource.h"
 #include "scaling/PrefsDlg.h"
 #include "scaling/PrefsFile.h"
@@ -92,6 +94,8 @@ BEGIN_MESSAGE_MAP(CPlotvaneDlg, CDialog)
     ON_CONTROL_RANGE(BN_CLICKED, IDC_AIR_FUEL_FIRST, IDC_AIR_FUEL_LAST, OnAirFuel)
     ON_BN_CLICKED(IDC_MILEAGE, OnMileage)
     ON_BN_CLICKED(IDC_CONSUMPTION, OnConsumption)
+    // Keys.
+    ON_KEY_RANGE(ID_KEY_FIRST, ID_KEY_LAST, OnKey)
 END_MESSAGE_MAP()
 
 CPlotvaneDlg::CPlotvaneDlg()
@@ -112,7 +116,10 @@ CPlotvaneDlg::CPlotvaneDlg()
                     m_pump, LoadAcquisitionTexts()),
       m_tipTexts(m_data, m_acquisition.module.Labels(), LoadText),
       m_tips(*this, [this](int control) { return m_tipTexts.Of(control); }),
-      m_names([this](int control) { return NameOfControl(control, m_tipTexts); }) {}
+      m_names([this](int control) { return NameOfControl(control, m_tipTexts); }),
+      m_limits(*this, m_acquisition.loop.Selection()),
+      m_export(*this, m_chart, *this),
+      m_keys(*this, m_data.state, m_acquisition, m_panel, m_meters, m_limits, m_export) {}
 
 BOOL CPlotvaneDlg::OnInitDialog() {
     CDialog::OnInitDialog();
@@ -126,7 +133,6 @@ BOOL CPlotvaneDlg::OnInitDialog() {
     m_buttons.SetUp();
     m_panel.ShowPixelShift(m_data.state.pixelShift);
     m_names.Give(*this, NamelessControls());
-    m_pump.SetDialog(m_hWnd);
     m_layout.SetUp(m_data.prefs.width, m_data.prefs.height);
     m_chart.SetRedraw(true);
     SetTimer(kModeTimer, kTimerMs);
@@ -161,7 +167,7 @@ void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
     KillTimer(timer);
     switch (timer) {
         case kModeTimer:
-            ShowOrDecideMode();
+            DecideMode();
             break;
         case kLayoutTimer:
             m_layout.Relayout();
@@ -175,19 +181,12 @@ void CPlotvaneDlg::OnTimer(UINT_PTR timer) {
     }
 }
 
-// Windows shows a dialog when its message queue is first empty. After a slow start this timer comes before
-// that, and a run that began here would leave the window hidden for as long as data flows. So the dialog
-// shows itself and starts the timer once more. Meanwhile Windows notes that the dialog is shown. Otherwise it
-// would show it after the run, and undo what the user has done to its size.
-void CPlotvaneDlg::ShowOrDecideMode() {
-    if (::IsWindowVisible(m_hWnd)) return DecideMode();
-    ShowWindow(SW_SHOWNORMAL);
-    SetTimer(kModeTimer, USER_TIMER_MINIMUM);
-}
-
-// Live with the host, else logs. Live, this handler returns when the run is over.
+// Live with the host, else logs. Live, this handler returns when the run is over. A dialog is shown when its
+// message queue is first empty. After a slow start this timer comes before that, and a run that begins here
+// would leave the window hidden for as long as data flows.
 void CPlotvaneDlg::DecideMode() {
     if (m_closing) return;
+    if (!::IsWindowVisible(m_hWnd)) ShowWindow(SW_SHOWNORMAL);
     CRect load;
     ::GetWindowRect(GetDlgItem(IDC_LOAD_LOG), &load);
     ::SetCursorPos((load.left + load.right) / 2, (load.top + load.bottom) / 2);
@@ -332,9 +331,9 @@ void CPlotvaneDlg::SaveAndEnd() {
     EndDialog(IDCANCEL);
 }
 
-void CPlotvaneDlg::ShowMessage(int textId, int captionId) {
+void CPlotvaneDlg::ShowBox(HWND owner, int textId, int captionId) {
     if (m_sessionEnding) return;
-    MessageBoxText(m_hWnd, static_cast<UINT>(textId), static_cast<UINT>(captionId));
+    MessageBoxText(owner, static_cast<UINT>(textId), static_cast<UINT>(captionId));
 }
 
 void CPlotvaneDlg::OnContextMenu(HWND window, POINT screen) {
@@ -365,14 +364,6 @@ void CPlotvaneDlg::ShowReplaySpeed() {
     SetDlgItemText(IDC_REPLAY_SPEED, text + "x");
 }
 
-void CPlotvaneDlg::OnScaleMinLeft() {
-    m_acquisition.loop.Selection().SetMinimum(GetDlgItemText(IDC_SCALE_MIN));
-}
-
-void CPlotvaneDlg::OnScaleMaxLeft() {
-    m_acquisition.loop.Selection().SetMaximum(GetDlgItemText(IDC_SCALE_MAX));
-}
-
 void CPlotvaneDlg::OnShiftDown() {
     if (m_data.state.pixelShift > kPixelShiftMin) --m_data.state.pixelShift;
     m_panel.ShowPixelShift(m_data.state.pixelShift);
@@ -381,6 +372,22 @@ void CPlotvaneDlg::OnShiftDown() {
 void CPlotvaneDlg::OnShiftUp() {
     if (m_data.state.pixelShift < kPixelShiftMax) ++m_data.state.pixelShift;
     m_panel.ShowPixelShift(m_data.state.pixelShift);
+}
+
+void CPlotvaneDlg::OnAirFuel(UINT id) {
+    m_data.state.redrawRequest = true;
+    // Which button belongs to a slot is a matter of pairs that have changed places, so it works both ways.
+    m_acquisition.loop.Seen().Forget(AirFuelButtonOf(static_cast<int>(id) - IDC_AIR_FUEL_FIRST));
+}
+
+// F1 works over a dialog too, and its message belongs to that one then.
+void CPlotvaneDlg::OnKey(UINT command) {
+    if (command != ID_KEY_MANUAL) {
+        if (MayBegin()) m_keys.Run(static_cast<int>(command));
+    } else if (!m_closing && !ShowManual(KeyCommands::PageInFront())) {
+        const HWND front = ::IsWindowEnabled(m_hWnd) ? m_hWnd : ::GetActiveWindow();
+        ShowBox(front, IDS_NO_MANUAL, IDS_ERROR);
+    }
 }
 
 // The caret never stays in a value box. If the limits are disabled, the button beside them gets the focus.

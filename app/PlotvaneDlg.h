@@ -3,9 +3,12 @@
 #include <optional>
 #include <string>
 
+#include "app/ChartExport.h"
 #include "app/ChartReadOut.h"
 #include "app/DriveChart.h"
 #include "app/DriveHistory.h"
+#include "app/KeyCommands.h"
+#include "app/LimitEdits.h"
 #include "app/LogDrop.h"
 #include "app/MainLayout.h"
 #include "app/MeterWindows.h"
@@ -23,6 +26,7 @@
 #include "link/ProgramData.h"
 #include "link/WindowPump.h"
 #include "logs/LogFileDialog.h"
+#include "res/resource.h"
 
 namespace plotvane {
 
@@ -33,6 +37,8 @@ class CPlotvaneDlg : public CDialog, private MainWindow {
 public:
     CPlotvaneDlg();
 
+    bool PreTranslateMessage(MSG& message) override { return m_keys.Take(message); }
+
 protected:
     BOOL OnInitDialog() override;
     void OnOK() override {}  // Enter must not end the program
@@ -40,7 +46,7 @@ protected:
 
 private:
     // MainWindow.
-    void ShowMessage(int textId, int captionId) override;
+    void ShowMessage(int textId, int captionId) override { ShowBox(m_hWnd, textId, captionId); }
     std::optional<std::filesystem::path> ChooseLog() override;
     void SetModuleTitle(std::u16string_view title) override { m_titleBar.SetTitle(title); }
     void StayAwake(bool on) override { m_sleepBlocker.Set(on); }
@@ -69,8 +75,8 @@ private:
     // Scale boxes.
     void OnScaleNext() { m_acquisition.loop.Selection().SelectNext(); }
     void OnScalePrevious() { m_acquisition.loop.Selection().SelectPrevious(); }
-    void OnScaleMinLeft();
-    void OnScaleMaxLeft();
+    void OnScaleMinLeft() { m_limits.Take(IDC_SCALE_MIN); }
+    void OnScaleMaxLeft() { m_limits.Take(IDC_SCALE_MAX); }
     void OnShiftDown();
     void OnShiftUp();
 
@@ -78,13 +84,16 @@ private:
     void OnValueFocus(UINT id);
     void OnShowFocus(UINT id) { m_panel.ShowFocus(static_cast<int>(id)); }
     void OnShowFocusLost(UINT) { m_panel.ShowFocus(0); }
-    void OnAirFuel(UINT) { m_data.state.redrawRequest = true; }
+    void OnAirFuel(UINT id);
     void OnMileage() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Mileage); }
     void OnConsumption() { m_meters.OpenFuelMeter(MeterBoard::Fuel::Consumption); }
 
     // Looking back.
     void OpenHistory();
     LRESULT OnOpenHistory(WPARAM, LPARAM) { return OpenHistory(), 0; }
+
+    // Keys.
+    void OnKey(UINT command);
 
     // Setting up.
     void AppendSystemMenu();
@@ -94,7 +103,7 @@ private:
     bool MayBegin() const;
     bool MayLoadLog() const;
     void TakeDrop(std::filesystem::path log);
-    void ShowOrDecideMode();
+    void ShowBox(HWND owner, int textId, int captionId);
     void DecideMode();
     void SaveAndEnd();
     void ShowPreferences();
@@ -118,6 +127,9 @@ private:
     TipTexts m_tipTexts;
     Tips m_tips;
     AccessibleNames m_names;
+    LimitEdits m_limits;
+    ChartExport m_export;
+    KeyCommands m_keys;
 
     std::optional<std::filesystem::path> m_droppedLog;  // until it is loaded
     CIcon m_icon;

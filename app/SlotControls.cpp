@@ -251,6 +251,10 @@ void SlotControls::MakeRoomForChannelRow(bool made) {
         m_dialog.ShowDlgItem(id, !made);
 }
 
+bool SlotControls::OffersReplaySpeed() const {
+    return m_replaySpeedHidden || ::IsWindowVisible(m_dialog.GetDlgItem(IDC_REPLAY_SPEED)) != FALSE;
+}
+
 void SlotControls::ShowChannelValue(int channel, std::string_view text) {
     m_channelValues[channel].Take(text);
 }

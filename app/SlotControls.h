@@ -28,6 +28,10 @@ public:
     int SlotAt(POINT screen) const;
     int ChannelAt(POINT screen) const;
 
+    // Whether the user can change the speed of a replay: its two buttons are shown, or only the ten channels
+    // hide them.
+    bool OffersReplaySpeed() const;
+
     // Marks the check box that has the focus, by its id, of a slot or of a channel; 0 for none.
     void ShowFocus(int checkBox);
 
