@@ -62,7 +62,8 @@ std::set<std::string> MessagesOfTheProgram() {
     for (const std::string& name : AllFiles()) {
         if (!IsProgramSource(name)) continue;
         const std::string source = SourceText(name);
-        for (const Row& call : Matches(source, R"((?:(?:ShowMessage|Reject)\(|ShowBox\(\w+, )([\w>-]+), (\w+))")) {
+        for (const Row& call :
+             Matches(source, R"((?:(?:ShowMessage|Reject)\(|ShowBox\(\w+, )([\w>-]+), (\w+))")) {
             if (call[0].starts_with("IDS_")) {
                 add(call[0], call[1]);
             } else if (call[0] == "rejection->messageId") {

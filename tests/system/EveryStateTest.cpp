@@ -44,7 +44,7 @@ protected:
             false);
     }
 
-    void Key(WPARAM key, LPARAM flags = 1, UINT message = WM_KEYDOWN) {
+    void PressKey(WPARAM key, LPARAM flags = 1, UINT message = WM_KEYDOWN) {
         GUITHREADINFO info{};
         info.cbSize = sizeof info;
         ::GetGUIThreadInfo(::GetWindowThreadProcessId(main.Get(), nullptr), &info);
@@ -117,18 +117,22 @@ TEST_P(RunButton, LeavesNothingStuck) {
 INSTANTIATE_TEST_SUITE_P(Pressing, RunButton, ::testing::ValuesIn(kOfferedButtons),
                          [](const auto& info) { return info.param.name + NameOf(info.param.state); });
 
-TEST_P(EveryState, EscClosesTheProgram) {
+TEST_P(EveryState, EscEndsNothing) {
     Enter(GetParam());
     ASSERT_FALSE(HasFatalFailure());
-    Key(VK_ESCAPE);
-    EXPECT_TRUE(EndsPromptly(session));
+    for (int press = 0; press < 3; ++press) {
+        PressKey(VK_ESCAPE);
+        EXPECT_TRUE(main.Answers(kDeadline));
+    }
+    EXPECT_TRUE(ComesBackToLife());
+    EXPECT_TRUE(ClosesPromptly(session));
 }
 
 TEST_P(EveryState, AltF4ClosesTheProgram) {
     Enter(GetParam());
     ASSERT_FALSE(HasFatalFailure());
     constexpr LPARAM kWithAlt = 1 | (1 << 29);
-    Key(VK_F4, kWithAlt, WM_SYSKEYDOWN);
+    PressKey(VK_F4, kWithAlt, WM_SYSKEYDOWN);
     EXPECT_TRUE(EndsPromptly(session));
 }
 
@@ -136,7 +140,7 @@ TEST_P(EveryState, EnterEndsNothing) {
     Enter(GetParam());
     ASSERT_FALSE(HasFatalFailure());
     for (int press = 0; press < 3; ++press) {
-        Key(VK_RETURN);
+        PressKey(VK_RETURN);
         EXPECT_TRUE(main.Answers(kDeadline));
     }
     // Enter presses the button that has the focus: Pause or Load.

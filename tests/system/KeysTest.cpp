@@ -26,13 +26,13 @@ protected:
 TEST_P(KeysInEveryState, PressTheButtonsOfTheScales) {
     EnterWithKeyboard(GetParam());
     ASSERT_FALSE(HasFatalFailure());
-    Press(Ctrl(VK_RIGHT));
+    PressKey(Ctrl(VK_RIGHT));
     EXPECT_TRUE(Becomes([this] { return Shift(); }, L"PixelShift:4"));
-    Press(Ctrl(VK_LEFT));
+    PressKey(Ctrl(VK_LEFT));
     EXPECT_TRUE(Becomes([this] { return Shift(); }, L"PixelShift:3"));
-    Press({VK_NEXT});
+    PressKey({VK_NEXT});
     EXPECT_TRUE(SelectsSlot(HasValues() ? 1 : 0));
-    Press({VK_PRIOR});
+    PressKey({VK_PRIOR});
     EXPECT_TRUE(SelectsSlot(0));
     EXPECT_TRUE(ComesBackToLife());
     EXPECT_TRUE(ClosesPromptly(session));
@@ -44,7 +44,7 @@ TEST_P(KeysInEveryState, ChangeTheSpeedOfReplaysOnly) {
     ASSERT_FALSE(HasFatalFailure());
     for (const auto& [key, speed] :
          {std::pair(VK_F7, L"2x"), std::pair(VK_F6, L"1x"), std::pair(VK_F6, L"0.5x")}) {
-        Press({static_cast<WORD>(key)});
+        PressKey({static_cast<WORD>(key)});
         EXPECT_TRUE(HandlesAll());
         EXPECT_EQ(Speed(), IsLive() ? L"1x" : speed);
     }
@@ -55,11 +55,11 @@ TEST_P(KeysInEveryState, OpenTheMeterOfTheSelectedValue) {
     EnterWithKeyboard(GetParam());
     ASSERT_FALSE(HasFatalFailure());
     ASSERT_EQ(main.IsChecked(IDC_SHOW_FIRST), HasValues());
-    Press(Ctrl('M'));
+    PressKey(Ctrl('M'));
     if (HasValues()) {
         ASSERT_TRUE(Becomes([this] { return OpenMeters(main).size(); }, 1u));
-        Press(Ctrl('M'));  // the meter has the focus now, and keys go on working
-        Press({VK_NEXT});
+        PressKey(Ctrl('M'));  // the meter has the focus now, and keys go on working
+        PressKey({VK_NEXT});
         EXPECT_TRUE(SelectsSlot(1));
         EXPECT_EQ(OpenMeters(main).size(), 1u) << "of the value that was selected before";
     } else {
@@ -73,13 +73,13 @@ TEST_P(KeysInEveryState, OpenTheMeterOfTheSelectedValue) {
 TEST_P(KeysInEveryState, OpenTheDialogs) {
     EnterWithKeyboard(GetParam());
     ASSERT_FALSE(HasFatalFailure());
-    Press(Ctrl(VK_OEM_COMMA));
+    PressKey(Ctrl(VK_OEM_COMMA));
     Cancel(session.DialogWith(IDC_PREFS_TRACE_LIST));
     ASSERT_FALSE(HasFatalFailure());
-    Press(Ctrl('S'));
+    PressKey(Ctrl('S'));
     Cancel(WindowCalled(kSaveTitle));
     ASSERT_FALSE(HasFatalFailure());
-    Press({VK_F1});  // beside the tests there is no manual
+    PressKey({VK_F1});  // beside the tests there is no manual
     ConfirmMessage(L"Sorry, can't open the manual. Is manual.html beside the program?", L"Error");
     EXPECT_TRUE(ComesBackToLife());
     EXPECT_TRUE(ClosesPromptly(session));
@@ -89,7 +89,7 @@ TEST_P(KeysInEveryState, CopyThePicture) {
     EnterWithKeyboard(GetParam());
     ASSERT_FALSE(HasFatalFailure());
     const DWORD before = ::GetClipboardSequenceNumber();
-    Press(Ctrl('C'));
+    PressKey(Ctrl('C'));
     EXPECT_TRUE(Becomes([&] { return ::GetClipboardSequenceNumber() != before; }, true));
     EXPECT_TRUE(Becomes([] { return ::IsClipboardFormatAvailable(CF_DIB) != FALSE; }, true));
     EXPECT_TRUE(ComesBackToLife());
@@ -100,7 +100,7 @@ TEST_P(KeysInEveryState, EndNothingWithEscOrCtrlPause) {
     EnterWithKeyboard(GetParam());
     ASSERT_FALSE(HasFatalFailure());
     for (const Key key : {Key{VK_ESCAPE}, Ctrl(VK_CANCEL)}) {
-        Press(key);
+        PressKey(key);
         EXPECT_TRUE(HandlesAll());
     }
     EXPECT_TRUE(ComesBackToLife());
@@ -115,7 +115,7 @@ protected:
     // Presses the key, which changes what the Pause button offers.
     ::testing::AssertionResult ChangesPause(Key key) {
         const LRESULT before = Buttons().pauseImage;
-        Press(key);
+        PressKey(key);
         return Becomes([&] { return Buttons().pauseImage != before; }, true);
     }
     ::testing::AssertionResult IsStopped() {
@@ -146,9 +146,9 @@ TEST_P(PauseKey, HoldsResumesAndRepeatsAReplay) {
     ASSERT_FALSE(HasFatalFailure());
     EXPECT_TRUE(ChangesPause({GetParam()}));
     EXPECT_TRUE(ChangesPause({GetParam()}));
-    Press({VK_F5, false, true});
+    PressKey({VK_F5, false, true});
     EXPECT_TRUE(IsStopped());
-    Press({GetParam()});
+    PressKey({GetParam()});
     EXPECT_TRUE(Becomes([this] { return main.IsEnabled(IDC_STOP); }, true));
 }
 
@@ -162,7 +162,7 @@ TEST_P(PauseKey, CountsOnceHoweverLongItIsHeld) {
     EnterWithKeyboard(ProgramState::LiveHeld);
     ASSERT_FALSE(HasFatalFailure());
     const LRESULT held = Buttons().pauseImage;
-    Press({GetParam()}, 4);
+    PressKey({GetParam()}, 4);
     EXPECT_TRUE(HandlesAll());
     EXPECT_NE(Buttons().pauseImage, held);
 }
@@ -181,7 +181,7 @@ TEST_F(Keys, CtrlOLoadsALog) {
     EnterWithKeyboard(ProgramState::Idle);
     ASSERT_FALSE(HasFatalFailure());
     const auto log = WriteLog("x.csv", LogThatLingersAt(kDriving));
-    Press(Ctrl('O'));
+    PressKey(Ctrl('O'));
     Choose(log);
     EXPECT_TRUE(session.Shows(0, L"1240 /min"));
 }
@@ -204,10 +204,10 @@ TEST_F(Keys, WorkWhileNothingHasTheFocus) {
     // A control that is disabled loses the focus, and nothing gets it.
     ::EnableWindow(main.Control(IDC_SHIFT_UP).Get(), FALSE);
     ASSERT_TRUE(Becomes([this] { return main.FocusedId(); }, 0));
-    Press({VK_F7});
+    PressKey({VK_F7});
     EXPECT_TRUE(Becomes([this] { return Speed(); }, L"2x"));
-    Press({VK_ESCAPE});
-    Press({VK_F7});
+    PressKey({VK_ESCAPE});
+    PressKey({VK_F7});
     EXPECT_TRUE(Becomes([this] { return Speed(); }, L"4x"));
 }
 
@@ -225,14 +225,14 @@ TEST_F(RowKey, ShowsOneRowOfAHeldReplay) {
     // The rows of this log are in turn one and the other.
     for (int row = 0; row < 4; ++row) {
         const std::wstring before = Value();
-        Press({VK_F8});
+        PressKey({VK_F8});
         EXPECT_TRUE(Becomes([this] { return Value(); },
                             before == L"780 /min" ? L"1240 /min" : std::wstring(L"780 /min")));
         EXPECT_EQ(Buttons(), held);
     }
     const std::wstring shown = Value();
     EXPECT_TRUE(Stays([this] { return Value(); }, shown, 300ms));
-    Press({VK_F5});
+    PressKey({VK_F5});
     EXPECT_TRUE(Becomes([&] { return Value() != shown; }, true));
 }
 
@@ -240,7 +240,7 @@ TEST_F(RowKey, ShowsARowForEachPress) {
     EnterWithKeyboard(ProgramState::ReplayHeld);
     ASSERT_FALSE(HasFatalFailure());
     const double before = std::stod(main.Text(IDC_ELAPSED));
-    for (int press = 0; press < 10; ++press) Press({VK_F8});
+    for (int press = 0; press < 10; ++press) PressKey({VK_F8});
     const auto rowsLater = [&] {
         return static_cast<int>(std::lround((std::stod(main.Text(IDC_ELAPSED)) - before) / 0.05));
     };
@@ -270,35 +270,35 @@ INSTANTIATE_TEST_SUITE_P(In, NoRowKey,
 TEST_F(Keys, DoNothingWhileAMessageIsShown) {
     EnterWithKeyboard(ProgramState::ReplayHeld);
     ASSERT_FALSE(HasFatalFailure());
-    Press({VK_F1});
+    PressKey({VK_F1});
     const RemoteWindow message = session.DialogWith(kMessageText);
     ASSERT_TRUE(BringToFront(message));
     const RunButtonsSeen held = Buttons();
     const DWORD clipboard = ::GetClipboardSequenceNumber();
     for (const Key key : {Key{VK_F5}, Key{VK_F7}, Key{VK_F8}, Key{VK_NEXT}, Ctrl(VK_RIGHT), Ctrl('O'),
                           Ctrl('S'), Ctrl('M'), Ctrl(VK_OEM_COMMA), Key{VK_F1}, Key{VK_F5, false, true}})
-        Press(key);
-    Press({VK_RETURN});
+        PressKey(key);
+    PressKey({VK_RETURN});
     EXPECT_TRUE(Becomes([&] { return message.Exists(); }, false));
     TakeKeyboard();
     EXPECT_EQ(Shift(), L"PixelShift:3");
     EXPECT_EQ(Speed(), L"1x");
     EXPECT_EQ(Buttons(), held);
-    EXPECT_EQ(WindowsOf(main.ProcessId()).size(), 1u);
+    EXPECT_EQ(OpenWindows(), 1u);
     EXPECT_EQ(::GetClipboardSequenceNumber(), clipboard);
 }
 
 TEST_F(Keys, OfADialogOverTheWindowAreTheDialogsAndF1) {
     EnterWithKeyboard(ProgramState::ReplayHeld);
     ASSERT_FALSE(HasFatalFailure());
-    Press(Ctrl(VK_OEM_COMMA));
+    PressKey(Ctrl(VK_OEM_COMMA));
     const RemoteWindow preferences = session.DialogWith(IDC_PREFS_TRACE_LIST);
     ASSERT_TRUE(BringToFront(preferences));
     const RunButtonsSeen held = Buttons();
     for (const Key key : {Key{VK_F5}, Key{VK_F7}, Key{VK_F8}, Ctrl(VK_RIGHT), Ctrl('O'), Ctrl('S'), Ctrl('M'),
                           Key{VK_F5, false, true}})
-        Press(key);
-    Press({VK_F1});
+        PressKey(key);
+    PressKey({VK_F1});
     const RemoteWindow message = session.DialogWith(kMessageText);
     EXPECT_EQ(::GetWindow(message.Get(), GW_OWNER), preferences.Get());
     EXPECT_FALSE(::IsWindowEnabled(preferences.Get()));
@@ -309,9 +309,9 @@ TEST_F(Keys, OfADialogOverTheWindowAreTheDialogsAndF1) {
     EXPECT_EQ(Shift(), L"PixelShift:3");
     EXPECT_EQ(Speed(), L"1x");
     EXPECT_EQ(Buttons(), held);
-    EXPECT_EQ(WindowsOf(main.ProcessId()).size(), 2u);
+    EXPECT_EQ(OpenWindows(), 2u);
     ASSERT_TRUE(BringToFront(preferences));
-    Press({VK_ESCAPE});
+    PressKey({VK_ESCAPE});
     EXPECT_TRUE(Becomes([&] { return preferences.Exists(); }, false));
     EXPECT_TRUE(::IsWindowEnabled(main.Get()));
 }
@@ -329,12 +329,12 @@ TEST_F(Keys, ChangeTheSpeedOfTheTenChannelsToo) {
     ASSERT_TRUE(Becomes([this] { return main.IsShown(IDC_CHANNEL_VALUE_FIRST); }, true));
     TakeKeyboard();
     EXPECT_FALSE(main.IsShown(IDC_REPLAY_FASTER));
-    Press({VK_F7});
+    PressKey({VK_F7});
     EXPECT_TRUE(Becomes([this] { return Speed(); }, L"2x"));
-    Press({VK_F6});
+    PressKey({VK_F6});
     EXPECT_TRUE(Becomes([this] { return Speed(); }, L"1x"));
     // No slot can be selected there.
-    Press(Ctrl('M'));
+    PressKey(Ctrl('M'));
     EXPECT_TRUE(HandlesAll());
     EXPECT_EQ(OpenMeters(main).size(), 0u);
 }

@@ -118,12 +118,19 @@ TEST_F(Layout, ALowWindowLeavesEverythingWhereItWas) {
     EXPECT_TRUE(Place(IDC_SCALE_MIN) == expected);
 }
 
-TEST_F(Layout, EscapeClosesAsTheCloseButtonDoes) {
+TEST_F(Layout, CancelFromElsewhereClosesAsTheCloseButtonDoes) {
     WriteBytes(m_session.ExchangeFile(), "5\n");
-    m_main.Control(IDC_LOAD_LOG).Post(WM_KEYDOWN, VK_ESCAPE);
+    m_main.PostClick(IDCANCEL);
     EXPECT_TRUE(m_session.Process().EndsWithin(kDeadline));
     EXPECT_TRUE(std::filesystem::exists(m_session.Scaling("Prefs.cfg")));
     EXPECT_FALSE(std::filesystem::exists(m_session.ExchangeFile()));
+}
+
+TEST_F(Layout, EscapeClosesNothing) {
+    m_main.Control(IDC_LOAD_LOG).Post(WM_KEYDOWN, VK_ESCAPE);
+    EXPECT_TRUE(Stays([this] { return m_session.Process().Running(); }, true, 300ms));
+    EXPECT_FALSE(std::filesystem::exists(m_session.Scaling("Prefs.cfg")));
+    EXPECT_TRUE(m_session.Closes());
 }
 
 TEST_F(Layout, EnterClosesNothing) {
@@ -178,7 +185,7 @@ TEST(LiveLayout, AResizeWhilePlottingKeepsPlotting) {
     EXPECT_TRUE(session.Closes());
 }
 
-TEST(LiveLayout, EscapeWhilePlottingClosesInOrder) {
+TEST(LiveLayout, CancelFromElsewhereWhilePlottingClosesInOrder) {
     Session session;
     session.StartWithHost();
     session.Host().SendRecord(kFirstRecord);

@@ -31,7 +31,7 @@ INPUT Stroke(WORD code, bool isUp) {
         window.Get());
 }
 
-void Press(Key key, int timesDown) {
+void PressKey(Key key, int timesDown) {
     std::vector<INPUT> strokes;
     if (key.control) strokes.push_back(Stroke(VK_CONTROL, false));
     if (key.shift) strokes.push_back(Stroke(VK_SHIFT, false));

@@ -24,6 +24,6 @@ constexpr Key Ctrl(WORD code) {
 ::testing::AssertionResult BringToFront(const RemoteWindow& window);
 
 // Down and up. Held down for longer, the same key goes down again and again.
-void Press(Key key, int timesDown = 1);
+void PressKey(Key key, int timesDown = 1);
 
 }  // namespace plotvane::test

@@ -1,0 +1,93 @@
+// F1: the manual beside the program, at the page of the window in front, in the browser that the user has
+// chosen. Here the "browser" is a command that notes the address.
+#include "tests/support/system/KeyTest.h"
+#include "tests/support/system/Meters.h"
+
+namespace plotvane::test {
+namespace {
+
+constexpr const wchar_t* kExtension = L"Software\\Classes\\.html";
+constexpr const wchar_t* kKind = L"Software\\Classes\\PlotvaneTestPage";
+
+void SetDefault(const std::wstring& key, const std::wstring& value) {
+    ::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, REG_SZ, value.c_str(),
+                      static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+}
+
+class ManualKey : public KeyTest {
+protected:
+    ManualKey() {
+        std::filesystem::create_directories(m_program);
+        std::filesystem::copy_file(ProgramFolder() / "plotvane.exe", m_program / "plotvane.exe");
+        WriteBytes(m_program / "manual.html", "<html></html>");
+        session.RunFrom(m_program);
+    }
+    ~ManualKey() override {
+        ::RegDeleteTreeW(HKEY_CURRENT_USER, kExtension);
+        ::RegDeleteTreeW(HKEY_CURRENT_USER, kKind);
+    }
+    void Register(const std::wstring& command) {
+        SetDefault(kExtension, L"PlotvaneTestPage");
+        SetDefault(std::wstring(kKind) + L"\\shell\\open\\command", command);
+    }
+    std::wstring NotingCommand() const {
+        std::wstring system(MAX_PATH, L'\0');
+        system.resize(::GetSystemDirectoryW(system.data(), MAX_PATH));
+        return system + L"\\cmd.exe /c echo %1>\"" + m_note.wstring() + L"\"";
+    }
+    // What the browser is asked for after F1, without the folder.
+    std::string AddressAsked() {
+        std::filesystem::remove(m_note);
+        PressKey({VK_F1});
+        EXPECT_TRUE(Becomes([this] { return BytesOf(m_note).find('#') != std::string::npos; }, true));
+        const std::string address = BytesOf(m_note);
+        EXPECT_TRUE(address.starts_with("file:///")) << address;
+        const std::size_t name = address.rfind('/') + 1;
+        return address.substr(name, address.find_first_of("\r\n") - name);
+    }
+
+    const std::filesystem::path m_program = session.Folder() / L"a program \u00FC";
+    const std::filesystem::path m_note = session.Folder() / "note.txt";
+};
+
+TEST_F(ManualKey, OpensThePageOfTheWindowInFront) {
+    Register(NotingCommand());
+    EnterWithKeyboard(ProgramState::LiveHeld);
+    ASSERT_FALSE(HasFatalFailure());
+    EXPECT_EQ(AddressAsked(), "manual.html#main-window");
+    PressKey(Ctrl('M'));
+    ASSERT_TRUE(Becomes([this] { return OpenMeters(main).size(); }, 1u));
+    ASSERT_TRUE(BringToFront(OpenMeters(main).front()));
+    EXPECT_EQ(AddressAsked(), "manual.html#meters");
+    PressKey(Ctrl(VK_OEM_COMMA));
+    const RemoteWindow preferences = session.DialogWith(IDC_PREFS_TRACE_LIST);
+    ASSERT_TRUE(BringToFront(preferences));
+    EXPECT_EQ(AddressAsked(), "manual.html#preferences");
+    Cancel(preferences);
+    main.Post(WM_SYSCOMMAND, ID_SYSMENU_ABOUT);
+    ASSERT_TRUE(BringToFront(session.DialogWith(IDC_ABOUT_VERSION)));
+    EXPECT_EQ(AddressAsked(), "manual.html#README");
+}
+
+// The address names the folder with its blanks and letters encoded.
+TEST_F(ManualKey, OpensItFromAFolderOfAnyName) {
+    Register(NotingCommand());
+    EnterWithKeyboard(ProgramState::Idle);
+    ASSERT_FALSE(HasFatalFailure());
+    AddressAsked();
+    EXPECT_NE(BytesOf(m_note).find("/a%20program%20%C3%BC/manual.html#"), std::string::npos)
+        << BytesOf(m_note);
+}
+
+TEST_F(ManualKey, SaysSoWhereThereIsNoManual) {
+    Register(NotingCommand());
+    std::filesystem::remove(m_program / "manual.html");
+    EnterWithKeyboard(ProgramState::Idle);
+    ASSERT_FALSE(HasFatalFailure());
+    PressKey({VK_F1});
+    ConfirmMessage(L"Sorry, can't open the manual. Is manual.html beside the program?", L"Error");
+    EXPECT_FALSE(std::filesystem::exists(m_note));
+}
+
+}  // namespace
+}  // namespace plotvane::test
