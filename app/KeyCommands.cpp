@@ -4,6 +4,7 @@
 
 #include "app/AboutDlg.h"
 #include "app/KeyRules.h"
+#include "history/HistoryWnd.h"
 #include "res/resource.h"
 #include "scaling/PrefsDlg.h"
 
@@ -150,6 +151,7 @@ void KeyCommands::Fit() {
 const char* KeyCommands::PageInFront() {
     const HWND front = ::GetActiveWindow();
     if (Is<CMeterWnd>(front)) return "meters";
+    if (Is<CHistoryWnd>(front)) return "looking-back";
     if (Is<CPrefsDlg>(front)) return "preferences";
     if (Is<CAboutDlg>(front)) return "README";
     return "main-window";

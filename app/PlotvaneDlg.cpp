@@ -7,6 +7,7 @@
 #include "app/ControlNames.h"
 #include "app/Manual.h"
 #include "app/OwnedWindows.h"
+#include "app/ProgramTexts.h"
 #include "app/Version.h"
 #include "base/FileOperations.h"
 #include "base/Numbers.h"
@@ -42,20 +43,6 @@ std::filesystem::path ScalingFolder() {
     const DWORD length = ::GetCurrentDirectoryW(kMaxDirectory, directory.data());
     const bool fits = length > 0 && length < kMaxDirectory;
     return (fits ? std::filesystem::path(directory.data()) : std::filesystem::path(".")) / "Scaling";
-}
-
-MeterTexts LoadMeterTexts() {
-    return {LoadText(IDS_METER),
-            LoadText(IDS_FIELD_NUMBER),
-            LoadText(IDS_MILEAGE_CAPTION),
-            LoadText(IDS_CONSUMPTION_CAPTION),
-            LoadText(IDS_MPG),
-            LoadText(IDS_LITRES_PER_100KM)};
-}
-
-AcquisitionTexts LoadAcquisitionTexts() {
-    return {LoadText(IDS_LIVE_TITLE),
-            {LoadText(IDS_MPG), LoadText(IDS_LITRES_PER_100KM), LoadText(IDS_GALLONS_PER_HOUR)}};
 }
 
 }  // namespace
@@ -380,14 +367,18 @@ void CPlotvaneDlg::OnAirFuel(UINT id) {
     m_acquisition.loop.Seen().Forget(AirFuelButtonOf(static_cast<int>(id) - IDC_AIR_FUEL_FIRST));
 }
 
-// F1 works over a dialog too, and its message belongs to that one then.
 void CPlotvaneDlg::OnKey(UINT command) {
-    if (command != ID_KEY_MANUAL) {
-        if (MayBegin()) m_keys.Run(static_cast<int>(command));
-    } else if (!m_closing && !ShowManual(KeyCommands::PageInFront())) {
-        const HWND front = ::IsWindowEnabled(m_hWnd) ? m_hWnd : ::GetActiveWindow();
-        ShowBox(front, IDS_NO_MANUAL, IDS_ERROR);
-    }
+    if (command == ID_KEY_MANUAL) return OnManualKey();
+    if (!MayBegin()) return;
+    if (command == ID_KEY_HISTORY) return OpenHistory();
+    m_keys.Run(static_cast<int>(command));
+}
+
+// F1 works over a dialog too, and its message belongs to that one then.
+void CPlotvaneDlg::OnManualKey() {
+    if (m_closing || ShowManual(KeyCommands::PageInFront())) return;
+    const HWND front = ::IsWindowEnabled(m_hWnd) ? m_hWnd : ::GetActiveWindow();
+    ShowBox(front, IDS_NO_MANUAL, IDS_ERROR);
 }
 
 // The caret never stays in a value box. If the limits are disabled, the button beside them gets the focus.

@@ -94,6 +94,7 @@ private:
 
     // Keys.
     void OnKey(UINT command);
+    void OnManualKey();
 
     // Setting up.
     void AppendSystemMenu();
