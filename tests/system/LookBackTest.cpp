@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/system/History.h"
+#include "tests/support/system/Keyboard.h"
 #include "tests/support/system/ProgramState.h"
 #include "tests/support/system/Records.h"
 
@@ -61,6 +62,22 @@ TEST_F(LookingBack, ADoubleClickOnTheChartShowsTheValuesOfTheDrive) {
     EXPECT_TRUE(TableHas(L"001-1\t/min\t1780\r\n"));
     ClickPlot(kPlotLeft);
     EXPECT_TRUE(TableHas(L"Name\tUnit\t0.00\r\n001-1\t/min\t780\r\n"));
+}
+
+TEST_F(LookingBack, CtrlHOpensItAndItsKeysAreItsOwn) {
+    StartLive();
+    Send(kFirstRecord, L"780 /min");
+    ASSERT_TRUE(BringToFront(main));
+    main.Focus(IDC_SHIFT_UP);
+    PressKey(Ctrl('H'));
+    history = OpenedHistory(main);
+    ASSERT_TRUE(BringToFront(history));
+    const std::wstring shift = main.Text(IDC_SHIFT_LABEL);
+    PressKey(Ctrl(VK_RIGHT));  // moves the cursor here, and the chart's shift there
+    PressKey({VK_ESCAPE});
+    EXPECT_TRUE(Becomes([this] { return history.Exists(); }, false));
+    EXPECT_EQ(main.Text(IDC_SHIFT_LABEL), shift);
+    EXPECT_TRUE(session.Closes());
 }
 
 TEST_F(LookingBack, OneClickOpensNothing) {
@@ -130,11 +147,8 @@ TEST_F(LookingBack, SamplesAndPictureAreSaved) {
     Open();
     for (const bool samples : {true, false}) {
         const std::filesystem::path path = session.Folder() / (samples ? "drive.csv" : "drive.png");
-        if (samples) {
-            PressKeys(history, {VK_CONTROL, VK_SHIFT, 'S'});
-        } else {
-            PressKeys(history, {VK_CONTROL, 'S'});
-        }
+        ASSERT_TRUE(BringToFront(history));
+        PressKey({'S', true, samples});
         RemoteWindow dialog;
         const wchar_t* const title = samples ? L"Save the samples" : L"Save the picture";
         ASSERT_TRUE(Becomes(

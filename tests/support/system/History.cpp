@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <ranges>
-#include <vector>
-
 #include "res/resource.h"
 #include "tests/support/system/Await.h"
+#include "tests/support/system/Keyboard.h"
 
 namespace plotvane::test {
 namespace {
@@ -59,17 +57,10 @@ RemoteWindow OpenHistory(const RemoteWindow& main) {
     return OpenedHistory(main);
 }
 
-void PressKeys(const RemoteWindow& window, std::initializer_list<WORD> keys) {
-    ::SetForegroundWindow(window.Get());
-    EXPECT_TRUE(Becomes([] { return ::GetForegroundWindow(); }, window.Get()));
-    for (const WORD key : keys) ::keybd_event(static_cast<BYTE>(key), 0, 0, 0);
-    for (const WORD key : std::vector<WORD>(std::rbegin(keys), std::rend(keys)))
-        ::keybd_event(static_cast<BYTE>(key), 0, KEYEVENTF_KEYUP, 0);
-}
-
 std::wstring TableOf(const RemoteWindow& history) {
     ClearClipboard();
-    PressKeys(history, {VK_CONTROL, VK_SHIFT, 'C'});
+    EXPECT_TRUE(BringToFront(history));
+    PressKey({'C', true, true});
     std::wstring table;
     EXPECT_TRUE(Becomes([&] { return (table = ClipboardText()).empty(); }, false));
     return table;

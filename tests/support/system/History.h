@@ -18,9 +18,6 @@ RemoteWindow OpenedHistory(const RemoteWindow& main);
 // Opens it by a double click, and waits for it.
 RemoteWindow OpenHistory(const RemoteWindow& main);
 
-// Presses keys of the real keyboard, where the focus is: the modifiers and the key.
-void PressKeys(const RemoteWindow& window, std::initializer_list<WORD> keys);
-
 // Presses Ctrl+Shift+C in the window and returns the table that it puts on the clipboard.
 std::wstring TableOf(const RemoteWindow& history);
 
