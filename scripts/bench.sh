@@ -110,7 +110,8 @@ play() {
         setsid wine "$program" </dev/null 9>&- >/dev/null 2>&1 &
     else
         write_drive >drive.csv
-        setsid wine "$bin/diagnel-sim.exe" --folder "Z:$folder" "${options[@]}" "Z:$program" </dev/null 9>&- >/dev/null 2>&1 &
+        setsid wine "$bin/diagnel-sim.exe" --folder "Z:$folder" "${options[@]}" "Z:$program" \
+            </dev/null 9>&- >/dev/null 2>&1 &
     fi
     started=$!
     groups+=("$started")
@@ -217,7 +218,9 @@ program_table() {
             goal[$1] = $2
             key = $1 SUBSEP $3
             if (figure[4] > 0) ratios[key] = ratios[key] " " (figure[2] + figure[3]) * 1000 / figure[1]
-            own[key] = own[key] " " figure[2]; server[key] = server[key] " " figure[3]; rate[key] = rate[key] " " figure[4]
+            own[key] = own[key] " " figure[2]
+            server[key] = server[key] " " figure[3]
+            rate[key] = rate[key] " " figure[4]
             yardsticks = yardsticks " " figure[1]
         }
         function cost(key) {
