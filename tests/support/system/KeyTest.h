@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <tuple>
 
 #include "tests/support/system/Keyboard.h"
@@ -28,16 +27,7 @@ protected:
     std::wstring Shift() const { return main.Text(IDC_SHIFT_LABEL); }
     std::wstring Speed() const { return main.Text(IDC_REPLAY_SPEED); }
 
-    // Windows of the program that are open; tips come and go.
-    std::size_t OpenWindows() const {
-        std::size_t count = 0;
-        for (const RemoteWindow& window : WindowsOf(main.ProcessId())) {
-            std::array<wchar_t, 32> name{};
-            ::GetClassNameW(window.Get(), name.data(), static_cast<int>(name.size()));
-            if (std::wstring_view(name.data()) != L"tooltips_class32") ++count;
-        }
-        return count;
-    }
+    std::size_t OpenWindows() const { return WindowsOf(main.ProcessId()).size(); }
 
     // Waits until all keys so far are handled: keys come in their order, and the one that this presses can be
     // seen. The focus must not be in an edit.

@@ -12,7 +12,7 @@ constexpr UINT kAnswerMs = 5000;
 bool IsTip(HWND window) {
     wchar_t name[40]{};
     ::GetClassNameW(window, name, 40);
-    return std::wstring(name) == L"tooltips_class32";
+    return name == std::wstring_view(L"tooltips_class32") || name == std::wstring_view(L"PlotvaneReadOut");
 }
 
 }  // namespace
