@@ -71,7 +71,7 @@ TEST_F(LookingBack, CtrlHOpensItAndItsKeysAreItsOwn) {
     main.Focus(IDC_SHIFT_UP);
     PressKey(Ctrl('H'));
     history = OpenedHistory(main);
-    ASSERT_TRUE(BringToFront(history));
+    ASSERT_TRUE(GiveKeyboard(history));
     const std::wstring shift = main.Text(IDC_SHIFT_LABEL);
     PressKey(Ctrl(VK_RIGHT));  // moves the cursor here, and the chart's shift there
     PressKey({VK_ESCAPE});
@@ -147,7 +147,7 @@ TEST_F(LookingBack, SamplesAndPictureAreSaved) {
     Open();
     for (const bool samples : {true, false}) {
         const std::filesystem::path path = session.Folder() / (samples ? "drive.csv" : "drive.png");
-        ASSERT_TRUE(BringToFront(history));
+        ASSERT_TRUE(GiveKeyboard(history));
         PressKey({'S', true, samples});
         RemoteWindow dialog;
         const wchar_t* const title = samples ? L"Save the samples" : L"Save the picture";

@@ -28,6 +28,14 @@ void ClearClipboard() {
     ::CloseClipboard();
 }
 
+// The window with the focus in the thread of another one.
+HWND FocusOf(const RemoteWindow& window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    ::GetGUIThreadInfo(::GetWindowThreadProcessId(window.Get(), nullptr), &info);
+    return ::GetForegroundWindow() == window.Get() ? info.hwndFocus : nullptr;
+}
+
 }  // namespace
 
 void DoubleClickChart(const RemoteWindow& main) {
@@ -57,9 +65,18 @@ RemoteWindow OpenHistory(const RemoteWindow& main) {
     return OpenedHistory(main);
 }
 
+::testing::AssertionResult GiveKeyboard(const RemoteWindow& history) {
+    return Becomes(
+        [&] {
+            if (::GetForegroundWindow() != history.Get()) ::SetForegroundWindow(history.Get());
+            return FocusOf(history);
+        },
+        history.Get());
+}
+
 std::wstring TableOf(const RemoteWindow& history) {
     ClearClipboard();
-    EXPECT_TRUE(BringToFront(history));
+    EXPECT_TRUE(GiveKeyboard(history));
     PressKey({'C', true, true});
     std::wstring table;
     EXPECT_TRUE(Becomes([&] { return (table = ClipboardText()).empty(); }, false));
