@@ -10,7 +10,7 @@
 namespace plotvane {
 namespace {
 
-// Another program has the clipboard open for a moment now and then: whoever shows what is on it, for example.
+// Other programs have the clipboard open for a moment now and then, to show what is on it, for example.
 constexpr int kTries = 10;
 constexpr DWORD kBetweenTriesMs = 10;
 

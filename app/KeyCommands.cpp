@@ -33,7 +33,7 @@ bool Is(HWND window) {
 
 }  // namespace
 
-// Without a focus the keys come as if Alt were held.
+// If no window has the focus, Windows sends keys as WM_SYSKEYDOWN, as it does with Alt.
 bool KeyCommands::Take(const MSG& message) {
     if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
     if (TakesEscOrEnter(message)) return true;

@@ -13,8 +13,8 @@ namespace plotvane {
 // The keys of the main window: which message is one, and what it does. A key presses a button that the user
 // could press too, with the handler of the button and its checks. What no button does is done here.
 //
-// The keys work in the main window and in its meters, which a user has before them in a drive. In the dialogs
-// over the main window only F1 works.
+// The keys work in the main window and in its meters, which users look at during a drive. In the dialogs over
+// the main window only F1 works.
 class KeyCommands {
 public:
     // All must outlive this object.
@@ -32,8 +32,8 @@ public:
     // What the key does arrives in the dialog as WM_COMMAND with a command id, as from any key table.
     bool Take(const MSG& message);
 
-    // Does what a command says. The caller has made sure that the window is there and that nothing lies over
-    // it.
+    // Does what a command says. The caller has made sure that the program does not close and that no dialog
+    // lies over the window.
     void Run(int command);
 
     // The page of the manual about the window in front.

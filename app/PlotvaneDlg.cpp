@@ -363,7 +363,7 @@ void CPlotvaneDlg::OnShiftUp() {
 
 void CPlotvaneDlg::OnAirFuel(UINT id) {
     m_data.state.redrawRequest = true;
-    // Which button belongs to a slot is a matter of pairs that have changed places, so it works both ways.
+    // Slots and their buttons are swapped in pairs, so the function also gives the slot of a button.
     m_acquisition.loop.Seen().Forget(AirFuelButtonOf(static_cast<int>(id) - IDC_AIR_FUEL_FIRST));
 }
 
@@ -374,7 +374,7 @@ void CPlotvaneDlg::OnKey(UINT command) {
     m_keys.Run(static_cast<int>(command));
 }
 
-// F1 works over a dialog too, and its message belongs to that one then.
+// F1 works in a dialog too. If there is no manual, the message belongs to that dialog.
 void CPlotvaneDlg::OnManualKey() {
     if (m_closing || ShowManual(KeyCommands::PageInFront())) return;
     const HWND front = ::IsWindowEnabled(m_hWnd) ? m_hWnd : ::GetActiveWindow();

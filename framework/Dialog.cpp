@@ -47,12 +47,13 @@ void CDialog::RunUntilEnded() {
         if (!::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             ShowOnce();
             TellOwnerThatItIsIdle();
+            if (!m_running || !m_hWnd) return;
             ::GetMessageW(&message, nullptr, 0, 0);
         }
         if (message.message == WM_QUIT) return ::PostQuitMessage(static_cast<int>(message.wParam));
         HandleQueued(message);
-        // Timers may come so fast that the queue is never empty. And a key with Alt may open a menu, which
-        // must not hang in the air.
+        // Timers may come so fast that the queue is never empty. A key with Alt may open a menu, and the
+        // window must be visible then.
         if (message.message == WM_TIMER || message.message == WM_SYSKEYDOWN) ShowOnce();
     }
 }

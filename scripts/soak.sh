@@ -15,13 +15,14 @@
 #   killed   kills program and host at a hundred random moments an hour; each time every settings file must be whole
 #   modules  a thousand modules in an hour, one after the other, and as many label files that redirect in a circle
 #   meters   opens and closes sixty thousand meters in an hour; they must leave nothing in memory
+#   keys     presses keys at random for ten minutes an hour, half of the time live and half in a replay
 #
 # scripts/test.sh has a short form of each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-all_runs=(live replay tenfold blocks killed modules meters)
+all_runs=(live replay tenfold blocks killed modules meters keys)
 usage="usage: scripts/soak.sh [MINUTES [$(IFS='|'; echo "${all_runs[*]}")]...]"
 minutes=${1:-60}
 [[ $minutes =~ ^[1-9][0-9]*$ ]] || die "$usage"
@@ -117,6 +118,7 @@ modules() {
     PLOTVANE_MODULES=$((20 + (minutes < 60 ? minutes * 1000 / 60 : 1000))) \
         tests surroundings_tests 'OverAndOver.TheModuleChanges:OverAndOver.LabelFiles*'
 }
+keys() { PLOTVANE_KEYS_SECONDS=$((minutes * 5)) tests stress_tests 'In/RandomKeys.*'; }
 meters() { PLOTVANE_METERS=$((minutes * 1000)) tests surroundings_tests 'OverAndOver.AMeter*'; }
 
 # soak RUN: does the run. Call it in a shell of its own, which ends at the first step that fails.

@@ -10,7 +10,7 @@
 
 namespace plotvane::test {
 
-// What Windows' own reader finds in the bytes.
+// Reads the bytes of a PNG file with Windows' own reader.
 class PngReader {
 public:
     explicit PngReader(std::string bytes) : m_bytes(std::move(bytes)) {

@@ -49,6 +49,7 @@ TEST_F(KeysInEdits, EnterTakesTheNumberAndSelectsIt) {
     PressKey({VK_ESCAPE});  // the number taken is the old one now
     SendRecord(kSecondRecord, L"1780 /min");
     SendRecord(kFirstRecord, L"780 /min");
+    session.Host().SendRecord(kFirstRecord);  // level, so that it is one row
     const ChartOnScreen chart(main);
     EXPECT_TRUE(Becomes([&] { return chart.Rows(chart.PlotRight() - 2, kFirstTraceColour); },
                         std::vector<int>{chart.RowOf(780, 0, 5000)}));
@@ -153,6 +154,23 @@ TEST_F(KeysInEdits, ACheckBoxHasTheFocusAndTheKeysWork) {
     EXPECT_TRUE(main.IsChecked(IDC_SHOW_FIRST + 1));
 }
 
+// The ten channels disable Max, and no window gets the focus then. Windows sends keys as it does with Alt.
+TEST_F(KeysInEdits, WithoutAnyFocusTheKeysWork) {
+    FocusOn(IDC_SCALE_MAX);
+    std::string record = "038 906 019 FT,";
+    for (char digit = '0'; digit <= '9'; ++digit) record.append("GZER,F").append(1, digit).append(",7,,");
+    for (int slot = 4; slot < 12; ++slot) record += "G000,,,,";
+    session.Host().SendRecord(record);
+    ASSERT_TRUE(Becomes([this] { return main.IsEnabled(IDC_SCALE_MAX); }, false));
+    ASSERT_TRUE(Becomes([this] { return main.FocusedId(); }, 0));
+    const LRESULT running = Buttons().pauseImage;
+    PressKey({VK_ESCAPE});
+    PressKey({VK_F5});
+    EXPECT_TRUE(Becomes([&] { return Buttons().pauseImage != running; }, true));
+    EXPECT_TRUE(HandlesAll());
+    EXPECT_TRUE(session.Closes());
+}
+
 // Ctrl+F.
 
 TEST_F(KeysInEdits, TheFitIsTypedForTheUser) {
@@ -163,8 +181,8 @@ TEST_F(KeysInEdits, TheFitIsTypedForTheUser) {
     EXPECT_TRUE(Becomes([this] { return std::pair(Min(), Max()); },
                         std::pair<std::wstring, std::wstring>(L"730", L"1830")));
     SendRecord(kFirstRecord, L"780 /min");
-    SendRecord(kFirstRecord, L"780 /min");
     SendRecord(kSecondRecord, L"1780 /min");
+    session.Host().SendRecord(kSecondRecord);  // level, so that it is one row
     const ChartOnScreen chart(main);
     EXPECT_TRUE(Becomes([&] { return chart.Rows(chart.PlotRight() - 2, kFirstTraceColour); },
                         std::vector<int>{chart.RowOf(1780, 730, 1830)}));

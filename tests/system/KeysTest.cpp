@@ -198,19 +198,6 @@ TEST_F(Keys, CtrlODoesNothingWithAHost) {
     EXPECT_TRUE(DoesNothing(Ctrl('O')));
 }
 
-TEST_F(Keys, WorkWhileNothingHasTheFocus) {
-    EnterWithKeyboard(ProgramState::ReplayHeld);
-    ASSERT_FALSE(HasFatalFailure());
-    // A control that is disabled loses the focus, and nothing gets it.
-    ::EnableWindow(main.Control(IDC_SHIFT_UP).Get(), FALSE);
-    ASSERT_TRUE(Becomes([this] { return main.FocusedId(); }, 0));
-    PressKey({VK_F7});
-    EXPECT_TRUE(Becomes([this] { return Speed(); }, L"2x"));
-    PressKey({VK_ESCAPE});
-    PressKey({VK_F7});
-    EXPECT_TRUE(Becomes([this] { return Speed(); }, L"4x"));
-}
-
 // F8.
 
 class RowKey : public Keys {

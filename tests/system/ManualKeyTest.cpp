@@ -1,17 +1,29 @@
 // F1: the manual beside the program, at the page of the window in front, in the browser that the user has
 // chosen. Here the "browser" is a command that notes the address.
+#include <array>
+#include <optional>
+
 #include "tests/support/system/KeyTest.h"
 #include "tests/support/system/Meters.h"
 
 namespace plotvane::test {
 namespace {
 
-constexpr const wchar_t* kExtension = L"Software\\Classes\\.html";
-constexpr const wchar_t* kKind = L"Software\\Classes\\PlotvaneTestPage";
+constexpr const wchar_t* kExtension = L".html";
+constexpr const wchar_t* kKind = L"PlotvaneTestPage";
 
 void SetDefault(const std::wstring& key, const std::wstring& value) {
-    ::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, REG_SZ, value.c_str(),
+    ::RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
                       static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+}
+
+std::optional<std::wstring> DefaultOf(const wchar_t* key) {
+    std::array<wchar_t, 256> value{};
+    DWORD size = sizeof value;
+    const LSTATUS status =
+        ::RegGetValueW(HKEY_CLASSES_ROOT, key, nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &size);
+    if (status != ERROR_SUCCESS) return std::nullopt;
+    return value.data();
 }
 
 class ManualKey : public KeyTest {
@@ -23,8 +35,12 @@ protected:
         session.RunFrom(m_program);
     }
     ~ManualKey() override {
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, kExtension);
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, kKind);
+        if (m_before) {
+            SetDefault(kExtension, *m_before);
+        } else {
+            ::RegDeleteKeyValueW(HKEY_CLASSES_ROOT, kExtension, nullptr);
+        }
+        ::RegDeleteTreeW(HKEY_CLASSES_ROOT, kKind);
     }
     void Register(const std::wstring& command) {
         SetDefault(kExtension, L"PlotvaneTestPage");
@@ -38,14 +54,17 @@ protected:
     // What the browser is asked for after F1, without the folder.
     std::string AddressAsked() {
         std::filesystem::remove(m_note);
+        const RemoteWindow front(::GetForegroundWindow());
         PressKey({VK_F1});
         EXPECT_TRUE(Becomes([this] { return BytesOf(m_note).find('#') != std::string::npos; }, true));
+        EXPECT_TRUE(BringToFront(front));  // the command may have had a window
         const std::string address = BytesOf(m_note);
         EXPECT_TRUE(address.starts_with("file:///")) << address;
         const std::size_t name = address.rfind('/') + 1;
         return address.substr(name, address.find_first_of("\r\n") - name);
     }
 
+    const std::optional<std::wstring> m_before = DefaultOf(kExtension);
     const std::filesystem::path m_program = session.Folder() / L"a program \u00FC";
     const std::filesystem::path m_note = session.Folder() / "note.txt";
 };

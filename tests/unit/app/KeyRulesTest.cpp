@@ -12,7 +12,9 @@ namespace {
 TEST(KeyRules, EachKeyOfAButtonHasItsOwn) {
     std::set<int> buttons;
     for (int command = ID_KEY_FIRST; command <= ID_KEY_LAST; ++command) {
-        if (const int button = ButtonOfKey(command)) EXPECT_TRUE(buttons.insert(button).second) << command;
+        if (const int button = ButtonOfKey(command)) {
+            EXPECT_TRUE(buttons.insert(button).second) << command;
+        }
     }
     EXPECT_EQ(buttons, (std::set<int>{IDC_LOAD_LOG, IDC_PAUSE, IDC_STOP, IDC_REPLAY_SLOWER, IDC_REPLAY_FASTER,
                                       IDC_SCALE_NEXT, IDC_SCALE_PREVIOUS, IDC_SHIFT_DOWN, IDC_SHIFT_UP}));
