@@ -41,7 +41,7 @@ protected:
         return files.size();
     }
 
-    const std::filesystem::path m_root = test::DataFolder("fuzz", PLOTVANE_FUZZ_INPUTS);
+    const std::filesystem::path m_root = test::DataFolder("kept-inputs", PLOTVANE_FUZZ_INPUTS);
 };
 
 TEST_P(KeptInputsTest, EverySeedAndEveryFormerFindKeepsThePromises) {
