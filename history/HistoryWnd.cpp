@@ -111,6 +111,8 @@ bool CHistoryWnd::Open(HWND owner, int trace) {
         m_lineHeight = std::max<int>(screen.GetTextMetrics().tmHeight, 1);
     }
     if (!CreateEx(0, WindowClass(), "", WS_OVERLAPPEDWINDOW, PlaceBeside(owner), owner, 0)) return false;
+    for (const WPARAM size : {ICON_SMALL, ICON_BIG})
+        SendMessage(WM_SETICON, size, ::SendMessageW(owner, WM_GETICON, size, 0));
     ShowTitle();
     SetTimer(kRefreshTimer, kRefreshMs);
     ShowWindow(SW_SHOW);

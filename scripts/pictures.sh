@@ -144,6 +144,7 @@ shoot() {
 shoot_part() {
     local name=$1 left=$2 top=$3 width=$4 height=$5 window_height
     shift 5
+    xdotool mousemove 0 0 # a tip would lie over the part
     sleep 0.4
     window_height=$(xdotool getwindowgeometry --shell "$main" | sed -n 's/^HEIGHT=//p')
     import -window "$main" miff:- | convert - \

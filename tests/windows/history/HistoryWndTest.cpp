@@ -80,6 +80,9 @@ protected:
         return std::stoi(ClipboardText().substr(10));  // after "Name", "Unit" and two tabs
     }
 
+    // By size: ICON_SMALL or ICON_BIG.
+    LRESULT IconOf(WPARAM size) const { return m_window.SendMessage(WM_GETICON, size); }
+
     // In an entry of three lines.
     int EntryTop(int entry) const {
         const CFont font = CreateTextFont();
@@ -158,6 +161,15 @@ protected:
     CHistoryWnd m_window{m_recording, m_prefs};
     std::array<BYTE, 256> m_noKeys{};
 };
+
+TEST_F(HistoryWndTest, HasTheIconsOfItsOwner) {
+    const auto icon = reinterpret_cast<LPARAM>(::LoadIconW(nullptr, IDI_WARNING));
+    m_owner.SendMessage(WM_SETICON, ICON_SMALL, icon);
+    m_window.DestroyWindow();
+    EXPECT_TRUE(m_window.Open(m_owner.m_hWnd, 0));
+    EXPECT_EQ(IconOf(ICON_SMALL), icon);
+    EXPECT_EQ(IconOf(ICON_BIG), 0);
+}
 
 TEST_F(HistoryWndTest, IsAResizableWindowOfItsOwnerThatNamesTheModule) {
     const auto style = static_cast<DWORD>(::GetWindowLongW(m_window.m_hWnd, GWL_STYLE));
