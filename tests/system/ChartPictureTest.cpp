@@ -57,9 +57,11 @@ protected:
         Type(dialog, path);
         dialog.PostClick(IDOK);
     }
-    // Compares a file with what the chart shows.
+    // Compares a file with what the chart shows. The program has it to itself until it is on the disk.
     void ExpectPicture(const std::filesystem::path& path) {
-        const PngReader read(BytesOf(path));
+        std::string bytes;
+        ASSERT_TRUE(Becomes([&] { return (bytes = BytesOf(path)).empty(); }, false));
+        const PngReader read(std::move(bytes));
         ASSERT_EQ(read.pixels.size(), shown.pixels.size());
         EXPECT_EQ(static_cast<int>(read.width), shown.width);
         int different = 0;

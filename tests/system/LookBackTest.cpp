@@ -176,11 +176,9 @@ TEST_F(LookingBack, APointerThatRestsOnTheChartIsToldTheValuesThere) {
     StartLive();
     Send(kFirstRecord, L"780 /min");
     Send(kSecondRecord, L"1780 /min");
-    const auto told = [this] {
-        for (const RemoteWindow& window : WindowsOf(main.ProcessId())) {
-            if (window.Text().find(L"before the newest") != std::wstring::npos) return window.Text();
-        }
-        return std::wstring();
+    const auto told = [] {
+        const RemoteWindow tip(::FindWindowW(L"PlotvaneReadOut", nullptr));
+        return tip.IsShown() ? tip.Text() : std::wstring();
     };
     const RECT chart = main.Control(IDC_CHART).ClientScreenRect();
     const int newest = chart.right - 11;  // the plot keeps ten pixels from the edge
