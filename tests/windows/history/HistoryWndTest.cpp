@@ -77,7 +77,14 @@ protected:
     // The time under the cursor, by the table.
     int CursorSecond() {
         Press('C', true, true);
-        return std::stoi(ClipboardText().substr(10));  // after "Name", "Unit" and two tabs
+        return FirstSecondOf(ClipboardText());
+    }
+    // The first time in the head of a table: after "Name", "Unit" and two tabs, as "59.00" or "1:00.00".
+    static int FirstSecondOf(const std::wstring& table) {
+        std::size_t end = 0;
+        const std::wstring time = table.substr(10);
+        const int first = std::stoi(time, &end);
+        return time[end] == L':' ? 60 * first + std::stoi(time.substr(end + 1)) : first;
     }
 
     // By size: ICON_SMALL or ICON_BIG.
@@ -255,7 +262,7 @@ TEST_F(HistoryWndTest, ComparesByKeysAlone) {
     for (int step = 0; step < 3; ++step) Press(VK_LEFT, true, true);
     Press('C', true, true);
     EXPECT_NE(ClipboardText().find(L"Difference"), std::wstring::npos);
-    EXPECT_EQ(std::stoi(ClipboardText().substr(10)), last - 3);
+    EXPECT_EQ(FirstSecondOf(ClipboardText()), last - 3);
 }
 
 TEST_F(HistoryWndTest, ZoomsAboutThePointerByTheWheel) {
