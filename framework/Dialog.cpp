@@ -81,8 +81,11 @@ void CDialog::EndDialog(INT_PTR result) {
     m_running = false;
     m_result = result;
     const HWND owner = m_disabledOwner;
+    const HWND anyOwner = ::GetWindow(m_hWnd, GW_OWNER);
+    const bool isDisabledByAnother = !owner && anyOwner && !::IsWindowEnabled(anyOwner);
     EnableOwner();
     ::EndDialog(m_hWnd, result);
+    if (isDisabledByAnother) ::EnableWindow(anyOwner, FALSE);  // the system has enabled it
     if (owner && m_hWnd && ::GetActiveWindow() == m_hWnd) ::SetActiveWindow(owner);
     if (m_hWnd) ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }

@@ -60,6 +60,8 @@ END_MESSAGE_MAP()
 
 class Owner : public CWnd {
 public:
+    Owner() { plotvane::test::CreateHidden(*this); }
+
     int idles = 0;
     std::function<void()> onIdle = [] {};
     std::vector<UINT> asked;
@@ -84,8 +86,6 @@ END_MESSAGE_MAP()
 
 class ModalLoop : public testing::Test {
 protected:
-    ModalLoop() { plotvane::test::CreateHidden(owner); }
-
     Owner owner;
     HiddenDialog dialog{owner.m_hWnd};
 };
