@@ -117,7 +117,7 @@ void CMeterWnd::OnContextMenu(HWND, POINT place) {
     CheckItem(popup, 1, m_gauge.ShowsMinMarker());
     CheckItem(popup, 2, m_gauge.ShowsPeak());
     CheckItem(popup, 3, m_gauge.HasSwappedColors());
-    // The meter may be gone when this returns: no member may be touched behind it. What was chosen arrives
+    // The meter may be gone when this returns: no member may be touched after that. What was chosen arrives
     // as a command of its own.
     ::TrackPopupMenu(popup, TPM_CENTERALIGN | TPM_RIGHTBUTTON, place.x, place.y, 0, m_hWnd, nullptr);
 }

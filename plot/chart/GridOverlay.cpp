@@ -33,11 +33,11 @@ void GridOverlay::TakeRow(const ChartPixels& picture, int y) {
     const std::uint32_t* const first = picture.Row(y);
     const std::uint32_t* const end = first + picture.width;
     for (const std::uint32_t* run = std::find_if(first, end, isDrawn); run != end;) {
-        const std::uint32_t* const behind = std::find_if_not(run, end, isDrawn);
+        const std::uint32_t* const runEnd = std::find_if_not(run, end, isDrawn);
         m_runs.push_back(
-            {static_cast<std::uint32_t>(run - picture.pixels), static_cast<std::uint32_t>(behind - run)});
-        m_grid.insert(m_grid.end(), run, behind);
-        run = std::find_if(behind, end, isDrawn);
+            {static_cast<std::uint32_t>(run - picture.pixels), static_cast<std::uint32_t>(runEnd - run)});
+        m_grid.insert(m_grid.end(), run, runEnd);
+        run = std::find_if(runEnd, end, isDrawn);
     }
 }
 

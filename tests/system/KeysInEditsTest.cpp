@@ -27,7 +27,7 @@ protected:
     }
     std::wstring Max() const { return main.Text(IDC_SCALE_MAX); }
     std::wstring Min() const { return main.Text(IDC_SCALE_MIN); }
-    // First character and the one behind the last.
+    // Where the selection begins, and where it ends: after its last character.
     std::pair<int, int> Selection(int id) const {
         const LRESULT selection = main.Control(id).Send(EM_GETSEL);
         return {LOWORD(selection), HIWORD(selection)};
