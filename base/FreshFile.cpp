@@ -58,7 +58,7 @@ bool FreshFile::Rename(const std::filesystem::path& name, IfTaken ifTaken) {
 
 bool FreshFile::TakePlaceOf(const std::filesystem::path& file) {
     if (!OutwaitHolder([&] { return Rename(file, IfTaken::Replace); })) return false;
-    Keep();
+    m_file.reset();  // so that other programs can open it at once
     return true;
 }
 

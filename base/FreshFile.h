@@ -27,8 +27,8 @@ public:
 
     [[nodiscard]] bool Rename(const std::filesystem::path& name, IfTaken ifTaken);
 
-    // Renames the fresh file over a file in its folder, which may be missing. Waits a moment for another
-    // program that has that file open. On failure the old file stays.
+    // Renames the fresh file over a file in its folder, which may be missing, and closes it. Waits a moment
+    // for another program that has that file open. On failure the old file stays, and the fresh one is open.
     [[nodiscard]] bool TakePlaceOf(const std::filesystem::path& file);
 
     // The destructor no longer removes the file.

@@ -21,6 +21,15 @@ TEST(FreshFile, TakesItsPlaceWholeAfterAllPieces) {
     EXPECT_EQ(test::BytesOf(folder / "table.csv"), std::string("one\n\0two", 8));
 }
 
+TEST(FreshFile, CanBeReadAsSoonAsItHasItsPlace) {
+    const test::TempFolder folder;
+    FreshFile file(folder.Path());
+    EXPECT_TRUE(file.Append("new"));
+    EXPECT_TRUE(file.TakePlaceOf(folder / "table.csv"));
+    EXPECT_EQ(test::BytesOf(folder / "table.csv"), "new");
+    EXPECT_FALSE(file.Append("more"));
+}
+
 TEST(FreshFile, ThatIsGivenUpLeavesTheFolderAsItWas) {
     const test::TempFolder folder;
     test::WriteBytes(folder / "table.csv", "old");
