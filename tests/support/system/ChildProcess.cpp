@@ -33,8 +33,13 @@ ChildProcess::ChildProcess(std::wstring commandLine, const std::filesystem::path
         startup.cbReserved2 = static_cast<WORD>(descriptors.size());
     }
     PROCESS_INFORMATION started{};
-    if (!::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, !descriptors.empty(),
-                          CREATE_SUSPENDED, nullptr, folder.c_str(), &startup, &started)) {
+    const auto starts = [&] {
+        return ::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, !descriptors.empty(),
+                                CREATE_SUSPENDED, nullptr, folder.c_str(), &startup, &started) != 0;
+    };
+    // In one of some thousand starts Wine's own loader ends before the program has begun, and Wine reports
+    // an internal error. The program has not run then, so this says nothing about it.
+    if (!starts() && (::GetLastError() != ERROR_INTERNAL_ERROR || !starts())) {
         throw std::runtime_error("cannot start a process, error " + std::to_string(::GetLastError()));
     }
     m_process = Handle(started.hProcess);
