@@ -10,17 +10,17 @@ namespace plotvane {
 // It knows the latest few thousand, more than a screen has columns.
 class ChartColumns {
 public:
-    // The chart has scrolled by so many pixels (0 and more) and drawn a sample at its right edge; -1 for a
+    // The chart has scrolled by this many pixels (0 and more) and drawn a sample at its right edge; -1 for a
     // sample that is not recorded.
     void AddSample(std::int64_t sample, int shift);
 
-    // The chart has scrolled by so many pixels and drawn nothing.
+    // The chart has scrolled by this many pixels and drawn nothing.
     void AddGap(int shift);
 
     // The chart has erased what it showed. The next sample is joined to the last one, which is seen again.
     void Clear() { m_shownFrom = m_position; }
 
-    // Sample numbers from before mean nothing any more.
+    // The recording has begun again, so the numbers of its samples have too.
     void Forget();
 
     // The sample whose value stands in a column or, between two samples, the earlier one. Columns are counted

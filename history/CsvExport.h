@@ -13,7 +13,7 @@ namespace plotvane {
 // samples, also where the chart does not draw it; a cell is empty where its trace shows something else.
 // Numbers have a decimal point and up to 12 digits.
 //
-// Comes in chunks, so that who writes them somewhere can do something else in between.
+// The text comes in chunks, so that the caller can do something else in between.
 class CsvExport {
 public:
     // From `begin` to before `end`; they must be kept now. The recording must outlive this.
@@ -22,10 +22,10 @@ public:
     enum class Next {
         More,
         Done,
-        Gone  // samples that are still due have been dropped, or forgotten: what was written is of no use
+        Gone  // samples that were still due are not recorded any more: the text so far is of no use
     };
 
-    // Appends so many samples at most; before the first one, the header.
+    // Appends at most this many samples; before the first one, the header.
     Next Append(std::string& text, int samples);
 
     // From 0 to 100.

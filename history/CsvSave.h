@@ -9,7 +9,8 @@
 namespace plotvane {
 
 // Saves samples as comma-separated values, a few at a time, so that its caller can do something else in
-// between. The file has its name when all are in it; if this goes before that, nothing has changed.
+// between. The file gets its name once all are in it. If this object is destroyed before that, nothing has
+// changed.
 class CsvSave {
 public:
     // From `begin` to before `end`; see CsvExport. The recording must outlive this.
@@ -23,7 +24,7 @@ public:
         Gone     // samples that were still due are not recorded any more
     };
 
-    // Saves so many samples at most. To be called while it is going.
+    // Saves at most this many samples. Call it again for as long as it returns Going.
     State Save(int samples);
 
     // From 0 to 100.

@@ -13,7 +13,7 @@
 
 namespace plotvane {
 
-// What the window that looks back has from the chart.
+// What the window that looks back takes over from the chart.
 struct HistoryLook {
     Colour background = kBlack;
     Colour foreground = kWhite;  // grid, frame and texts

@@ -16,9 +16,8 @@
 
 namespace plotvane {
 
-// The window that looks back: the drive so far, with exact values under the pointer. It goes by keys and
-// mouse, and takes what has been recorded since by a timer of its own, ten times a second, so that a sample
-// costs nothing here.
+// The window that looks back: the drive so far, with exact values under the pointer. Keys and mouse
+// move it. A timer of its own looks at the recording ten times a second, so a sample costs nothing here.
 //
 // Opened and closed as often as its user likes; the object stays. An owner that closes its owned windows
 // closes this one too.

@@ -19,8 +19,8 @@ public:
     const Recording& Samples() const { return m_recording; }
     const Viewport& View() const { return m_view; }
 
-    // Takes what has come since; everything else goes by the recording as it was at this call, so call it
-    // before. True if there is something new.
+    // Looks at what has been recorded since the last call; true if there is something new. Everything else
+    // here goes by the recording as it was at that call.
     bool Refresh();
 
     void SetPlotWidth(int columns) { m_view.SetWidth(columns); }
@@ -37,20 +37,20 @@ public:
     void PointAt(int column) { m_pointer = column; }
     void PointNowhere() { m_pointer.reset(); }
 
-    // Fixes the cursor on the nearest sample at or before a column, or lets it go where it is within three
-    // pixels of it already. A second cursor goes with it.
+    // Fixes the cursor on the nearest sample at or before a column. If the cursor is fixed within three
+    // pixels of that column already, lets it go, and the second cursor with it.
     void Fix(int column);
     void FixSecond(int column);
 
     // The same by keys: fixes the cursor where it is, or lets it go.
     void ToggleFixed();
 
-    // Moves a cursor by so many samples and shows it; one that is not there comes to where the pointer or the
-    // view is.
+    // Moves a cursor by this many samples and brings it into view. A cursor that is not there yet begins at
+    // the pointer, or in the view.
     void StepCursor(std::int64_t samples);
     void StepSecond(std::int64_t samples);
 
-    // The same by so many columns, and by one sample at least.
+    // The same by this many columns, but by at least one sample.
     void MoveCursor(int columns);
     void MoveSecond(int columns);
 

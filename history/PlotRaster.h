@@ -51,8 +51,8 @@ struct PlotGround {
     std::vector<int> gridColumns;
 };
 
-// Paints a plot: the ground, then the traces, each over the ones before it, with lines so many pixels thick
-// (1 and more). The plot is clipped to the picture.
+// Paints a plot: the ground, then the traces, each over the ones before it, with lines of a thickness
+// in pixels (1 and more). The plot is clipped to the picture.
 void PaintPlot(const ChartPixels& picture, const PixelRect& plot, const PlotGround& ground,
                std::span<const PlottedTrace> traces, int thickness);
 

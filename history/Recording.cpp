@@ -98,7 +98,7 @@ void Recording::DropSamplesBefore(std::int64_t sample) {
 }
 
 double Recording::TimeOnAxis(double seconds) {
-    // Said in this way it holds for what is no number too.
+    // Written in this way, it also catches what is no number.
     if (!(std::abs(seconds) <= kFarthestSeconds)) return m_lastSeconds;
     if (m_end == 0) return seconds;
     if (seconds + m_axisOffset < m_lastSeconds) {

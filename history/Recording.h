@@ -56,7 +56,7 @@ public:
     void Begin(std::string_view title);
     const std::string& Title() const { return m_title; }
 
-    // Counts the calls of Begin: sample numbers from before mean nothing any more.
+    // Counts the calls of Begin. A sample number holds only for the run in which it was asked for.
     std::uint32_t Run() const { return m_run; }
 
     // The next sample begins a stretch in which the traces show this. Where one of them shows something else

@@ -8,7 +8,7 @@
 namespace plotvane {
 
 // Samples, from `begin` to before `end`, in which a trace shows one and the same field. Its name and its
-// limits are those that it has had last: who has widened a range sees all of the line in it.
+// limits are the last that it had there, so a range that the user has widened holds for the whole line.
 struct TraceRun {
     std::int64_t begin = 0;
     std::int64_t end = 0;

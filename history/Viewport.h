@@ -47,7 +47,7 @@ public:
     // it was. Zooming in ends at `shortest` seconds.
     void ZoomAbout(double column, double factor, double shortest);
 
-    // Moves the view by so many pixels, to later times if above 0.
+    // Moves the view by this many pixels, to later times if above 0.
     void MoveBy(double columns);
 
     // Moves the view no further than it takes to show this time.

@@ -19,7 +19,7 @@ struct RunState {
     bool redrawRequest = false;     // the loop redraws the whole chart after the next sample
     bool firstSampleDrawn = false;  // slot 0 was selected once in this run
     bool gapPending = false;        // a pause began while data flowed; the resume leaves a gap
-    int rowsToStep = 0;             // so many rows come although the replay is paused; then the pause goes on
+    int rowsToStep = 0;             // this many rows still come although the replay is paused
 
     bool tenChannels = false;     // the record has the ten-channel form ("GZER")
     bool hadTenChannels = false;  // the record before had that form

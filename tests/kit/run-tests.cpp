@@ -1,5 +1,5 @@
-// run-tests [SECONDS]: runs every test program beside it, one after the other, each for at most so many
-// seconds (900 if not told), and says how each has ended. Leaves report.txt beside it and, in the folder
+// run-tests [SECONDS]: runs every test program beside it, one after the other, each for at most SECONDS
+// (900 by default), and says how each has ended. Leaves report.txt beside it and, in the folder
 // "results", what each program has written. Its exit code is 0 only if something ran and nothing failed.
 #include <windows.h>
 

@@ -23,7 +23,7 @@ Recording::Values ValuesFrom(double first);
 // Records values of the first trace, a sample a second from 0 on.
 void Record(Recording& recording, const std::vector<double>& values);
 
-// Looks at all of a recording, with so many columns.
+// Looks at all of a recording, in this many columns.
 LookBack LookAtAll(const Recording& recording, int columns);
 
 }  // namespace plotvane::test

@@ -7,7 +7,7 @@
 
 namespace plotvane::test {
 
-// A disk on which the program can write so many bytes more of any one file.
+// A disk on which the program can write only this many more bytes of any one file.
 class FullDisk : public WriteFault {
 public:
     // The program is the one that runs in this folder. Throws std::runtime_error if that does not.
