@@ -27,10 +27,17 @@ void WriteList(int argc, char** argv, const std::string& cases) {
     }
 }
 
+// The folder's name may have letters that no narrow text of this system can hold.
+std::string OwnName() {
+    wchar_t file[MAX_PATH] = L"";
+    ::GetModuleFileNameW(nullptr, file, MAX_PATH);
+    return std::filesystem::path(file).stem().string();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string name = std::filesystem::path(argv[0]).stem().string();
+    const std::string name = OwnName();
     std::puts(("this is " + name).c_str());
     std::fflush(stdout);
     if (name == "good_tests") {
