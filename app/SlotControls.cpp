@@ -14,7 +14,6 @@ namespace {
 // Pixels at 96 dpi, as the value boxes of the template are 74 wide.
 constexpr int kWideBox = 70;
 constexpr int kAirFuelWidth = 31;
-constexpr int kFuelImageSize = 12;
 
 int FrameOf(int slot) {
     constexpr int kFirstOfRow[] = {IDC_FRAME_ROW_A_FIRST, IDC_FRAME_ROW_B_FIRST, IDC_FRAME_ROW_C_FIRST};
@@ -25,43 +24,12 @@ int AirFuelIdOf(int slot) {
     return IDC_AIR_FUEL_FIRST + AirFuelButtonOf(slot);
 }
 
-// The part of a control that no other control covers, in the control's own pixels; null if no control covers
-// any of it. Frames do not count as cover. The caller frees the region.
-HRGN UncoveredPart(HWND control) {
-    CRect place;
-    ::GetWindowRect(control, &place);
-    HRGN part = nullptr;
-    for (HWND above = ::GetWindow(control, GW_HWNDPREV); above; above = ::GetWindow(above, GW_HWNDPREV)) {
-        const bool isFrame = ::GetWindowLongPtrW(above, GWL_EXSTYLE) & WS_EX_TRANSPARENT;
-        CRect cover;
-        ::GetWindowRect(above, &cover);
-        if (isFrame || !::IsWindowVisible(above) || !::IntersectRect(&cover, &cover, &place)) continue;
-        ::OffsetRect(&cover, -place.left, -place.top);
-        const CRgn covered{::CreateRectRgnIndirect(&cover)};
-        if (!part) part = ::CreateRectRgn(0, 0, place.Width(), place.Height());
-        ::CombineRgn(part, part, covered.Get(), RGN_DIFF);
-    }
-    return part;
-}
-
-void SetColour(CColorBox& box, Colour colour) {
-    if (box.GetFillColor() == colour) return;
-    box.SetFillColor(colour);
-    box.SetFrameColor(colour);
-}
-
 }  // namespace
 
 void SlotControls::SetUp() {
     TakeOverValueBoxes();
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        CreateSwatch(m_swatches[slot], IDC_SWATCH_FIRST + slot,
-                     IDC_SWATCH_WINDOW_FIRST + static_cast<UINT>(slot), true);
-    }
-    for (int channel = 0; channel < kChannelCount; ++channel) {
-        CreateSwatch(m_channelSwatches[channel], IDC_CHANNEL_SWATCH_FIRST + channel,
-                     IDC_CHANNEL_SWATCH_WINDOW_FIRST + static_cast<UINT>(channel), false);
-    }
+    m_swatches.Create(InactiveColour(), true);
+    m_channelSwatches.Create(InactiveColour(), false);
 }
 
 void SlotControls::TakeOverValueBoxes() {
@@ -76,25 +44,9 @@ void SlotControls::TakeOverValueBoxes() {
     m_elapsed.TakeOver(m_dialog.GetDlgItem(IDC_ELAPSED));
 }
 
-// On top of its placeholder, which would otherwise paint over it.
-void SlotControls::CreateSwatch(CColorBox& box, int placeholder, UINT id, bool shown) {
-    SetColour(box, InactiveColour());
-    box.Create(WS_CHILD | WS_CLIPSIBLINGS | (shown ? WS_VISIBLE : 0), PlaceOfControl(m_dialog, placeholder),
-               m_dialog.m_hWnd, id);
-    ::SetWindowPos(box.m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW);
-}
-
-void SlotControls::Place(CColorBox& box, int placeholder) {
-    const CRect place = PlaceOfControl(m_dialog, placeholder);
-    ::SetWindowPos(box.m_hWnd, nullptr, place.left, place.top, place.Width(), place.Height(),
-                   SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
-}
-
 void SlotControls::PlaceSwatches() {
-    for (int slot = 0; slot < kSlotCount; ++slot) Place(m_swatches[slot], IDC_SWATCH_FIRST + slot);
-    for (int channel = 0; channel < kChannelCount; ++channel) {
-        Place(m_channelSwatches[channel], IDC_CHANNEL_SWATCH_FIRST + channel);
-    }
+    m_swatches.FollowPlaceholders();
+    m_channelSwatches.FollowPlaceholders();
     ShowFocus(m_focused);
 }
 
@@ -113,23 +65,6 @@ void SlotControls::ShowFocus(int checkBox) {
     mark = m_dialog.ScreenToClient(mark);
     ::SetWindowPos(m_dialog.GetDlgItem(IDC_SHOW_FOCUS), nullptr, mark.left, mark.top, mark.Width(),
                    mark.Height(), SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-}
-
-int SlotControls::SlotAt(POINT screen) const {
-    return HitAmong(screen, IDC_SWATCH_FIRST, kSlotCount);
-}
-
-int SlotControls::ChannelAt(POINT screen) const {
-    return HitAmong(screen, IDC_CHANNEL_SWATCH_FIRST, kChannelCount);
-}
-
-int SlotControls::HitAmong(POINT screen, int firstPlaceholder, int count) const {
-    for (int i = 0; i < count; ++i) {
-        CRect place;
-        ::GetWindowRect(m_dialog.GetDlgItem(firstPlaceholder + i), &place);
-        if (place.Contains(screen)) return i;
-    }
-    return -1;
 }
 
 void SlotControls::ShowValue(int slot, std::string_view text) {
@@ -156,7 +91,7 @@ void SlotControls::SetTraceShown(int slot, bool shown) {
 }
 
 void SlotControls::SetSwatch(int slot, Colour colour) {
-    SetColour(m_swatches[slot], colour);
+    m_swatches.SetColour(slot, colour);
 }
 
 void SlotControls::ShowAirFuelButton(int slot, bool shown) {
@@ -188,7 +123,7 @@ void SlotControls::ShowSelection(int slot, int minimum, int maximum) {
                              AirFuelIdOf(slot), IDC_SHOW_FOCUS}) {
             ::InvalidateRect(m_dialog.GetDlgItem(id), nullptr, TRUE);
         }
-        m_swatches[slot].Invalidate();
+        m_swatches.Redraw(slot);
     }
     ShowLimit(IDC_SCALE_MIN, minimum);
     ShowLimit(IDC_SCALE_MAX, maximum);
@@ -214,9 +149,9 @@ void SlotControls::ApplyLayout(bool tenChannels) {
     m_dialog.EnableDlgItem(IDC_SCALE_MIN, !tenChannels);
     m_dialog.EnableDlgItem(IDC_SCALE_MAX, !tenChannels);
     PlaceSwatches();
-    if (m_fuelButtonsShown) FitFuelButtons();
-    for (CColorBox& box : m_swatches) SetColour(box, InactiveColour());
-    for (CColorBox& box : m_channelSwatches) SetColour(box, InactiveColour());
+    m_fuelButtons.FitToCover();
+    m_swatches.SetColours(InactiveColour());
+    m_channelSwatches.SetColours(InactiveColour());
     // The group boxes are transparent: erasing the dialog below them wipes them out.
     ::RedrawWindow(m_dialog.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
@@ -229,8 +164,7 @@ void SlotControls::ShowRowA(bool shown) {
         }
         m_dialog.ShowDlgItem(IDC_VALUE_FIRST + slot, shown);
         m_dialog.ShowDlgItem(IDC_SHOW_FIRST + slot, shown);
-        m_dialog.ShowDlgItem(IDC_SWATCH_FIRST + slot, shown);
-        m_swatches[slot].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
+        m_swatches.Show(slot, shown);
     }
 }
 
@@ -238,8 +172,7 @@ void SlotControls::ShowChannelRow(bool shown) {
     for (int channel = 0; channel < kChannelCount; ++channel) {
         m_dialog.ShowDlgItem(IDC_CHANNEL_VALUE_FIRST + channel, shown);
         m_dialog.ShowDlgItem(IDC_CHANNEL_SHOW_FIRST + channel, shown);
-        m_dialog.ShowDlgItem(IDC_CHANNEL_SWATCH_FIRST + channel, shown);
-        m_channelSwatches[channel].ShowWindow(shown ? SW_SHOWNA : SW_HIDE);
+        m_channelSwatches.Show(channel, shown);
     }
 }
 
@@ -268,38 +201,11 @@ void SlotControls::SetChannelShown(int channel, bool shown) {
 }
 
 void SlotControls::SetChannelSwatch(int channel, Colour colour) {
-    SetColour(m_channelSwatches[channel], colour);
+    m_channelSwatches.SetColour(channel, colour);
 }
 
 Colour SlotControls::InactiveColour() const {
     return ::GetSysColor(COLOR_3DFACE);
-}
-
-void SlotControls::ShowFuelButtons(bool shown) {
-    if (shown == m_fuelButtonsShown) return;
-    m_fuelButtonsShown = shown;
-    if (shown) FitFuelButtons();
-    m_dialog.ShowDlgItem(IDC_MILEAGE, shown);
-    m_dialog.ShowDlgItem(IDC_CONSUMPTION, shown);
-}
-
-void SlotControls::FitFuelButtons() {
-    for (const int id : {IDC_MILEAGE, IDC_CONSUMPTION}) FitFuelButton(id);
-}
-
-// In a replay the controls of its speed cover the fuel buttons in part; in the ten-channel layout the
-// channels' boxes do. The uncovered part of a button is shown and can be clicked. It has a picture at its
-// right end in place of its text, because the text would be cut through.
-void SlotControls::FitFuelButton(int id) {
-    const HWND button = m_dialog.GetDlgItem(id);
-    const HRGN uncovered = UncoveredPart(button);
-    const LONG_PTR text = ::GetWindowLongPtrW(button, GWL_STYLE) & ~LONG_PTR{BS_ICON | BS_RIGHT};
-    ::SetWindowLongPtrW(button, GWL_STYLE, uncovered ? text | BS_ICON | BS_RIGHT : text);
-    if (uncovered && !m_dialog.SendDlgItemMessage(id, BM_GETIMAGE, IMAGE_ICON)) {
-        if (!m_fuelImage) m_fuelImage = LoadIconOf(IDI_FUEL, kFuelImageSize, kFuelImageSize);
-        m_dialog.SendDlgItemMessage(id, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_fuelImage.Get()));
-    }
-    ::SetWindowRgn(button, uncovered, TRUE);  // the window owns the region from now on
 }
 
 void SlotControls::ShowPixelShift(int pixels) {

@@ -2,10 +2,11 @@
 
 #include <string>
 
-#include "controls/ColorBox.h"
+#include "app/FuelButtons.h"
+#include "app/Swatches.h"
 #include "controls/ValueBox.h"
-#include "framework/Gdi.h"
 #include "plot/binding/SlotPanel.h"
+#include "res/resource.h"
 
 namespace plotvane {
 
@@ -14,7 +15,11 @@ class SlotControls : public SlotPanel {
 public:
     // `pixelShiftText` goes before the number of the pixel shift.
     SlotControls(CWnd& dialog, std::string pixelShiftText)
-        : m_dialog(dialog), m_pixelShiftText(std::move(pixelShiftText)) {}
+        : m_dialog(dialog),
+          m_pixelShiftText(std::move(pixelShiftText)),
+          m_swatches(dialog, IDC_SWATCH_FIRST, IDC_SWATCH_WINDOW_FIRST, kSlotCount),
+          m_channelSwatches(dialog, IDC_CHANNEL_SWATCH_FIRST, IDC_CHANNEL_SWATCH_WINDOW_FIRST, kChannelCount),
+          m_fuelButtons(dialog) {}
 
     // Creates the swatch windows over their placeholders, and gives the text of a value box the box's whole
     // width. Call it once the dialog has its controls.
@@ -25,8 +30,8 @@ public:
     void PlaceSwatches();
 
     // The slot or channel whose swatch lies under a point of the screen; -1 for none.
-    int SlotAt(POINT screen) const;
-    int ChannelAt(POINT screen) const;
+    int SlotAt(POINT screen) const { return m_swatches.At(screen); }
+    int ChannelAt(POINT screen) const { return m_channelSwatches.At(screen); }
 
     // Whether the user can change the speed of a replay: its two buttons are shown, or only the ten channels
     // hide them.
@@ -51,7 +56,7 @@ public:
     void SetChannelShown(int channel, bool shown) override;
     void SetChannelSwatch(int channel, Colour colour) override;
     Colour InactiveColour() const override;
-    void ShowFuelButtons(bool shown) override;
+    void ShowFuelButtons(bool shown) override { m_fuelButtons.Show(shown); }
     void ShowPixelShift(int pixels) override;
     void ShowElapsed(std::string_view text) override;
 
@@ -59,27 +64,21 @@ private:
     static constexpr int kNoFrame = -1;
 
     void TakeOverValueBoxes();
-    void CreateSwatch(CColorBox& box, int placeholder, UINT id, bool shown);
-    void Place(CColorBox& box, int placeholder);
-    int HitAmong(POINT screen, int firstPlaceholder, int count) const;
     void ShowRowA(bool shown);
     void ShowChannelRow(bool shown);
     void MakeRoomForChannelRow(bool made);
     void ShowLimit(int id, int limit);
-    void FitFuelButtons();
-    void FitFuelButton(int id);
     void SetChecked(int id, bool checked);
 
     CWnd& m_dialog;
     const std::string m_pixelShiftText;
     IndexedArray<CValueBox, kSlotCount> m_values{};
     IndexedArray<CValueBox, kChannelCount> m_channelValues{};
-    IndexedArray<CColorBox, kSlotCount> m_swatches{};
-    IndexedArray<CColorBox, kChannelCount> m_channelSwatches{};
+    Swatches m_swatches;
+    Swatches m_channelSwatches;
+    FuelButtons m_fuelButtons;
     IndexedArray<bool, kSlotCount> m_airFuelShown{};
     CValueBox m_elapsed;
-    CIcon m_fuelImage;
-    bool m_fuelButtonsShown = false;
     bool m_replaySpeedHidden = false;  // it was shown, but the ten channels lie there now
     int m_frame = kNoFrame;            // the slot whose frame is shown
     int m_focused = 0;
