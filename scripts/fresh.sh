@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
-# fresh.sh [bookworm|trixie|sid]: tries what the README promises. Makes an empty Debian of that name (default: trixie),
-# clones the committed tree into it and runs scripts/run.sh and scripts/test.sh there, with nothing installed and
-# nothing in the environment. Shows the last lines of both; their whole output and the picture are in build/fresh
+# fresh.sh [bookworm|trixie|sid [user]]: tries what the README promises. Makes an empty Debian of that name (default:
+# trixie), clones the committed tree into it and runs scripts/run.sh and scripts/test.sh there, with nothing installed
+# and nothing in the environment. Shows the last lines of both; their whole output and the picture are in build/fresh
 # afterwards. Fails if one of the two fails.
+#
+# With `user`, an ordinary user without any rights runs the two. Where packages are missing, root installs those that
+# the script asks for, and the user runs it again.
 #
 # Needs root, about 8 GB of disk and the archive from which this machine's apt installs. The new Debian has mounts and
 # process ids of its own, so nothing of it remains when the script ends, however it ends.
@@ -10,10 +13,11 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-usage="usage: scripts/fresh.sh [bookworm|trixie|sid]"
-name=${1:-trixie}
-(($# <= 1)) || die "$usage"
+usage="usage: scripts/fresh.sh [bookworm|trixie|sid [user]]"
+name=${1:-trixie} account=${2:-root}
+(($# <= 2)) || die "$usage"
 [[ $name == bookworm || $name == trixie || $name == sid ]] || die "$usage"
+[[ $account == root || $account == user ]] || die "$usage"
 ((EUID == 0)) || die "this needs root: it mounts, and changes the root folder"
 
 results=$build/fresh
@@ -63,11 +67,33 @@ clone_tree() {
     rm "$bundle"
 }
 
+make_account() {
+    [[ $account == root ]] || chroot "$debian" useradd --create-home "$account"
+    chroot "$debian" chown -R "$account:" "$tree"
+}
+
+# The packages that a script has asked for in its log; none if it had all.
+packages_asked_for() { sed -n 's/^error: missing packages; as root, please: apt-get install //p' "$1"; }
+
+in_debian() { chroot "$debian" /usr/bin/env -i DEBIAN_FRONTEND=noninteractive "$@" </dev/null; }
+
+install_in_debian() {
+    say "installing what it asks for"
+    in_debian apt-get -q update && in_debian apt-get -q install -y --no-install-recommends "$@"
+}
+
+run_script() { chroot --userspec="$account" "$debian" /usr/bin/env -i "$tree/$1" </dev/null; }
+
 # try run|test: runs that script there and shows how it ended.
 try() {
-    local script=scripts/$1.sh log=$results/$name-$1.log begin=$SECONDS status=0
-    say "running $script"
-    chroot "$debian" /usr/bin/env -i "$tree/$script" </dev/null >"$log" 2>&1 || status=$?
+    local script=scripts/$1.sh log=$results/$name-$1.log begin=$SECONDS status=0 packages
+    say "running $script as $account"
+    run_script "$script" >"$log" 2>&1 || status=$?
+    read -ra packages < <(packages_asked_for "$log") || true
+    if ((${#packages[@]})); then
+        status=0
+        { install_in_debian "${packages[@]}" && run_script "$script"; } >"$log" 2>&1 || status=$?
+    fi
     say "$script ended with $status after $((SECONDS - begin)) s; its last lines:"
     tail -n "$last_lines" "$log" | sed 's/^/    /'
     return "$status"
@@ -88,6 +114,7 @@ try_all() {
     make_debian
     connect_debian
     clone_tree
+    make_account
     # No /sys: many containers have none.
     mount -t proc proc "$debian/proc"
     mount -t tmpfs -o mode=1777 tmpfs "$debian/dev/shm"
@@ -123,5 +150,5 @@ exec 9>"$results/.lock-$name"
 flock -n 9 || die "another script makes $debian"
 trap end_debian EXIT
 rm -rf --one-file-system "$debian" "$results/$name"-* # left by a killed run, and by the last one
-PLOTVANE_FRESH=1 watched unshare --mount --pid --fork --kill-child "$0" "$name" || die "$name: see above"
+PLOTVANE_FRESH=1 watched unshare --mount --pid --fork --kill-child "$0" "$name" "$account" || die "$name: see above"
 say "both commands work on $name; their output and the picture: $results/$name-*"
