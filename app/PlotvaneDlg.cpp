@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "app/AboutDlg.h"
-#include "app/ControlNames.h"
 #include "app/Manual.h"
 #include "app/OwnedWindows.h"
 #include "app/ProgramTexts.h"
@@ -103,7 +102,8 @@ CPlotvaneDlg::CPlotvaneDlg()
                     m_pump, LoadAcquisitionTexts()),
       m_tipTexts(m_data, m_acquisition.module.Labels(), LoadText),
       m_tips(*this, [this](int control) { return m_tipTexts.Of(control); }),
-      m_names([this](int control) { return NameOfControl(control, m_tipTexts); }),
+      m_controlNames(m_tipTexts, m_acquisition.loop.Selection(), LoadText,
+                     [this](int control) { return GetDlgItemText(control); }),
       m_limits(*this, m_acquisition.loop.Selection()),
       m_export(*this, m_chart, *this),
       m_keys(*this, m_data.state, m_acquisition, m_panel, m_meters, m_limits, m_export) {}

@@ -5,6 +5,7 @@
 
 #include "app/ChartExport.h"
 #include "app/ChartReadOut.h"
+#include "app/ControlNames.h"
 #include "app/DriveChart.h"
 #include "app/DriveHistory.h"
 #include "app/KeyCommands.h"
@@ -38,6 +39,7 @@ public:
     CPlotvaneDlg();
 
     bool PreTranslateMessage(MSG& message) override { return m_keys.Take(message); }
+    std::string AccessibleNameOf(int control) const override { return m_controlNames.Of(control); }
 
 protected:
     BOOL OnInitDialog() override;
@@ -127,6 +129,7 @@ private:
     Acquisition m_acquisition;
     TipTexts m_tipTexts;
     Tips m_tips;
+    ControlNames m_controlNames;
     AccessibleNames m_names;
     LimitEdits m_limits;
     ChartExport m_export;

@@ -124,6 +124,9 @@ void SlotControls::ShowSelection(int slot, int minimum, int maximum) {
             ::InvalidateRect(m_dialog.GetDlgItem(id), nullptr, TRUE);
         }
         m_swatches.Redraw(slot);
+        // For screen readers, Max and Min are named after the slot.
+        for (const int id : {IDC_SCALE_MIN, IDC_SCALE_MAX})
+            ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, m_dialog.GetDlgItem(id), OBJID_CLIENT, CHILDID_SELF);
     }
     ShowLimit(IDC_SCALE_MIN, minimum);
     ShowLimit(IDC_SCALE_MAX, maximum);

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 #include "base/Numbers.h"
+#include "base/PlaceIn.h"
 #include "plot/binding/TenChannels.h"
 #include "res/resource.h"
 
@@ -28,12 +28,6 @@ constexpr std::array kButtonTips = {
     ButtonTip{IDC_MILEAGE, IDS_TIP_MILEAGE},
     ButtonTip{IDC_CONSUMPTION, IDS_TIP_CONSUMPTION},
 };
-
-// The place of a control in a run of similar ones; nothing if it is not among them.
-std::optional<int> PlaceIn(int first, int count, int control) {
-    if (control < first || control >= first + count) return std::nullopt;
-    return control - first;
-}
 
 void AppendLine(std::string& text, const std::string& line) {
     if (line.empty()) return;

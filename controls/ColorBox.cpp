@@ -12,7 +12,7 @@ CBrush SolidBrush(Colour colour) {
 
 }  // namespace
 
-BEGIN_MESSAGE_MAP(CColorBox, CWnd)
+BEGIN_MESSAGE_MAP(CColorBox, CNamedControl)
     ON_WM_PAINT()
     ON_WM_SIZE()
 END_MESSAGE_MAP()

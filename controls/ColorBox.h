@@ -2,12 +2,12 @@
 
 #include "base/Colour.h"
 #include "framework/Gdi.h"
-#include "framework/Wnd.h"
+#include "framework/NamedControl.h"
 
 namespace plotvane {
 
 // A colour swatch: a filled rectangle in a frame of one pixel, both black until set.
-class CColorBox : public CWnd {
+class CColorBox : public CNamedControl {
 public:
     CColorBox();
 

@@ -4,7 +4,7 @@
 
 namespace plotvane {
 
-BEGIN_MESSAGE_MAP(CValueBox, CWnd)
+BEGIN_MESSAGE_MAP(CValueBox, CNamedControl)
     ON_WM_PAINT()
     // Messages that read, select, copy or measure the text.
     ON_MESSAGE(WM_GETTEXT, OnTextWanted)

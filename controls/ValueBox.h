@@ -6,7 +6,7 @@
 
 #include "framework/Dc.h"
 #include "framework/Gdi.h"
-#include "framework/Wnd.h"
+#include "framework/NamedControl.h"
 
 namespace plotvane {
 
@@ -15,7 +15,7 @@ namespace plotvane {
 // part of a sample. It draws straight into the window, so that Windows can draw the letters in the density of
 // the screen. It looks like the edit that it replaces, and behaves like it: before the user or another
 // program reads or selects the text, the edit gets it.
-class CValueBox : public CWnd {
+class CValueBox : public CNamedControl {
 public:
     // Takes over the edit and its text.
     void TakeOver(HWND edit);

@@ -47,6 +47,10 @@ public:
     // that this one owns: true if it is dealt with. See HandleQueued.
     virtual bool PreTranslateMessage(MSG&) { return false; }
 
+    // What screen readers call one of the controls in this window, in Windows-1252; if it is empty, the
+    // control keeps the system's name. Only a CNamedControl asks, and only when somebody asks it.
+    virtual std::string AccessibleNameOf(int /*control*/) const { return {}; }
+
     HWND m_hWnd = nullptr;  // null while the object has no window
 
     // The window's text, as Windows-1252 bytes.

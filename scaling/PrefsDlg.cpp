@@ -87,10 +87,18 @@ CPrefsDlg::CPrefsDlg(HWND owner, Prefs& prefs, std::filesystem::path prefsFile, 
       m_defaults(defaults),
       m_state(state),
       m_colours(prefs),
-      m_rows(defaults),
-      m_names([](int control) {
-          return LoadText(control == IDC_PREFS_ROW_NEXT ? IDS_NAME_NEXT_UNIT : IDS_NAME_PREVIOUS_UNIT);
-      }) {}
+      m_rows(defaults) {}
+
+std::string CPrefsDlg::AccessibleNameOf(int control) const {
+    switch (control) {
+        case IDC_PREFS_ROW_PREVIOUS:
+            return LoadText(IDS_NAME_PREVIOUS_UNIT);
+        case IDC_PREFS_ROW_NEXT:
+            return LoadText(IDS_NAME_NEXT_UNIT);
+        default:
+            return {};
+    }
+}
 
 BOOL CPrefsDlg::OnInitDialog() {
     CDialog::OnInitDialog();

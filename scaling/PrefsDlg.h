@@ -24,6 +24,8 @@ public:
     CPrefsDlg(HWND owner, Prefs& prefs, std::filesystem::path prefsFile, DefaultScaling& defaults,
               const RunState& state);
 
+    std::string AccessibleNameOf(int control) const override;
+
 protected:
     BOOL OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;

@@ -17,7 +17,7 @@ RECT ToRect(const PixelRect& rect) {
 
 }  // namespace
 
-BEGIN_MESSAGE_MAP(CMultiPlotCtrl, CWnd)
+BEGIN_MESSAGE_MAP(CMultiPlotCtrl, CNamedControl)
     ON_WM_DESTROY()
     ON_WM_PAINT()
     ON_WM_SIZE()

@@ -5,7 +5,7 @@
 
 #include "framework/Dc.h"
 #include "framework/Gdi.h"
-#include "framework/Wnd.h"
+#include "framework/NamedControl.h"
 #include "model/FieldSlot.h"
 #include "model/RunState.h"
 #include "plot/chart/ChartGeometry.h"
@@ -25,7 +25,7 @@ namespace plotvane {
 // The object outlives its window: the owner destroys the window and creates it again over another rectangle.
 // Colours, ranges and the traces' last values stay. The owner calls ReleasePictures too, or the picture keeps
 // its old size.
-class CMultiPlotCtrl : public CWnd, public TraceChart {
+class CMultiPlotCtrl : public CNamedControl, public TraceChart {
 public:
     // The chart reads all three when it needs them: thickness, units and zeros of the preferences; pixel
     // shift and layout of the state; groups and units of the slots. They must outlive the chart.

@@ -4,6 +4,7 @@
 #include <oleacc.h>
 
 #include <map>
+#include <set>
 
 #include "tests/support/system/LookAlike.h"
 #include "tests/support/system/Records.h"
@@ -39,8 +40,32 @@ bool HasItsRole(HWND control, long role) {
     return role == RoleOnWindows(control) || (RunsUnderWine() && role == ROLE_SYSTEM_CLIENT);
 }
 
+// Labels and frames only stand around the other controls. A label has the name of the control beside it.
+bool IsLabelOrFrame(HWND control) {
+    const long role = RoleOnWindows(control);
+    return role == ROLE_SYSTEM_STATICTEXT || role == ROLE_SYSTEM_GRAPHIC || role == ROLE_SYSTEM_GROUPING;
+}
+
 class ScreenReaderTest : public Replay {
 protected:
+    // With a module whose labels are known.
+    void StartLive() {
+        std::filesystem::create_directory(session.Folder() / "labels");
+        WriteBytes(session.Folder() / "labels" / "038-906-019-FT.LBL",
+                   "001,0,Engine\r\n001,1,Engine speed,actual\r\n");
+        session.StartWithHost();
+        main = session.Main();
+    }
+    RemoteWindow OpenPreferences() {
+        main.Post(WM_SYSCOMMAND, ID_SYSMENU_PREFERENCES);
+        return session.DialogWith(IDC_PREFS_ROW_NEXT);
+    }
+    Spoken Read(int id) const { return reader.Read(main.Control(id).Get()); }
+    std::wstring NameOf(const RemoteWindow& dialog, int id) const {
+        return reader.Read(dialog.Control(id).Get()).name;
+    }
+    std::wstring NameOf(int id) const { return NameOf(main, id); }
+
     // Every control of the dialog, by its window.
     std::map<HWND, Spoken> ReadAll(const RemoteWindow& dialog) const {
         std::map<HWND, Spoken> all;
@@ -60,12 +85,28 @@ protected:
             EXPECT_EQ((spoken.state & STATE_SYSTEM_UNAVAILABLE) != 0, !::IsWindowEnabled(control)) << id;
         }
     }
-    std::wstring NameOf(const RemoteWindow& dialog, int id) const {
-        return reader.Read(dialog.Control(id).Get()).name;
+    // Every control that can have the focus or shows a value has a name of its own, hidden ones too. `texts`
+    // are labels that show a value. Returns how many controls these are.
+    std::size_t ExpectEachNamed(const RemoteWindow& dialog, const std::set<int>& texts) const {
+        std::map<std::wstring, int> names;
+        for (const auto& [control, spoken] : ReadAll(dialog)) {
+            const int id = ::GetDlgCtrlID(control);
+            if (IsLabelOrFrame(control) && !texts.contains(id)) continue;
+            EXPECT_GT(spoken.name.size(), 2u) << id;
+            const auto [other, isFirst] = names.emplace(spoken.name, id);
+            EXPECT_TRUE(isFirst) << id << " and " << other->second << ": "
+                                 << ::testing::PrintToString(spoken.name);
+        }
+        return names.size();
     }
+    std::size_t ExpectEachNamed() const { return ExpectEachNamed(main, {IDC_REPLAY_SPEED, IDC_SHIFT_LABEL}); }
 
     const ScreenReader reader;
 };
+
+// Slots have a value box, a check box, a swatch and an A/F button each, channels the first three. The others
+// are eleven buttons, Max, Min, the chart, the pixel shift, and speed and time of the replay.
+constexpr std::size_t kMainControls = 12 * 4 + 10 * 3 + 11 + 6;
 
 TEST_F(ScreenReaderTest, HearsOfEveryControlOfTheMainDialogWhatItIs) {
     Start();
@@ -74,38 +115,79 @@ TEST_F(ScreenReaderTest, HearsOfEveryControlOfTheMainDialogWhatItIs) {
     ExpectEachAsItIs(controls);
 }
 
-TEST_F(ScreenReaderTest, HearsANameForEveryButtonAndCheckBoxAndNoneTwice) {
+TEST_F(ScreenReaderTest, HearsAnotherNameForEachControlOfTheMainDialog) {
     Start();
-    std::map<std::wstring, int> names;
-    std::vector<int> ids = {IDC_STOP,           IDC_PAUSE,      IDC_LOAD_LOG,   IDC_SCALE_NEXT,
-                            IDC_SCALE_PREVIOUS, IDC_SHIFT_DOWN, IDC_SHIFT_UP,   IDC_REPLAY_SLOWER,
-                            IDC_REPLAY_FASTER,  IDC_MILEAGE,    IDC_CONSUMPTION};
-    for (int id = IDC_SHOW_FIRST; id <= IDC_CHANNEL_SHOW_LAST; ++id) ids.push_back(id);
-    for (const int id : ids) {
-        const std::wstring name = NameOf(main, id);
-        EXPECT_GT(name.size(), 3u) << id;
-        EXPECT_TRUE(names.emplace(name, id).second) << id << " and " << names[name];
-    }
-    EXPECT_EQ(NameOf(main, IDC_SCALE_NEXT), L"Next value");
-    EXPECT_EQ(NameOf(main, IDC_REPLAY_SLOWER), L"Slower");
-    EXPECT_EQ(NameOf(main, IDC_SHOW_FIRST + 5), L"Draw this value, B2");
-    EXPECT_EQ(main.Text(IDC_SCALE_NEXT), L"+") << "the text of the window is as it was";
+    EXPECT_EQ(ExpectEachNamed(), kMainControls);
+    EXPECT_EQ(NameOf(IDC_SCALE_NEXT), L"Next value");
+    EXPECT_EQ(NameOf(IDC_REPLAY_SLOWER), L"Slower");
+    EXPECT_EQ(NameOf(IDC_SHOW_FIRST + 5), L"Draw this value, B2");
+    EXPECT_EQ(NameOf(IDC_VALUE_FIRST + 5), L"Value, B2");
+    EXPECT_EQ(NameOf(IDC_SWATCH_WINDOW_FIRST + 5), L"Color, B2");
+    EXPECT_EQ(NameOf(IDC_AIR_FUEL_FIRST + 5), L"A/F, B1") << "buttons are not numbered as slots are";
+    EXPECT_EQ(NameOf(IDC_CHART), L"Chart");
+    EXPECT_EQ(NameOf(IDC_ELAPSED), L"Replay time");
+    EXPECT_EQ(NameOf(IDC_REPLAY_SPEED), L"Replay speed, 1x");
+    EXPECT_EQ(NameOf(IDC_SHIFT_LABEL), L"PixelShift:3");
 }
 
-TEST_F(ScreenReaderTest, HearsTheValueThatABoxShows) {
-    session.StartWithHost();
+TEST_F(ScreenReaderTest, LeavesTheTextsOfTheWindowsAsTheyWere) {
+    Start();
+    ReadAll(main);
+    EXPECT_EQ(main.Text(IDC_SCALE_NEXT), L"+");
+    EXPECT_EQ(main.Text(IDC_AIR_FUEL_FIRST + 5), L"A/F");
+    EXPECT_EQ(main.Text(IDC_REPLAY_SPEED), L"1x");
+    for (const int id : {IDC_SHOW_FIRST, IDC_VALUE_FIRST, IDC_SWATCH_WINDOW_FIRST, IDC_CHART, IDC_SCALE_MAX})
+        EXPECT_EQ(main.Text(id), L"") << id;
+}
+
+TEST_F(ScreenReaderTest, HearsTheFieldOfABoxAndItsValue) {
+    StartLive();
+    EXPECT_EQ(NameOf(IDC_VALUE_FIRST), L"Value, A1");
     session.Host().SendRecord(kFirstRecord);
     ASSERT_TRUE(session.Shows(0, L"780 /min"));
-    const Spoken spoken = reader.Read(session.Main().Control(IDC_VALUE_FIRST).Get());
+    const Spoken spoken = Read(IDC_VALUE_FIRST);
+    EXPECT_EQ(spoken.name, L"Engine - Engine speed actual, A1");
     EXPECT_EQ(spoken.role, ROLE_SYSTEM_TEXT);
     EXPECT_EQ(spoken.value, L"780 /min");
     EXPECT_TRUE(spoken.state & STATE_SYSTEM_READONLY);
+    EXPECT_EQ(NameOf(IDC_VALUE_FIRST + 3), L"Engine, A4");
+    EXPECT_EQ(NameOf(IDC_VALUE_FIRST + 4), L"Value, B1");
+    EXPECT_EQ(ExpectEachNamed(), kMainControls);
+    session.Host().SendRecord(kSecondRecord);
+    ASSERT_TRUE(session.Shows(0, L"1780 /min"));
+    EXPECT_EQ(Read(IDC_VALUE_FIRST).value, L"1780 /min");
+}
+
+TEST_F(ScreenReaderTest, HearsWhichValueTheLimitsAreFor) {
+    StartLive();
+    session.Host().SendRecord(kFirstRecord);
+    ASSERT_TRUE(session.Shows(0, L"780 /min"));
+    EXPECT_TRUE(Becomes([this] { return NameOf(IDC_SCALE_MAX); }, std::wstring(L"Max, A1")));
+    main.Focus(IDC_VALUE_FIRST + 2);
+    EXPECT_TRUE(Becomes([this] { return NameOf(IDC_SCALE_MAX); }, std::wstring(L"Max, A3")));
+    EXPECT_EQ(NameOf(IDC_SCALE_MIN), L"Min, A3");
+    EXPECT_EQ(Read(IDC_SCALE_MAX).value, L"250");
+}
+
+TEST_F(ScreenReaderTest, HearsTheTenChannelsOfGenericObdData) {
+    StartLive();
+    std::string record = "038 906 019 FT,";
+    for (int channel = 0; channel < 10; ++channel)
+        record += "GZER,F" + std::to_string(channel) + "," + std::to_string(120 + channel) + ",,";
+    for (int slot = 4; slot < 12; ++slot) record += "G000,,,,";
+    session.Host().SendRecord(record);
+    ASSERT_TRUE(Becomes([this] { return main.Text(IDC_CHANNEL_VALUE_FIRST + 9); }, std::wstring(L"129")));
+    for (int channel = 0; channel < 10; ++channel) {
+        const Spoken spoken = Read(IDC_CHANNEL_VALUE_FIRST + channel);
+        EXPECT_EQ(spoken.name, L"Value, " + std::to_wstring(channel + 1));
+        EXPECT_EQ(spoken.value, std::to_wstring(120 + channel));
+    }
+    EXPECT_EQ(ExpectEachNamed(), kMainControls);
 }
 
 TEST_F(ScreenReaderTest, HearsOfEveryControlOfThePreferencesWhatItIs) {
     Start();
-    main.Post(WM_SYSCOMMAND, ID_SYSMENU_PREFERENCES);
-    const RemoteWindow dialog = session.DialogWith(IDC_PREFS_ROW_NEXT);
+    const RemoteWindow dialog = OpenPreferences();
     const auto controls = ReadAll(dialog);
     EXPECT_GT(controls.size(), 50u);
     ExpectEachAsItIs(controls);
