@@ -9,7 +9,9 @@
 #include "framework/Text.h"
 #include "model/Meanwhile.h"
 #include "res/resource.h"
+#include "scaling/PrefsControls.h"
 #include "scaling/PrefsFile.h"
+#include "scaling/PrefsNames.h"
 
 namespace plotvane {
 namespace {
@@ -17,16 +19,7 @@ namespace {
 constexpr ColourRow kColourRows[] = {ColourRow::Background, ColourRow::Grid, ColourRow::Trace};
 constexpr ColourPart kColourParts[] = {ColourPart::Red, ColourPart::Green, ColourPart::Blue};
 
-// By row and part.
-constexpr std::array<int, 9> kSliders = {
-    IDC_PREFS_BACK_RED,  IDC_PREFS_BACK_GREEN,  IDC_PREFS_BACK_BLUE,
-    IDC_PREFS_GRID_RED,  IDC_PREFS_GRID_GREEN,  IDC_PREFS_GRID_BLUE,
-    IDC_PREFS_TRACE_RED, IDC_PREFS_TRACE_GREEN, IDC_PREFS_TRACE_BLUE,
-};
-
 // By row.
-constexpr std::array<int, 3> kPresetLists = {IDC_PREFS_BACK_PRESET, IDC_PREFS_GRID_PRESET,
-                                             IDC_PREFS_TRACE_PRESET};
 constexpr std::array<int, 3> kSwatches = {IDC_PREFS_BACK_SWATCH, IDC_PREFS_GRID_SWATCH,
                                           IDC_PREFS_TRACE_SWATCH};
 
@@ -90,14 +83,8 @@ CPrefsDlg::CPrefsDlg(HWND owner, Prefs& prefs, std::filesystem::path prefsFile, 
       m_rows(defaults) {}
 
 std::string CPrefsDlg::AccessibleNameOf(int control) const {
-    switch (control) {
-        case IDC_PREFS_ROW_PREVIOUS:
-            return LoadText(IDS_NAME_PREVIOUS_UNIT);
-        case IDC_PREFS_ROW_NEXT:
-            return LoadText(IDS_NAME_NEXT_UNIT);
-        default:
-            return {};
-    }
+    const auto textOf = [this](int id) { return GetDlgItemText(id); };
+    return NameOfPrefsControl(control, textOf, LoadText);
 }
 
 BOOL CPrefsDlg::OnInitDialog() {
@@ -106,12 +93,13 @@ BOOL CPrefsDlg::OnInitDialog() {
     m_isReset.fill(false);
     m_rows.Load();
     FillLists();
-    for (const int slider : kSliders) SendDlgItemMessage(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, 255));
+    for (const int slider : kColourSliders)
+        SendDlgItemMessage(slider, TBM_SETRANGE, FALSE, MAKELPARAM(0, 255));
     ReadPrefs();
     for (const ColourRow row : kColourRows) ShowSliders(row);
     CreateSwatches();
     ShowColours();
-    m_names.Give(*this, std::array{IDC_PREFS_ROW_PREVIOUS, IDC_PREFS_ROW_NEXT});
+    m_names.Give(*this, NamelessPrefsControls());
     m_rowLabel = LoadText(IDS_FIELD_NUMBER);
     SendDlgItemMessage(IDC_PREFS_ROW_UNIT, EM_LIMITTEXT, kMaxUnitLength);
     ShowRow();
@@ -171,8 +159,8 @@ void CPrefsDlg::DoDataExchange(CDataExchange* exchange) {
 // A slider is redrawn for many reasons, for example because a preset or another trace has just moved it. Only
 // a position that differs from the stored one comes from the user, and only then the preset's name is wrong.
 LRESULT CPrefsDlg::OnSliderDrawn(UINT id, const NMHDR&) {
-    const auto found = std::find(kSliders.begin(), kSliders.end(), static_cast<int>(id));
-    const auto index = static_cast<std::size_t>(found - kSliders.begin());
+    const auto found = std::find(kColourSliders.begin(), kColourSliders.end(), static_cast<int>(id));
+    const auto index = static_cast<std::size_t>(found - kColourSliders.begin());
     const ColourRow row = kColourRows[index / std::size(kColourParts)];
     const ColourPart part = kColourParts[index % std::size(kColourParts)];
     const auto position = static_cast<int>(SendDlgItemMessage(static_cast<int>(id), TBM_GETPOS));
@@ -200,7 +188,7 @@ void CPrefsDlg::OnTraceChosen() {
 // Not part of ShowColours: a new position draws the slider again, which may call ShowColours.
 void CPrefsDlg::ShowSliders(ColourRow row) {
     for (const ColourPart part : kColourParts) {
-        SendDlgItemMessage(kSliders[Index(row, part)], TBM_SETPOS, TRUE, m_colours.PartOf(row, part));
+        SendDlgItemMessage(kColourSliders[Index(row, part)], TBM_SETPOS, TRUE, m_colours.PartOf(row, part));
     }
 }
 

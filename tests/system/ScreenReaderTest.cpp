@@ -187,14 +187,37 @@ TEST_F(ScreenReaderTest, HearsTheTenChannelsOfGenericObdData) {
 
 TEST_F(ScreenReaderTest, HearsOfEveryControlOfThePreferencesWhatItIs) {
     Start();
-    const RemoteWindow dialog = OpenPreferences();
-    const auto controls = ReadAll(dialog);
+    const auto controls = ReadAll(OpenPreferences());
     EXPECT_GT(controls.size(), 50u);
     ExpectEachAsItIs(controls);
+}
+
+// Nine sliders with their numbers, four lists, four check boxes, seven edits, five buttons, three swatches
+// and the number of the unit.
+TEST_F(ScreenReaderTest, HearsAnotherNameForEachControlOfThePreferences) {
+    Start();
+    const RemoteWindow dialog = OpenPreferences();
+    EXPECT_EQ(ExpectEachNamed(dialog, {IDC_PREFS_ROW_LABEL}), 9u * 2 + 4 + 4 + 7 + 5 + 3 + 1);
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_GRID_GREEN), L"Green, Grid");
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_BACK_RED_TEXT + 2), L"Value, Blue, Background");
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_SWATCH_WINDOW_FIRST + 1), L"Color, Grid");
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_TRACE_LIST), L"Line");
     EXPECT_EQ(NameOf(dialog, IDC_PREFS_ROW_PREVIOUS), L"Previous unit");
     EXPECT_EQ(NameOf(dialog, IDC_PREFS_ROW_NEXT), L"Next unit");
     EXPECT_EQ(NameOf(dialog, IDC_PREFS_NEW_ROW), L"New");
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_THICKNESS), L"Plot thickness:");
     EXPECT_EQ(dialog.Text(IDC_PREFS_ROW_NEXT), L"+");
+}
+
+TEST_F(ScreenReaderTest, HearsTheChosenLineInTheNamesOfItsRow) {
+    Start();
+    const RemoteWindow dialog = OpenPreferences();
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_TRACE_RED), L"Red, Line 1");
+    dialog.Control(IDC_PREFS_TRACE_LIST).Send(CB_SETCURSEL, 11);
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_TRACE_RED), L"Red, Line 12");
+    EXPECT_EQ(NameOf(dialog, IDC_PREFS_TRACE_PRESET), L"Color presets, Line 12");
+    const HWND edit = ::GetWindow(dialog.Control(IDC_PREFS_TRACE_PRESET).Get(), GW_CHILD);
+    EXPECT_EQ(reader.Read(edit).name, L"Color presets, Line 12") << "the edit gets the focus";
 }
 
 }  // namespace
