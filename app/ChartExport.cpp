@@ -10,10 +10,6 @@
 namespace plotvane {
 namespace {
 
-// Other programs have the clipboard open for a moment now and then, to show what is on it, for example.
-constexpr int kTries = 10;
-constexpr DWORD kBetweenTriesMs = 10;
-
 // Of the size of the chart's client area.
 class ShownPicture {
 public:
@@ -33,11 +29,8 @@ private:
 
 void ChartExport::Copy() {
     const ShownPicture shown(m_chart);
-    for (int left = kTries; left > 0; --left) {
-        if (CopyPictureToClipboard(m_dialog.m_hWnd, shown.Get())) return;
-        ::Sleep(kBetweenTriesMs);
-    }
-    m_window.ShowMessage(IDS_PICTURE_NOT_COPIED, IDS_ERROR);
+    if (!CopyPictureToClipboard(m_dialog.m_hWnd, shown.Get()))
+        m_window.ShowMessage(IDS_PICTURE_NOT_COPIED, IDS_ERROR);
 }
 
 void ChartExport::Save() {

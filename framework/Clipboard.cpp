@@ -9,6 +9,18 @@
 
 namespace {
 
+// Programs that watch the clipboard open it for a moment after each change, also after one of ours.
+constexpr int kTries = 10;
+constexpr DWORD kBetweenTriesMs = 10;
+
+bool OpenWhenFree(HWND window) {
+    for (int tries = 1; !::OpenClipboard(window); ++tries) {
+        if (tries == kTries) return false;
+        ::Sleep(kBetweenTriesMs);
+    }
+    return true;
+}
+
 // Windows takes the memory over, if it takes it at all.
 bool Put(HWND window, UINT format, std::span<const std::byte> head, std::span<const std::byte> rest) {
     const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, head.size() + rest.size());
@@ -18,7 +30,7 @@ bool Put(HWND window, UINT format, std::span<const std::byte> head, std::span<co
     if (!rest.empty()) std::memcpy(bytes + head.size(), rest.data(), rest.size());
     ::GlobalUnlock(memory);
     bool isPut = false;
-    if (::OpenClipboard(window)) {
+    if (OpenWhenFree(window)) {
         isPut = ::EmptyClipboard() && ::SetClipboardData(format, memory);
         ::CloseClipboard();
     }
