@@ -1,54 +1,14 @@
 #include "app/LogDrop.h"
 
 #include <gtest/gtest.h>
-#include <shlobj.h>
 
-#include <cstring>
 #include <optional>
-#include <string>
-#include <vector>
 
+#include "tests/support/DraggedFiles.h"
 #include "tests/support/TempFolder.h"
 
 namespace plotvane::test {
 namespace {
-
-// Files as another program offers them, or something that is no file.
-class DraggedData : public IDataObject {
-public:
-    explicit DraggedData(std::vector<std::wstring> paths) : m_paths(std::move(paths)) {}
-
-    HRESULT WINAPI GetData(FORMATETC* format, STGMEDIUM* medium) override {
-        if (format->cfFormat != CF_HDROP || m_paths.empty()) return DV_E_FORMATETC;
-        std::wstring names;
-        for (const std::wstring& path : m_paths) names += path + L'\0';
-        names += L'\0';
-        const std::size_t size = sizeof(DROPFILES) + names.size() * sizeof(wchar_t);
-        medium->tymed = TYMED_HGLOBAL;
-        medium->pUnkForRelease = nullptr;
-        medium->hGlobal = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
-        auto* const head = static_cast<DROPFILES*>(::GlobalLock(medium->hGlobal));
-        head->pFiles = sizeof(DROPFILES);
-        head->fWide = TRUE;
-        std::memcpy(head + 1, names.data(), names.size() * sizeof(wchar_t));
-        ::GlobalUnlock(medium->hGlobal);
-        return S_OK;
-    }
-    HRESULT WINAPI QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-    ULONG WINAPI AddRef() override { return 1; }
-    ULONG WINAPI Release() override { return 1; }
-    HRESULT WINAPI GetDataHere(FORMATETC*, STGMEDIUM*) override { return E_NOTIMPL; }
-    HRESULT WINAPI QueryGetData(FORMATETC*) override { return E_NOTIMPL; }
-    HRESULT WINAPI GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) override { return E_NOTIMPL; }
-    HRESULT WINAPI SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
-    HRESULT WINAPI EnumFormatEtc(DWORD, IEnumFORMATETC**) override { return E_NOTIMPL; }
-    HRESULT WINAPI DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) override { return E_NOTIMPL; }
-    HRESULT WINAPI DUnadvise(DWORD) override { return E_NOTIMPL; }
-    HRESULT WINAPI EnumDAdvise(IEnumSTATDATA**) override { return E_NOTIMPL; }
-
-private:
-    std::vector<std::wstring> m_paths;
-};
 
 class LogDropTest : public testing::Test {
 protected:
@@ -64,7 +24,7 @@ protected:
     }
 
     // What the pointer shows over the window.
-    DWORD Enter(DraggedData& data) {
+    DWORD Enter(DraggedFiles& data) {
         DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
         EXPECT_EQ(drop.Target().DragEnter(&data, MK_LBUTTON, {}, &effect), S_OK);
         DWORD over = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
@@ -72,7 +32,7 @@ protected:
         EXPECT_EQ(over, effect);
         return effect;
     }
-    DWORD Let(DraggedData& data) {
+    DWORD Let(DraggedFiles& data) {
         DWORD effect = DROPEFFECT_COPY | DROPEFFECT_LINK;
         EXPECT_EQ(drop.Target().Drop(&data, 0, {}, &effect), S_OK);
         return effect;
@@ -87,7 +47,7 @@ protected:
 };
 
 TEST_F(LogDropTest, TakesOneFileUnderAnyName) {
-    DraggedData data({log.wstring()});
+    DraggedFiles data({log});
     EXPECT_EQ(Enter(data), DWORD{DROPEFFECT_COPY});
     EXPECT_FALSE(dropped);
     EXPECT_EQ(Let(data), DWORD{DROPEFFECT_COPY});
@@ -96,14 +56,14 @@ TEST_F(LogDropTest, TakesOneFileUnderAnyName) {
 
 TEST_F(LogDropTest, RefusesWhileNoLogMayBeLoaded) {
     mayLoad = false;
-    DraggedData data({log.wstring()});
+    DraggedFiles data({log});
     EXPECT_EQ(Enter(data), DWORD{DROPEFFECT_NONE});
     EXPECT_EQ(Let(data), DWORD{DROPEFFECT_NONE});
     EXPECT_FALSE(dropped);
 }
 
 TEST_F(LogDropTest, RefusesWhatMayNoLongerBeLoadedWhenItIsLetGo) {
-    DraggedData data({log.wstring()});
+    DraggedFiles data({log});
     EXPECT_EQ(Enter(data), DWORD{DROPEFFECT_COPY});
     mayLoad = false;
     DWORD effect = DROPEFFECT_COPY;
@@ -114,10 +74,10 @@ TEST_F(LogDropTest, RefusesWhatMayNoLongerBeLoadedWhenItIsLetGo) {
 }
 
 TEST_F(LogDropTest, RefusesSeveralFilesAFolderAndWhatIsNoFile) {
-    DraggedData two({log.wstring(), log.wstring()});
-    DraggedData aFolder({folder.Path().wstring()});
-    DraggedData text({});
-    for (DraggedData* data : {&two, &aFolder, &text}) {
+    DraggedFiles two({log, log});
+    DraggedFiles aFolder({folder.Path()});
+    DraggedFiles text({});
+    for (DraggedFiles* data : {&two, &aFolder, &text}) {
         EXPECT_EQ(Enter(*data), DWORD{DROPEFFECT_NONE});
         EXPECT_EQ(Let(*data), DWORD{DROPEFFECT_NONE});
     }
@@ -128,7 +88,7 @@ TEST_F(LogDropTest, RefusesSeveralFilesAFolderAndWhatIsNoFile) {
 }
 
 TEST_F(LogDropTest, RefusesASourceThatDoesNotLetCopy) {
-    DraggedData data({log.wstring()});
+    DraggedFiles data({log});
     DWORD effect = DROPEFFECT_MOVE;
     drop.Target().DragEnter(&data, 0, {}, &effect);
     EXPECT_EQ(effect, DWORD{DROPEFFECT_NONE});
