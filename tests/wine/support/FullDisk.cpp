@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "tests/wine/support/LinuxShell.h"
+#include "tests/wine/support/ProgramLimit.h"
 
 namespace plotvane::test {
 namespace {
@@ -12,16 +12,9 @@ namespace {
 constexpr int kRoomForShortFiles = 4096;
 
 // Limits how long the program's files may grow. The program ignores the signal that comes with it: see
-// scripts/wine-run.sh. False if no program runs in the folder.
+// scripts/wine-run.sh.
 bool LimitFiles(const std::filesystem::path& folder, const std::wstring& limit) {
-    constexpr const wchar_t* kFound = L"linux-found-it";
-    RunInShell(folder,
-               L"here=$(pwd -P); for p in /proc/[0-9]*; do "
-               L"if test \"$(cat $p/comm 2>/dev/null)\" = plotvane.exe && "
-               L"test \"$(readlink $p/cwd)\" = \"$here\"; then "
-               L"prlimit --pid ${p#/proc/} --fsize=" +
-                   limit + L": && : >" + kFound + L"; fi; done; true");
-    return std::filesystem::remove(folder / kFound);
+    return LimitProgram(folder, L"--fsize=" + limit + L":");
 }
 
 }  // namespace
