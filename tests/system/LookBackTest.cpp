@@ -1,8 +1,7 @@
 // Looking back at the drive, by mouse and keys.
 #include <gtest/gtest.h>
 
-#include "tests/support/system/History.h"
-#include "tests/support/system/Keyboard.h"
+#include "tests/support/system/LookingBack.h"
 #include "tests/support/system/ProgramState.h"
 #include "tests/support/system/Records.h"
 
@@ -10,8 +9,6 @@ namespace plotvane::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr int kPlotLeft = 64;  // of the window that looks back
 
 // The ten channels hold the number and what follows it.
 std::string ChannelRecord(int number) {
@@ -22,45 +19,15 @@ std::string ChannelRecord(int number) {
     return record;
 }
 
-class LookingBack : public Replay {
-protected:
-    void StartLive() {
-        session.StartWithHost();
-        main = session.Main();
-    }
-    void Send(const std::string& record, const std::wstring& firstBox) {
-        session.Host().SendRecord(record);
-        ASSERT_TRUE(session.Shows(0, firstBox));
-    }
-    // The pointer leaves the plot again, so that the last values in view are told.
-    void Open() {
-        history = OpenHistory(main);
-        ::SetCursorPos(0, 0);
-    }
-    ::testing::AssertionResult TableHas(const std::wstring& text) const {
-        return Becomes([&] { return TableOf(history).find(text) != std::wstring::npos; }, true);
-    }
-
-    static void Key(const RemoteWindow& window, WPARAM key) { window.Send(WM_KEYDOWN, key, 1); }
-    void ClickPlot(int x) const {
-        history.Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, 100));
-        history.Send(WM_LBUTTONUP, 0, MAKELPARAM(x, 100));
-    }
-    ::testing::AssertionResult IsTitled(const std::wstring& title) const {
-        return Becomes([this] { return history.Text(); }, title);
-    }
-
-    RemoteWindow history;
-};
-
 TEST_F(LookingBack, ADoubleClickOnTheChartShowsTheValuesOfTheDrive) {
     StartLive();
     Send(kFirstRecord, L"780 /min");
     Send(kSecondRecord, L"1780 /min");
-    Open();
+    history = OpenHistory(main);
     EXPECT_TRUE(IsTitled(L"Plotvane - looking back - 038 906 019 FT"));
+    ClickPlot(HistoryPlot(history).Columns() - 1);
     EXPECT_TRUE(TableHas(L"001-1\t/min\t1780\r\n"));
-    ClickPlot(kPlotLeft);
+    ClickPlot(0);
     EXPECT_TRUE(TableHas(L"Name\tUnit\t0.00\r\n001-1\t/min\t780\r\n"));
 }
 
@@ -96,12 +63,12 @@ TEST_F(LookingBack, TheDriveGoesOnWhileItIsOpenAndAfterIt) {
     Open();
     Send(kSecondRecord, L"1780 /min");
     EXPECT_TRUE(TableHas(L"\t1780\r\n")) << "it follows";
-    Key(history, VK_ESCAPE);
+    Key(VK_ESCAPE);
     EXPECT_TRUE(Becomes([this] { return history.Exists(); }, false));
     Send(kFirstRecord, L"780 /min");
     Open();
-    Key(history, VK_HOME);
-    ClickPlot(kPlotLeft);
+    Key(VK_HOME);
+    ClickPlot(0);
     EXPECT_TRUE(TableHas(L"\t780\r\n"));
     EXPECT_TRUE(ClosesPromptly(session));
 }
@@ -112,7 +79,7 @@ TEST_F(LookingBack, AReplayIsShownWithItsStamps) {
     ASSERT_TRUE(session.Shows(0, L"900 /min"));
     Open();
     EXPECT_TRUE(TableHas(L"Name\tUnit\t10.40\r\n001-1\t/min\t900\r\n"));
-    ClickPlot(kPlotLeft);
+    ClickPlot(0);
     EXPECT_TRUE(TableHas(L"Name\tUnit\t10.00\r\n001-1\t/min\t780\r\n"));
 }
 
@@ -145,24 +112,8 @@ TEST_F(LookingBack, SamplesAndPictureAreSaved) {
     Send(kFirstRecord, L"780 /min");
     Send(kSecondRecord, L"1780 /min");
     Open();
-    for (const bool samples : {true, false}) {
-        const std::filesystem::path path = session.Folder() / (samples ? "drive.csv" : "drive.png");
-        ASSERT_TRUE(GiveKeyboard(history));
-        PressKey({'S', true, samples});
-        RemoteWindow dialog;
-        const wchar_t* const title = samples ? L"Save the samples" : L"Save the picture";
-        ASSERT_TRUE(Becomes(
-            [&] {
-                for (const RemoteWindow& window : WindowsOf(main.ProcessId())) {
-                    if (window.Text() == title) dialog = window;
-                }
-                return dialog.Exists();
-            },
-            true));
-        Type(dialog, path);
-        dialog.PostClick(IDOK);
-        EXPECT_TRUE(Becomes([&] { return std::filesystem::exists(path); }, true));
-    }
+    SaveSamples(session.Folder() / "drive.csv");
+    SavePicture(session.Folder() / "drive.png");
     const std::string csv = BytesOf(session.Folder() / "drive.csv");
     EXPECT_TRUE(
         csv.starts_with("Time (s),001-1 (/min),001-2 (\xC2\xB0"

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "res/resource.h"
 #include "tests/support/system/Await.h"
 #include "tests/support/system/Keyboard.h"
@@ -10,6 +12,8 @@ namespace plotvane::test {
 namespace {
 
 constexpr std::wstring_view kTitle = L"Plotvane - looking back";
+constexpr int kRightOfPlot = 258;  // the list and its margin
+constexpr COLORREF kFrame = 0xFFFFFF;
 
 std::wstring ClipboardText() {
     std::wstring text;
@@ -77,10 +81,45 @@ RemoteWindow OpenHistory(const RemoteWindow& main) {
 std::wstring TableOf(const RemoteWindow& history) {
     ClearClipboard();
     EXPECT_TRUE(GiveKeyboard(history));
+    const DWORD before = ::GetClipboardSequenceNumber();
     PressKey({'C', true, true});
+    // The program could not have the clipboard while this looks at it.
+    EXPECT_TRUE(Becomes([&] { return ::GetClipboardSequenceNumber() == before; }, false));
     std::wstring table;
     EXPECT_TRUE(Becomes([&] { return (table = ClipboardText()).empty(); }, false));
     return table;
+}
+
+// The frame lies just outside of the plot.
+HistoryPlot::HistoryPlot(const RemoteWindow& history)
+    : m_client(PictureOf(history.ClientScreenRect())),
+      m_columns(std::max(m_client.width - kRightOfPlot - kLeft, 0)),
+      m_rows(0) {
+    while (kTop + m_rows + 1 < m_client.height && m_client.At(kLeft - 1, kTop + m_rows + 1) == kFrame)
+        ++m_rows;
+}
+
+int HistoryPlot::RowOf(double value, double lower, double upper) const {
+    const int last = m_rows - 1;
+    return last - static_cast<int>((value - lower) * last / (upper - lower));
+}
+
+std::vector<int> HistoryPlot::Rows(int column, COLORREF colour) const {
+    std::vector<int> rows;
+    for (int row = 0; row < m_rows; ++row) {
+        if (m_client.At(kLeft + column, kTop + row) == colour) rows.push_back(row);
+    }
+    return rows;
+}
+
+std::vector<std::pair<int, int>> HistoryPlot::GapsOf(COLORREF colour) const {
+    std::vector<std::pair<int, int>> gaps;
+    for (int column = 0; column < m_columns; ++column) {
+        if (!Rows(column, colour).empty()) continue;
+        if (gaps.empty() || gaps.back().second != column - 1) gaps.emplace_back(column, column);
+        gaps.back().second = column;
+    }
+    return gaps;
 }
 
 }  // namespace plotvane::test
