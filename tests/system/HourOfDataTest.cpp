@@ -1,0 +1,176 @@
+// Looking back at as many samples as an hour has at twenty a second. A replay at eight times the speed waits
+// for no row that follows the one before it within 0.04 seconds, so such rows come as fast as the program
+// takes them.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "tests/support/system/LookingBack.h"
+#include "tests/support/system/Prompt.h"
+
+namespace plotvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kFastRows = 72'000;
+constexpr int kFastStep = 4;  // hundredths of a second
+constexpr int kSlowRows = 6'000;
+constexpr int kSlowStep = 40;  // twenty a second
+constexpr int kRpm = 6'000;    // engine speeds, in turn; then the road speed is one higher
+
+// Rows count from 1. In hundredths of a second.
+int TimeOf(int row) {
+    return row <= kFastRows ? row * kFastStep : kFastRows * kFastStep + (row - kFastRows) * kSlowStep;
+}
+
+std::string Formatted(const char* format, int one, int other) {
+    char text[64];
+    std::snprintf(text, sizeof text, format, one, other);
+    return text;
+}
+
+std::string SecondsOf(int row) {
+    return Formatted("%d.%02d", TimeOf(row) / 100, TimeOf(row) % 100);
+}
+
+// The whole log, a row after the other.
+std::string HourLog() {
+    std::vector<LogRowText> rows;
+    for (int row = 1; row <= kFastRows + kSlowRows; ++row)
+        rows.push_back({SecondsOf(row), Formatted("%d,90.0,%d,4.2", row % kRpm, row / kRpm)});
+    return ClassicLog(rows);
+}
+
+// The rows as they are saved.
+const std::string kSavedHead =
+    "Time (s),001-1 (/min),001-2 (\xC2\xB0"
+    "C),001-3 (km/h),001-4 (l/h)\r\n";
+std::string SavedRow(int row) {
+    return SecondsOf(row) + "0" + Formatted(",%d,90,%d,4.2\r\n", row % kRpm, row / kRpm);
+}
+std::string SavedRows(int first, int last) {
+    std::string rows = kSavedHead;
+    for (int row = first; row <= last; ++row) rows += SavedRow(row);
+    return rows;
+}
+
+std::wstring TimeText(int hundredths) {
+    wchar_t text[32];
+    const int seconds = hundredths / 100;
+    if (seconds >= 3600) {
+        std::swprintf(text, 32, L"%d:%02d:%02d.%02d", seconds / 3600, seconds / 60 % 60, seconds % 60,
+                      hundredths % 100);
+    } else if (seconds >= 60) {
+        std::swprintf(text, 32, L"%d:%02d.%02d", seconds / 60, seconds % 60, hundredths % 100);
+    } else {
+        std::swprintf(text, 32, L"%d.%02d", seconds, hundredths % 100);
+    }
+    return text;
+}
+
+std::wstring TableOfRow(int row) {
+    return L"Name\tUnit\t" + TimeText(TimeOf(row)) + L"\r\n001-1\t/min\t" + std::to_wstring(row % kRpm) +
+           L"\r\n001-2\t\u00B0"
+           L"C\t90\r\n001-3\tkm/h\t" +
+           std::to_wstring(row / kRpm) + L"\r\n001-4\tl/h\t4.2\r\n";
+}
+
+class HourOfData : public LookingBack {
+protected:
+    // The row that a table is of.
+    static int RowOf(const std::wstring& table) {
+        const auto numberAfter = [&](std::wstring_view name) {
+            const std::size_t place = table.find(name);
+            return place == std::wstring::npos ? 0 : std::stoi(table.substr(place + name.size()));
+        };
+        return numberAfter(L"km/h\t") * kRpm + numberAfter(L"/min\t");
+    }
+
+    // Plays the log up to the slow rows, minimised, so that nothing is drawn. It takes as long as it takes,
+    // while the time of the log moves on.
+    void PlayTheHour() {
+        Start();
+        for (int press = 0; press < 3; ++press) main.Click(IDC_REPLAY_FASTER);
+        ASSERT_EQ(main.Text(IDC_REPLAY_SPEED), L"8x");
+        Load(WriteLog("x.csv", HourLog()));
+        main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+        const auto elapsed = [this] { return 100 * _wtof(main.Text(IDC_ELAPSED).c_str()); };
+        for (double now = elapsed(); now < TimeOf(kFastRows); now = elapsed()) {
+            ::Sleep(200);  // a question costs the program as much as a row
+            ASSERT_TRUE(Becomes([&] { return elapsed() > now; }, true)) << now;
+        }
+        main.Post(WM_SYSCOMMAND, SC_RESTORE);
+        ASSERT_TRUE(Becomes([this] { return ::IsIconic(main.Get()) != FALSE; }, false));
+    }
+
+    void ExpectTheNewestAndThatItIsFollowed() {
+        const std::wstring table = TableOf(history);
+        const int row = RowOf(table);
+        EXPECT_GT(row, kFastRows);
+        EXPECT_EQ(table, TableOfRow(row));
+        EXPECT_TRUE(Becomes([&] { return RowOf(TableOf(history)) > row; }, true));
+    }
+
+    void ExpectTheFirst() {
+        Key(VK_HOME);
+        ClickPlot(0);
+        // A column holds more than one sample.
+        PressHere(Ctrl(VK_LEFT), 10);
+        EXPECT_EQ(TableOf(history), TableOfRow(1));
+    }
+
+    // From everything to ten samples about the middle.
+    void ExpectTenSamplesAfterZoomingIn() {
+        PressHere(Ctrl('0'));
+        ClickPlot(HistoryPlot(history).Columns() / 2);
+        const std::wstring table = TableOf(history);
+        const int row = RowOf(table);
+        EXPECT_EQ(table, TableOfRow(row));
+        EXPECT_GT(row, kFastRows / 3);
+        EXPECT_LT(row, kFastRows);
+        PressHere(Ctrl(VK_OEM_PLUS), 40);
+        EXPECT_EQ(TableOf(history), table);
+        const std::string saved = Saved("ten.csv");
+        const auto samples = static_cast<int>(std::ranges::count(saved, '\n')) - 1;
+        EXPECT_TRUE(samples == 9 || samples == 10) << saved;
+        EXPECT_NE(saved.find(SavedRow(row)), std::string::npos) << saved;
+    }
+
+    // What the window saves, which keeps nobody waiting.
+    std::string Saved(const char* name) {
+        const std::filesystem::path path = session.Folder() / name;
+        AskForSamples(path);
+        AnswerWatch watch(main.Get());
+        EXPECT_TRUE(IsThere(path));
+        EXPECT_TRUE(AnsweredPromptly(watch));
+        return BytesOf(path);
+    }
+};
+
+TEST_F(HourOfData, AreAllThereAndExactWhileTheDriveGoesOn) {
+    PlayTheHour();
+    ASSERT_FALSE(HasFatalFailure());
+    AnswerWatch watch(main.Get());
+    Open();
+    ExpectTheNewestAndThatItIsFollowed();
+    ExpectTheFirst();
+    EXPECT_TRUE(AnsweredPromptly(watch));
+    ExpectTenSamplesAfterZoomingIn();
+
+    Key(VK_RETURN);
+    Key(VK_END);
+    ExpectTheNewestAndThatItIsFollowed();
+    PressHere(Ctrl('0'));
+    const int before = RowOf(TableOf(history));
+    const std::string saved = Saved("all.csv");
+    const auto rows = static_cast<int>(std::ranges::count(saved, '\n')) - 1;
+    EXPECT_GE(rows, before);
+    EXPECT_TRUE(saved == SavedRows(1, rows))
+        << saved.substr(0, 200) << "..." << saved.substr(saved.size() - 200);
+    EXPECT_TRUE(main.IsEnabled(IDC_STOP)) << "the log was long enough";
+    EXPECT_TRUE(ClosesPromptly(session));
+}
+
+}  // namespace
+}  // namespace plotvane::test
