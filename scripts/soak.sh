@@ -16,13 +16,15 @@
 #   modules  a thousand modules in an hour, one after the other, and as many label files that redirect in a circle
 #   meters   opens and closes sixty thousand meters in an hour; they must leave nothing in memory
 #   keys     presses keys at random for ten minutes an hour, half of the time live and half in a replay
+#   drive    looks back at a hundred minutes of samples for each hour: every one must be there and exact. It takes
+#            a minute or two
 #
 # scripts/test.sh has a short form of each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/common.sh
 
-all_runs=(live replay tenfold blocks killed modules meters keys)
+all_runs=(live replay tenfold blocks killed modules meters keys drive)
 usage="usage: scripts/soak.sh [MINUTES [$(IFS='|'; echo "${all_runs[*]}")]...]"
 minutes=${1:-60}
 [[ $minutes =~ ^[1-9][0-9]*$ ]] || die "$usage"
@@ -119,6 +121,8 @@ modules() {
         tests surroundings_tests 'OverAndOver.TheModuleChanges:OverAndOver.LabelFiles*'
 }
 keys() { PLOTVANE_KEYS_SECONDS=$((minutes * 5)) tests stress_tests 'In/RandomKeys.*'; }
+# The recording holds 147,456 samples; the test wants the first one too.
+drive() { PLOTVANE_SAMPLES=$((minutes < 60 ? minutes * 2000 : 120000)) tests stress_tests 'LongDrive.*'; }
 meters() { PLOTVANE_METERS=$((minutes * 1000)) tests surroundings_tests 'OverAndOver.AMeter*'; }
 
 # soak RUN: does the run. Call it in a shell of its own, which ends at the first step that fails.

@@ -1,27 +1,32 @@
-// Looking back at as many samples as an hour has at twenty a second. A replay at eight times the speed waits
-// for no row that follows the one before it within 0.04 seconds, so such rows come as fast as the program
-// takes them.
+// Looking back at many samples: a quarter of an hour at twenty a second, or as many as PLOTVANE_SAMPLES says;
+// scripts/soak.sh has hours of them. A replay at eight times the speed waits for no row that follows the one
+// before it within 0.04 seconds, so such rows come as fast as the program takes them.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
 #include "tests/support/system/LookingBack.h"
 #include "tests/support/system/Prompt.h"
+#include "tests/support/system/Repeats.h"
 
 namespace plotvane::test {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kFastRows = 72'000;
 constexpr int kFastStep = 4;  // hundredths of a second
 constexpr int kSlowRows = 6'000;
 constexpr int kSlowStep = 40;  // twenty a second
 constexpr int kRpm = 6'000;    // engine speeds, in turn; then the road speed is one higher
 
+int FastRows() {
+    static const int rows = Repeats("PLOTVANE_SAMPLES", 18'000);
+    return rows;
+}
+
 // Rows count from 1. In hundredths of a second.
 int TimeOf(int row) {
-    return row <= kFastRows ? row * kFastStep : kFastRows * kFastStep + (row - kFastRows) * kSlowStep;
+    return std::min(row, FastRows()) * kFastStep + std::max(0, row - FastRows()) * kSlowStep;
 }
 
 std::string Formatted(const char* format, int one, int other) {
@@ -35,9 +40,9 @@ std::string SecondsOf(int row) {
 }
 
 // The whole log, a row after the other.
-std::string HourLog() {
+std::string LongLog() {
     std::vector<LogRowText> rows;
-    for (int row = 1; row <= kFastRows + kSlowRows; ++row)
+    for (int row = 1; row <= FastRows() + kSlowRows; ++row)
         rows.push_back({SecondsOf(row), Formatted("%d,90.0,%d,4.2", row % kRpm, row / kRpm)});
     return ClassicLog(rows);
 }
@@ -76,7 +81,7 @@ std::wstring TableOfRow(int row) {
            std::to_wstring(row / kRpm) + L"\r\n001-4\tl/h\t4.2\r\n";
 }
 
-class HourOfData : public LookingBack {
+class LongDrive : public LookingBack {
 protected:
     // The row that a table is of.
     static int RowOf(const std::wstring& table) {
@@ -89,14 +94,14 @@ protected:
 
     // Plays the log up to the slow rows, minimised, so that nothing is drawn. It takes as long as it takes,
     // while the time of the log moves on.
-    void PlayTheHour() {
+    void PlayTheFastRows() {
         Start();
         for (int press = 0; press < 3; ++press) main.Click(IDC_REPLAY_FASTER);
         ASSERT_EQ(main.Text(IDC_REPLAY_SPEED), L"8x");
-        Load(WriteLog("x.csv", HourLog()));
+        Load(WriteLog("x.csv", LongLog()));
         main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
         const auto elapsed = [this] { return 100 * _wtof(main.Text(IDC_ELAPSED).c_str()); };
-        for (double now = elapsed(); now < TimeOf(kFastRows); now = elapsed()) {
+        for (double now = elapsed(); now < TimeOf(FastRows()); now = elapsed()) {
             ::Sleep(200);  // a question costs the program as much as a row
             ASSERT_TRUE(Becomes([&] { return elapsed() > now; }, true)) << now;
         }
@@ -107,7 +112,7 @@ protected:
     void ExpectTheNewestAndThatItIsFollowed() {
         const std::wstring table = TableOf(history);
         const int row = RowOf(table);
-        EXPECT_GT(row, kFastRows);
+        EXPECT_GT(row, FastRows());
         EXPECT_EQ(table, TableOfRow(row));
         EXPECT_TRUE(Becomes([&] { return RowOf(TableOf(history)) > row; }, true));
     }
@@ -127,8 +132,8 @@ protected:
         const std::wstring table = TableOf(history);
         const int row = RowOf(table);
         EXPECT_EQ(table, TableOfRow(row));
-        EXPECT_GT(row, kFastRows / 3);
-        EXPECT_LT(row, kFastRows);
+        EXPECT_GT(row, FastRows() / 3);
+        EXPECT_LT(row, FastRows());
         PressHere(Ctrl(VK_OEM_PLUS), 40);
         EXPECT_EQ(TableOf(history), table);
         const std::string saved = Saved("ten.csv");
@@ -148,8 +153,8 @@ protected:
     }
 };
 
-TEST_F(HourOfData, AreAllThereAndExactWhileTheDriveGoesOn) {
-    PlayTheHour();
+TEST_F(LongDrive, IsThereWithEverySampleWhileItGoesOn) {
+    PlayTheFastRows();
     ASSERT_FALSE(HasFatalFailure());
     AnswerWatch watch(main.Get());
     Open();
