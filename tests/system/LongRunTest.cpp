@@ -20,15 +20,6 @@ using namespace std::chrono_literals;
 // kilobytes, for each of the few hundred records shown here would exceed it.
 constexpr GrowthAllowance kAllowed{.privateKilobytes = 512, .gdiObjects = 2, .userObjects = 0, .handles = 4};
 
-// The recording of the drive takes a piece of memory for each 2048 samples.
-GrowthAllowance AllowedFor(int samples) {
-    constexpr int kSamplesOfAPiece = 2048;
-    constexpr std::size_t kKilobytesOfAPiece = 226;
-    GrowthAllowance allowed = kAllowed;
-    allowed.privateKilobytes += static_cast<std::size_t>(samples / kSamplesOfAPiece + 1) * kKilobytesOfAPiece;
-    return allowed;
-}
-
 class LongRun : public Replay {
 protected:
     // Waits until the program has shown its first values and its last title.
@@ -73,7 +64,7 @@ protected:
             },
             true, time));
         EXPECT_GT(changes, 20) << "the program has shown enough records";
-        const GrowthAllowance allowed = AllowedFor(samples() - samplesBefore);
+        const GrowthAllowance allowed = WithRecording(kAllowed, samples() - samplesBefore);
         EXPECT_EQ(GrownBeyond(before, ResourcesOf(main.ProcessId()), allowed), "");
         EXPECT_TRUE(AnsweredPromptly(answers));
     }

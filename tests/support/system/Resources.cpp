@@ -137,6 +137,13 @@ Resources ResourcesOf(DWORD processId) {
     return least;
 }
 
+GrowthAllowance WithRecording(GrowthAllowance allowed, int samples) {
+    constexpr int kSamplesOfAPiece = 2048;
+    constexpr std::size_t kKilobytesOfAPiece = 226;
+    allowed.privateKilobytes += static_cast<std::size_t>(samples / kSamplesOfAPiece + 1) * kKilobytesOfAPiece;
+    return allowed;
+}
+
 std::string GrownBeyond(const Resources& before, const Resources& after, const GrowthAllowance& allowed) {
     std::string grown;
     Compare(grown, "private kilobytes", before.privateKilobytes, after.privateKilobytes,

@@ -27,6 +27,10 @@ struct GrowthAllowance {
     int handles;
 };
 
+// The same for a program that has recorded this many samples of the drive in that time: the recording takes
+// a piece of memory for each 2048 of them.
+GrowthAllowance WithRecording(GrowthAllowance allowed, int samples);
+
 // Says what has grown beyond the allowance; empty if nothing has.
 std::string GrownBeyond(const Resources& before, const Resources& after, const GrowthAllowance& allowed);
 
