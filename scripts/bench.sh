@@ -190,6 +190,7 @@ program() {
             IFS='|' read -r name source meters goal command <<<"$load"
             yardstick=$(run_wine "$bin/chart_bench.exe" yardstick | tr -d '\r')
             for number in "${!programs[@]}"; do
+                [[ -z $command || $number == 0 ]] || continue # the older one may not know it
                 cost "${programs[number]}" "$source" "$meters" "$command"
                 printf '%s|%s|%s|%s %s\n' "$name" "$goal" "$number" "$yardstick" "$cost" | tee -a "$figures" |
                     sed "s/^/round $round: /" >&2
