@@ -1,5 +1,6 @@
 // The keys while an edit has the focus: Max and Min, where a user types, and the boxes that only show. And
 // what keys do to the limits from elsewhere.
+#include "tests/support/system/Clipboard.h"
 #include "tests/support/system/KeyTest.h"
 #include "tests/support/system/Records.h"
 
@@ -114,17 +115,6 @@ TEST_F(KeysInEdits, NoKeyOfTheTableTypesACharacter) {
     }
     EXPECT_TRUE(Becomes([this] { return ::IsWindowEnabled(main.Get()) != FALSE; }, true));
     EXPECT_EQ(Max(), L"6000");
-}
-
-std::wstring ClipboardText() {
-    std::wstring text;
-    if (!::OpenClipboard(nullptr)) return text;
-    if (const HANDLE data = ::GetClipboardData(CF_UNICODETEXT)) {
-        text = static_cast<const wchar_t*>(::GlobalLock(data));
-        ::GlobalUnlock(data);
-    }
-    ::CloseClipboard();
-    return text;
 }
 
 TEST_F(KeysInEdits, CtrlCCopiesTheTextThatIsSelectedOrElseThePicture) {

@@ -6,6 +6,7 @@
 
 #include "res/resource.h"
 #include "tests/support/system/Await.h"
+#include "tests/support/system/Clipboard.h"
 #include "tests/support/system/Keyboard.h"
 
 namespace plotvane::test {
@@ -14,17 +15,6 @@ namespace {
 constexpr std::wstring_view kTitle = L"Plotvane - looking back";
 constexpr int kRightOfPlot = 258;  // the list and its margin
 constexpr COLORREF kFrame = 0xFFFFFF;
-
-std::wstring ClipboardText() {
-    std::wstring text;
-    if (!::OpenClipboard(nullptr)) return text;
-    if (const HANDLE data = ::GetClipboardData(CF_UNICODETEXT)) {
-        text = static_cast<const wchar_t*>(::GlobalLock(data));
-        ::GlobalUnlock(data);
-    }
-    ::CloseClipboard();
-    return text;
-}
 
 void ClearClipboard() {
     if (!::OpenClipboard(nullptr)) return;
