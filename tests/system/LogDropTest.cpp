@@ -33,7 +33,7 @@ TEST_F(DroppedLog, IsPlayedUnderAnyName) {
 }
 
 // Its source need not wait for the answer.
-TEST_F(DroppedLog, ThatIsNoneIsToldAsBehindTheFileDialog) {
+TEST_F(DroppedLog, ThatIsNoneGetsTheMessageOfTheFileDialog) {
     Enter(ProgramState::Idle);
     EXPECT_EQ(DropOnChart({WriteLog("x.csv", "no log\r\n")}), DWORD{DROPEFFECT_COPY});
     ConfirmMessage(L"This is not an original Diagnel log file!", L"Doh! ;-)");

@@ -1,6 +1,6 @@
-// Looking back at many samples: a quarter of an hour at twenty a second, or as many as PLOTVANE_SAMPLES says;
-// scripts/soak.sh has hours of them. A replay at eight times the speed waits for no row that follows the one
-// before it within 0.04 seconds, so such rows come as fast as the program takes them.
+// Looking back at many samples: a quarter of an hour at twenty a second, or as many as PLOTVANE_SAMPLES says,
+// in scripts/soak.sh up to a hundred minutes. A replay at eight times the speed waits for no row that follows
+// the one before it within 0.04 seconds, so such rows come as fast as the program takes them.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
