@@ -94,6 +94,25 @@ TEST_F(SampleRecorderTest, BeginsAStretchOnlyWhereSomethingChanges) {
     expectAnother("slot emptied");
 }
 
+TEST_F(SampleRecorderTest, SeesEachLetterOfAUnit) {
+    std::size_t stretches = 0;
+    double seconds = 0.0;
+    for (std::size_t length = 1; length <= 12; ++length) {
+        const std::string unit(length, 'a');
+        for (std::size_t at = 0; at < length; ++at) {
+            std::string other = unit;
+            other[at] = 'b';
+            for (const std::string& shown : {unit, other}) {
+                m_fields[0].unit = shown;
+                Take(seconds++);
+                EXPECT_EQ(Stretches(), ++stretches) << shown;
+                Take(seconds++);
+                EXPECT_EQ(Stretches(), stretches) << shown;
+            }
+        }
+    }
+}
+
 TEST_F(SampleRecorderTest, PassesAGapOn) {
     Take(1.0);
     m_recorder.MarkGap();
