@@ -4,16 +4,24 @@
 #include <limits>
 
 namespace plotvane {
+namespace {
+
+constexpr double kRoom = 0.1;  // of the view's length, for the samples to come
+
+}  // namespace
 
 void Viewport::SetWidth(int width) {
     m_width = std::max(width, 1);
 }
 
 void Viewport::SetLimits(const Limits& limits) {
-    const bool followed = m_isFollowing;
     m_limits = limits;
+    const bool moves = m_isFollowing && m_begin < BeginToEndAt(limits.last);
+    if (moves && limits.last > m_latestEnd)
+        m_latestEnd = limits.last + kRoom * std::min(m_wanted, limits.last - limits.first);
+    m_latestEnd = std::max(m_latestEnd, limits.last);
     Resize(m_wanted);
-    Place(followed ? LatestBegin() : m_begin);
+    Place(moves ? BeginToEndAt(m_latestEnd) : m_begin);
 }
 
 double Viewport::EndOfColumn(int column) const {
@@ -22,6 +30,7 @@ double Viewport::EndOfColumn(int column) const {
 }
 
 void Viewport::ShowLatest(double seconds) {
+    m_latestEnd = m_limits.last;
     Resize(seconds);
     MoveToEnd();
 }
@@ -52,7 +61,9 @@ void Viewport::MoveToBegin() {
 }
 
 void Viewport::MoveToEnd() {
-    Place(LatestBegin());
+    m_latestEnd = m_limits.last;
+    Resize(m_wanted);
+    Place(BeginToEndAt(m_latestEnd));
 }
 
 void Viewport::Resize(double wanted) {
@@ -61,16 +72,17 @@ void Viewport::Resize(double wanted) {
 }
 
 void Viewport::Place(double begin) {
-    m_begin = std::clamp(begin, m_limits.first, LatestBegin());
-    m_isFollowing = m_begin == LatestBegin();
+    m_begin = std::clamp(begin, m_limits.first, BeginToEndAt(m_latestEnd));
+    m_isFollowing = m_begin >= BeginToEndAt(m_limits.last);
 }
 
 double Viewport::Longest() const {
-    return std::max(m_limits.last - m_limits.first, kShortest);
+    return std::max(m_latestEnd - m_limits.first, kShortest);
 }
 
-double Viewport::LatestBegin() const {
-    return std::max(m_limits.last - m_length, m_limits.first);
+// As far as samples are kept.
+double Viewport::BeginToEndAt(double seconds) const {
+    return std::max(seconds - m_length, m_limits.first);
 }
 
 }  // namespace plotvane

@@ -18,8 +18,10 @@ public:
     // `width` in pixels, at least 1.
     void SetWidth(int width);
 
-    // Takes the limits as they are now. A view that follows goes on ending at the newest sample, and one that
-    // shows everything goes on showing everything; any other stays where it is, as far as samples are kept.
+    // Takes the limits as they are now. A view that follows stands still as long as the newest sample is in
+    // it, and then moves on by a tenth of its length at once: so most pictures differ from the one before in
+    // a few columns only, and can be read. One that shows everything grows in the same way. Any other stays
+    // where it is, as far as samples are kept.
     void SetLimits(const Limits& limits);
 
     double Begin() const { return m_begin; }
@@ -35,10 +37,10 @@ public:
 
     double ColumnOf(double seconds) const { return (seconds - m_begin) * m_width / m_length; }
 
-    // Whether the view ends at the newest sample and moves on with it.
+    // Whether the newest sample is in view, and the view moves on with it.
     bool IsFollowing() const { return m_isFollowing; }
 
-    // Shows this many seconds up to the newest sample; fewer while no more are recorded.
+    // Shows this many seconds and ends at the newest sample; fewer while no more are recorded.
     void ShowLatest(double seconds);
 
     void ShowAll();
@@ -60,9 +62,10 @@ private:
     void Resize(double wanted);
     void Place(double begin);
     double Longest() const;
-    double LatestBegin() const;
+    double BeginToEndAt(double seconds) const;
 
     Limits m_limits;
+    double m_latestEnd = 0.0;  // of a view: the newest sample, or later, where the next ones will stand
     double m_begin = 0.0;
     double m_length = 1.0;
     double m_wanted = 60.0;  // the length that was asked for; infinite for everything

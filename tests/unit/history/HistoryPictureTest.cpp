@@ -127,6 +127,7 @@ TEST_F(HistoryPictureTest, PutsTheTraceInFrontOverTheOthers) {
     test::Record(m_recording, {});
     m_recording.Add(60.0, {20.0, 20.0}, test::kAllDrawn);
     m_recording.Add(61.0, {20.0, 20.0}, test::kAllDrawn);
+    m_state->Refresh();
     m_state->ToggleFront(0);
     m_state->ShowAll();
     Paint();

@@ -32,7 +32,8 @@ TEST_F(LookBackTest, OpensWithTheLastMinuteAndFollows) {
     EXPECT_EQ(state.View().End(), 999.0);
     Record(1);
     EXPECT_TRUE(state.Refresh());
-    EXPECT_EQ(state.View().End(), 1000.0);
+    EXPECT_EQ(state.View().End(), 1006.0);
+    EXPECT_EQ(state.ToldSample(), 1000);
     EXPECT_FALSE(state.Refresh());
 }
 

@@ -20,16 +20,66 @@ TEST(Viewport, ShowsTheLatestAndFollowsIt) {
     EXPECT_EQ(view.Begin(), 40.0);
     EXPECT_EQ(view.End(), 100.0);
     view.SetLimits({0.0, 110.0});
-    EXPECT_EQ(view.End(), 110.0);
+    EXPECT_EQ(view.End(), 116.0);
+    EXPECT_EQ(view.Length(), 60.0);
     EXPECT_TRUE(view.IsFollowing());
+}
+
+TEST(Viewport, MovesOnByATenthOnceTheNewestLeavesIt) {
+    Viewport view = Showing(0.0, 100.0, 60.0, 600);
+    view.SetLimits({0.0, 101.0});
+    EXPECT_EQ(view.End(), 107.0);
+    view.SetLimits({0.0, 107.0});
+    EXPECT_EQ(view.End(), 107.0);
+    view.SetLimits({0.0, 108.0});
+    EXPECT_EQ(view.End(), 114.0);
+    EXPECT_EQ(view.Length(), 60.0);
+}
+
+TEST(Viewport, DoesNotMoveWhereNothingIsNew) {
+    for (const double last : {0.1, 100.1, 1e8 / 3.0}) {
+        for (const double latest : {60.0, 7.0, 1e9}) {
+            Viewport view = Showing(0.1 / 3.0, last, latest, 600);
+            const double end = view.End();
+            view.SetLimits({0.1 / 3.0, last});
+            EXPECT_EQ(view.End(), end) << last << ", " << latest;
+        }
+    }
+}
+
+TEST(Viewport, FollowsAsLongAsTheNewestIsInIt) {
+    Viewport view = Showing(0.0, 100.0, 60.0, 600);
+    view.SetLimits({0.0, 101.0});
+    view.MoveBy(-50.0);
+    EXPECT_EQ(view.End(), 102.0);
+    EXPECT_TRUE(view.IsFollowing());
+    view.SetLimits({0.0, 103.0});
+    EXPECT_EQ(view.End(), 107.0);
+    view.MoveBy(1e9);
+    EXPECT_EQ(view.End(), 107.0);
+    view.MoveToEnd();
+    EXPECT_EQ(view.End(), 103.0);
+    view.MoveBy(-1.0);
+    EXPECT_FALSE(view.IsFollowing());
+}
+
+TEST(Viewport, KeepsTheTimeUnderThePointerWhereItHasRoom) {
+    Viewport view = Showing(0.0, 100.0, 60.0, 600);
+    view.SetLimits({0.0, 101.0});
+    const double pointed = view.SecondsAt(550.0);
+    view.ZoomAbout(550.0, 0.5, 0.1);
+    EXPECT_DOUBLE_EQ(view.SecondsAt(550.0), pointed);
 }
 
 TEST(Viewport, GrowsToTheLengthThatWasAskedForAsSamplesCome) {
     Viewport view = Showing(0.0, 10.0, 60.0, 600);
     EXPECT_EQ(view.Begin(), 0.0);
     EXPECT_EQ(view.Length(), 10.0);
+    view.SetLimits({0.0, 20.0});
+    EXPECT_EQ(view.Begin(), 0.0);
+    EXPECT_EQ(view.Length(), 22.0);
     view.SetLimits({0.0, 200.0});
-    EXPECT_EQ(view.Begin(), 140.0);
+    EXPECT_EQ(view.Begin(), 146.0);
     EXPECT_EQ(view.Length(), 60.0);
 }
 
@@ -41,8 +91,9 @@ TEST(Viewport, StaysWhereItIsLookedAtOnceItWasMoved) {
     EXPECT_EQ(view.Begin(), 85.0);
     EXPECT_FALSE(view.IsFollowing());
     view.MoveToEnd();
+    EXPECT_EQ(view.End(), 200.0);
     view.SetLimits({0.0, 300.0});
-    EXPECT_EQ(view.End(), 300.0);
+    EXPECT_EQ(view.End(), 301.0);
 }
 
 TEST(Viewport, GoesOnShowingEverything) {
@@ -50,7 +101,12 @@ TEST(Viewport, GoesOnShowingEverything) {
     view.ShowAll();
     view.SetLimits({50.0, 300.0});
     EXPECT_EQ(view.Begin(), 50.0);
-    EXPECT_EQ(view.End(), 300.0);
+    EXPECT_EQ(view.End(), 325.0);
+    view.SetLimits({60.0, 310.0});
+    EXPECT_EQ(view.Begin(), 60.0);
+    view.MoveToEnd();
+    EXPECT_EQ(view.Begin(), 60.0);
+    EXPECT_EQ(view.End(), 310.0);
 }
 
 TEST(Viewport, IsTakenAlongWhereTheOldestSamplesGo) {
