@@ -1,6 +1,6 @@
-// Measures what looking back costs: a sample into the recording, and a picture of two hours of twelve traces
-// on 1600 x 800 pixels at every zoom, beside a plain copy of such a picture. Prints microseconds,
-// milliseconds and ratios; only the ratios can be compared between machines.
+// Measures what looking back costs: a sample into the recording, a picture of two hours of twelve traces on
+// 1600 x 800 pixels at every zoom, beside a plain copy of such a picture, and the pictures of a view that
+// follows. Prints microseconds, milliseconds and ratios; only the ratios can be compared between machines.
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -8,7 +8,9 @@
 #include <cstring>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "history/HistoryPicture.h"
@@ -99,8 +101,9 @@ void MeasurePictures(const Recording& recording, const char* what) {
     for (double before = 0.0; state.View().Length() != before; state.ZoomAbout(kWidth / 2.0, 0.5)) {
         before = state.View().Length();
         const double ms = BestMs([&] {
-            const HistoryPicture picture(state, look, layout, list, "");
-            picture.Paint({window.data(), layout.Client().right, layout.Client().bottom});
+            TracePlotter plotter;
+            const HistoryPicture picture(state, look, layout, list, "", plotter);
+            picture.Paint({window.data(), layout.Client().right, layout.Client().bottom}, layout.Client());
         });
         worst = std::max(worst, ms);
         std::printf("  %10.1f s in view %8.2f ms %8.1f copies\n", before, ms, ms / copyMs);
@@ -112,10 +115,43 @@ void MeasurePictures(const Recording& recording, const char* what) {
         LookBack opened(recording);
         opened.SetPlotWidth(layout.Plot().Width());
         opened.Refresh();
-        const HistoryPicture picture(opened, look, layout, ListOf(opened), RecordedNote(opened));
-        picture.Paint({window.data(), layout.Client().right, layout.Client().bottom});
+        TracePlotter plotter;
+        const HistoryPicture picture(opened, look, layout, ListOf(opened), RecordedNote(opened), plotter);
+        picture.Paint({window.data(), layout.Client().right, layout.Client().bottom}, layout.Client());
     });
     std::printf("  the list %22.3f ms; the opening %.3f ms\n", listMs, openMs);
+}
+
+// Ten pictures a second of the last minute, of which one in sixty is painted whole. Texts are not in it.
+void MeasureFollowing(SampleRecorder& recorder, const Recording& recording) {
+    constexpr int kPictures = 600;
+    const HistoryLook look = LookOf(Prefs{});
+    const ShownFields fields = Fields();
+    LookBack state(recording);
+    const HistoryLayout layout(kWidth + 330, kHeight + 60, 15, kSlotCount);
+    std::vector<std::uint32_t> window(
+        static_cast<std::size_t>(layout.Client().right * layout.Client().bottom));
+    state.SetPlotWidth(layout.Plot().Width());
+    std::int64_t sample = kTwoHours;
+    std::optional<HistoryPicture> shown;
+    TracePlotter plotter;
+    const double ms = BestMs([&] {
+        for (int i = 0; i < kPictures; ++i) {
+            for (int added = 0; added < 2; ++added, ++sample) {
+                Recording::Values values;
+                values.fill(static_cast<double>(sample % 100));
+                recorder.Take(static_cast<double>(sample) / kSamplesASecond, fields, values, 0xFFF);
+            }
+            state.Refresh();
+            HistoryPicture picture(state, look, layout, ListOf(state), RecordedNote(state), plotter);
+            std::vector<PixelRect> parts{picture.Client()};
+            if (shown) parts = picture.ChangesSince(*shown);
+            for (const PixelRect& part : parts)
+                picture.Paint({window.data(), layout.Client().right, layout.Client().bottom}, part);
+            shown.emplace(std::move(picture));
+        }
+    });
+    std::printf("%-36s %8.3f ms\n", "the next picture, two samples later", ms / kPictures);
 }
 
 void MeasureAll() {
@@ -127,6 +163,7 @@ void MeasureAll() {
     MeasurePictures(recording, "waves");
     Record(recorder, true);
     MeasurePictures(recording, "noise");
+    MeasureFollowing(recorder, recording);
 }
 
 }  // namespace

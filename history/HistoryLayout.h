@@ -10,6 +10,9 @@ namespace plotvane {
 // the left and its times below, the list of traces at the right, a line of text at the bottom.
 class HistoryLayout {
 public:
+    static constexpr int kGridRows = 9;         // as the chart has it
+    static constexpr int kTickDistancePx = 90;  // of the times, at least
+
     // `lineHeight` is that of a line of text, above 0; `traces` is how many the list has. A client too small
     // has a plot without an inside.
     HistoryLayout(int clientWidth, int clientHeight, int lineHeight, int traces);
@@ -24,12 +27,18 @@ public:
     // Lines of text that each trace of the list gets: 3, or as many as there is room for, at least 1.
     int LinesOfTrace() const { return m_lines; }
 
+    // The row of a line of the grid, 1..kGridRows, counted from the plot's top. 0 and kGridRows + 1 are the
+    // ends of the plot.
+    int GridRow(int i) const { return m_plot.Height() * i / (kGridRows + 1); }
+
     // Of the list's entries, counted from 0.
     PixelRect LineOf(int entry, int line) const;
     PixelRect MarkOf(int entry) const;    // the check mark
     PixelRect SwatchOf(int entry) const;  // the colour
     std::optional<int> EntryAt(int x, int y) const;
     bool IsOnMark(int entry, int x, int y) const;
+
+    bool operator==(const HistoryLayout&) const = default;
 
 private:
     PixelRect EntryOf(int entry) const;

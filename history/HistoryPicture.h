@@ -1,70 +1,66 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "base/Colour.h"
 #include "history/HistoryLayout.h"
+#include "history/HistoryLook.h"
+#include "history/HistoryTexts.h"
 #include "history/LookBack.h"
 #include "history/PlotRaster.h"
 #include "history/TraceList.h"
-#include "scaling/Prefs.h"
+#include "history/TracePlotter.h"
 
 namespace plotvane {
 
-// What the window that looks back takes over from the chart.
-struct HistoryLook {
-    Colour background = kBlack;
-    Colour foreground = kWhite;  // grid, frame and texts
-    std::array<Colour, kSlotCount> traces{};
-    int thickness = 1;  // of the traces, in pixels
-};
-HistoryLook LookOf(const Prefs& prefs);
-
-// A text, cut off where it leaves its place.
-struct PlacedText {
-    enum class Side { Left, Centre, Right };
-
-    std::string text;  // Windows-1252
-    PixelRect place;   // one line
-    Side side = Side::Left;
-    Colour colour = kBlack;
-};
-
-// What the window that looks back shows, at one moment. The state must have been refreshed, and neither it
-// nor its recording may change while this lives.
+// What the window that looks back shows, at one moment. It stays as it is while the recording goes on, so two
+// of them can be compared.
 class HistoryPicture {
 public:
-    // `note` stands in the last line, after what the cursors tell.
+    // The state must have been refreshed. `note` stands in the last line, after what the cursors tell. The
+    // plotter may have plotted pictures before; this one does not need it any more.
     HistoryPicture(const LookBack& state, const HistoryLook& look, const HistoryLayout& layout,
-                   std::vector<ListedTrace> list, std::string note);
+                   const std::vector<ListedTrace>& list, const std::string& note, TracePlotter& plotter);
 
-    // Everything but the texts. The picture has the size of the layout.
-    void Paint(const ChartPixels& picture) const;
+    // The whole window.
+    const PixelRect& Client() const { return m_layout.Client(); }
 
-    std::vector<PlacedText> Texts() const;
+    // Parts of the window, in which all lies that does not look as in an earlier picture. None if nothing has
+    // changed.
+    std::vector<PixelRect> ChangesSince(const HistoryPicture& earlier) const;
+
+    // Paints what lies in `part` and is no text. The pixels are those of the whole window.
+    void Paint(const ChartPixels& pixels, const PixelRect& part) const;
+
+    const std::vector<PlacedText>& Texts() const { return m_texts; }
 
 private:
-    void PlotTraces();
-    PlottedTrace Plotted(int trace, const TraceColumns& columns) const;
-    Colour ColourOf(int trace) const;
-    Colour Faded(Colour colour) const;
-    PlotGround Ground() const;
-    void PaintLines(const ChartPixels& picture) const;
-    void PaintList(const ChartPixels& picture) const;
-    void AddScale(std::vector<PlacedText>& texts) const;
-    void AddTimes(std::vector<PlacedText>& texts) const;
-    void AddMarks(std::vector<PlacedText>& texts) const;
-    void AddList(std::vector<PlacedText>& texts) const;
-    void AddStatus(std::vector<PlacedText>& texts) const;
+    // From the top to the bottom of the plot.
+    struct VerticalLine {
+        int column;
+        Colour colour;
 
-    const LookBack& m_state;
+        bool operator==(const VerticalLine&) const = default;
+    };
+    struct Entry {
+        bool isHidden;
+        Colour colour;
+
+        bool operator==(const Entry&) const = default;
+    };
+
+    void AddLines(const LookBack& state);
+    PixelRect PlaceOf(const VerticalLine& line) const;
+    void PaintLines(const ChartPixels& pixels, const PixelRect& part) const;
+    void PaintList(const ChartPixels& pixels, const PixelRect& part) const;
+
     const HistoryLook m_look;
     const HistoryLayout m_layout;
-    const std::vector<ListedTrace> m_list;
-    const std::string m_note;
-    std::vector<PlottedTrace> m_traces;
+    TracePlot m_plot;
+    std::vector<VerticalLine> m_lines;
+    std::vector<Entry> m_list;
+    std::vector<PlacedText> m_texts;
 };
 
 }  // namespace plotvane

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "framework/Clipboard.h"
-#include "framework/Text.h"
+#include "framework/Dc.h"
 #include "history/TextFont.h"
 
 namespace plotvane {
@@ -48,30 +48,6 @@ CRect PlaceBeside(HWND owner) {
 
 bool IsKeyDown(int key) {
     return ::GetKeyState(key) < 0;
-}
-
-void DrawTexts(CDC& dc, const std::vector<PlacedText>& texts) {
-    dc.SetBkMode(TRANSPARENT);
-    for (const PlacedText& text : texts) {
-        // Letters may be a little wider than Windows says.
-        constexpr int kOverhangPx = 2;
-        const CRect place(text.place.left, text.place.top, text.place.right, text.place.bottom);
-        const CRect clip(place.left, place.top, place.right + kOverhangPx, place.bottom);
-        int x = place.left;
-        UINT align = TA_LEFT;
-        if (text.side == PlacedText::Side::Right) {
-            x = place.right;
-            align = TA_RIGHT;
-        } else if (text.side == PlacedText::Side::Centre) {
-            x = (place.left + place.right) / 2;
-            align = TA_CENTER;
-        }
-        dc.SetTextAlign(align | TA_TOP);
-        dc.SetTextColor(text.colour);
-        const WideText wide(text.text);
-        ::ExtTextOutW(dc.GetSafeHdc(), x, place.top, ETO_CLIPPED, &clip, wide.c_str(),
-                      static_cast<UINT>(wide.Length()), nullptr);
-    }
 }
 
 }  // namespace
@@ -124,7 +100,8 @@ void CHistoryWnd::OnDestroy() {
     KillTimer(kSaveTimer);
     m_saves.Cancel();
     m_drag.reset();
-    m_picture.reset();
+    m_canvas.reset();
+    m_plotter = {};
     m_layout.reset();
     m_state.reset();
     m_font.Reset();
@@ -140,7 +117,7 @@ void CHistoryWnd::ShowTitle() {
 void CHistoryWnd::OnSize(UINT type, int width, int height) {
     CWnd::OnSize(type, width, height);
     if (type == SIZE_MINIMIZED) return;
-    m_picture.emplace(width, height);
+    m_canvas.emplace(width, height, m_font);
     m_layout.emplace(width, height, m_lineHeight, static_cast<int>(m_list.size()));
     m_state->SetPlotWidth(m_layout->Plot().Width());
     Invalidate(false);
@@ -154,7 +131,7 @@ void CHistoryWnd::OnTimer(UINT_PTR timer) {
         if (m_saves.Note() != before) Invalidate(false);
         return;
     }
-    TakeWhatIsNew();
+    ShowWhatIsNew();
     if (m_recording.Run() != m_titledRun) ShowTitle();
 }
 
@@ -163,25 +140,39 @@ void CHistoryWnd::TakeWhatIsNew() {
     if (m_state->Refresh()) Invalidate(false);
 }
 
-void CHistoryWnd::OnPaint() {
-    CPaintDC dc(m_hWnd);
-    if (!m_picture || !*m_picture) return;
-    m_state->Refresh();
-    Draw();
-    dc.BitBlt(0, 0, m_picture->Width(), m_picture->Height(), m_picture->Dc(), 0, 0, SRCCOPY);
+// Ten times a second while data flows, so it does without a paint message: that would copy the whole window.
+void CHistoryWnd::ShowWhatIsNew() {
+    if (!m_state->Refresh()) return;
+    if (!m_canvas || !*m_canvas || IsIconic()) return Invalidate(false);
+    CopyToWindow(Draw());
 }
 
-void CHistoryWnd::Draw() {
+void CHistoryWnd::CopyToWindow(const std::vector<PixelRect>& parts) {
+    CClientDC dc(m_hWnd);
+    for (const PixelRect& part : parts)
+        dc.BitBlt(part.left, part.top, part.Width(), part.Height(), m_canvas->Shown().Dc(), part.left,
+                  part.top, SRCCOPY);
+}
+
+void CHistoryWnd::OnPaint() {
+    CPaintDC dc(m_hWnd);
+    if (!m_canvas || !*m_canvas) return;
+    m_state->Refresh();
+    const std::vector<PixelRect> parts = Draw();
+    const Picture& shown = m_canvas->Shown();
+    dc.BitBlt(0, 0, shown.Width(), shown.Height(), shown.Dc(), 0, 0, SRCCOPY);
+    // What has changed may lie outside of what is to be painted.
+    const CRect painted = dc.Paint().rcPaint;
+    if (painted.Width() < shown.Width() || painted.Height() < shown.Height()) CopyToWindow(parts);
+}
+
+std::vector<PixelRect> CHistoryWnd::Draw() {
+    const Picture& shown = m_canvas->Shown();
     m_list = ListOf(*m_state);
-    m_layout.emplace(m_picture->Width(), m_picture->Height(), m_lineHeight, static_cast<int>(m_list.size()));
-    const HistoryLook look = LookOf(m_prefs);
+    m_layout.emplace(shown.Width(), shown.Height(), m_lineHeight, static_cast<int>(m_list.size()));
     std::string note = m_saves.Note();
     if (note.empty()) note = RecordedNote(*m_state);
-    const HistoryPicture picture(*m_state, look, *m_layout, m_list, std::move(note));
-    picture.Paint({m_picture->Pixels().data(), m_picture->Width(), m_picture->Height()});
-    CDC dc(m_picture->Dc());
-    const Selected fontInDc(dc, m_font);
-    DrawTexts(dc, picture.Texts());
+    return m_canvas->Draw(HistoryPicture(*m_state, LookOf(m_prefs), *m_layout, m_list, note, m_plotter));
 }
 
 LRESULT CHistoryWnd::OnKey(WPARAM key, LPARAM) {
@@ -281,17 +272,18 @@ bool CHistoryWnd::HandleControlKey(WPARAM key, bool isShifted) {
 }
 
 void CHistoryWnd::CopyPicture() {
-    if (!m_picture || !*m_picture) return;
+    if (!m_canvas || !*m_canvas) return;
     Draw();
-    CopyPictureToClipboard(m_hWnd, *m_picture);
+    CopyPictureToClipboard(m_hWnd, m_canvas->Shown());
 }
 
 // While a dialog is over the window, only a message that somebody posts can ask for another.
 void CHistoryWnd::Save(bool samples) {
-    if (!::IsWindowEnabled(m_hWnd) || !m_picture || !*m_picture) return;
+    if (!::IsWindowEnabled(m_hWnd) || !m_canvas || !*m_canvas) return;
     if (!samples) {
         Draw();
-        return m_saves.SavePicture(m_hWnd, *m_picture, m_recording);
+        Invalidate(false);  // it may be drawn further than it is shown
+        return m_saves.SavePicture(m_hWnd, m_canvas->Shown(), m_recording);
     }
     m_saves.SaveSamples(m_hWnd, *m_state);
     if (m_hWnd && m_saves.IsGoing()) SetTimer(kSaveTimer, kSaveMs);

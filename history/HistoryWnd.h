@@ -4,14 +4,14 @@
 #include <optional>
 #include <vector>
 
-#include "framework/Dc.h"
 #include "framework/Gdi.h"
 #include "framework/Wnd.h"
+#include "history/HistoryCanvas.h"
 #include "history/HistoryLayout.h"
-#include "history/HistoryPicture.h"
 #include "history/HistorySaves.h"
 #include "history/LookBack.h"
 #include "history/Recording.h"
+#include "history/TracePlotter.h"
 #include "scaling/Prefs.h"
 
 namespace plotvane {
@@ -57,7 +57,9 @@ private:
     void ClickList(int x, int y);
     int ColumnAt(int x) const { return x - m_layout->Plot().left; }
     bool IsOverPlot(int x, int y) const;
-    void Draw();
+    void ShowWhatIsNew();
+    void CopyToWindow(const std::vector<PixelRect>& parts);
+    std::vector<PixelRect> Draw();
     void CopyPicture();
     void Save(bool samples);
     void ShowTitle();
@@ -70,8 +72,9 @@ private:
     std::optional<LookBack> m_state;
     std::optional<HistoryLayout> m_layout;
     std::vector<ListedTrace> m_list;
-    std::optional<Picture> m_picture;
     CFont m_font;
+    std::optional<HistoryCanvas> m_canvas;
+    TracePlotter m_plotter;
     int m_lineHeight = 1;
     std::uint32_t m_titledRun = 0;  // of the recording; the title tells it
     std::optional<Drag> m_drag;

@@ -28,16 +28,17 @@ public:
     int Rows() const { return m_rows; }
     std::uint32_t* Column(int column) { return m_pixels.data() + Index(column) * m_columnLength; }
 
-    void CopyTo(const ChartPixels& picture, int x, int y, int columns) const {
-        for (int row = 0; row < m_rows; ++row) {
-            std::uint32_t* const out =
-                picture.pixels + static_cast<std::ptrdiff_t>(y + row) * picture.width + x;
-            const std::uint32_t* const in = m_pixels.data() + row;
-            if (columns == kColumns) {
-                // All but the last strip: a number that the compiler knows takes half the time.
+    // Copies the first columns to a place in the picture. `top` is the row of the picture at which the strip
+    // begins, at or above the place.
+    void CopyTo(const ChartPixels& picture, const PixelRect& place, int top) const {
+        for (int y = place.top; y < place.bottom; ++y) {
+            std::uint32_t* const out = picture.Row(y) + place.left;
+            const std::uint32_t* const in = m_pixels.data() + (y - top);
+            if (place.Width() == kColumns) {
+                // Nearly always: a number that the compiler knows takes half the time.
                 CopyRow<kColumns>(in, out, kColumns);
             } else {
-                CopyRow<0>(in, out, columns);
+                CopyRow<0>(in, out, place.Width());
             }
         }
     }
@@ -86,7 +87,8 @@ private:
 
 // How far a line reaches to each side of the pixels that it is made of.
 struct Reach {
-    explicit Reach(int thickness) : before((thickness - 1) / 2), after(thickness / 2) {}
+    explicit Reach(int thickness)
+        : before((std::max(thickness, 1) - 1) / 2), after(std::max(thickness, 1) / 2) {}
     int before;
     int after;
 };
@@ -107,10 +109,17 @@ void PaintTrace(Strip& strip, int first, int columns, const PlottedTrace& trace,
     }
 }
 
-PixelRect ClippedTo(const ChartPixels& picture, const PixelRect& plot) {
-    // The traces count from the plot's top left corner, so that is never moved.
-    if (plot.left < 0 || plot.top < 0) return {};
-    return {plot.left, plot.top, std::min(plot.right, picture.width), std::min(plot.bottom, picture.height)};
+// Those that differ, without the reach.
+ColumnRange ChangedColumns(const PlottedTrace& trace, const PlottedTrace& other) {
+    const auto size = static_cast<int>(std::max(trace.columns.size(), other.columns.size()));
+    if (trace.colour != other.colour || trace.columns.size() != other.columns.size()) return {0, size};
+    const auto isSame = [&](int column) {
+        return trace.columns[Index(column)] == other.columns[Index(column)];
+    };
+    ColumnRange changed{0, size};
+    while (changed.begin < size && isSame(changed.begin)) ++changed.begin;
+    while (changed.end > changed.begin && isSame(changed.end - 1)) --changed.end;
+    return changed;
 }
 
 }  // namespace
@@ -130,7 +139,7 @@ RowScale::RowScale(double lower, double upper, int rows)
       m_lastRow(rows - 1) {}
 
 int RowScale::RowOf(double value) const {
-    const double above = value == m_lower ? 0.0 : std::trunc((value - m_lower) * m_perUnit);
+    const double above = value == m_lower ? 0.0 : (value - m_lower) * m_perUnit;
     if (std::isnan(above)) return m_lastRow;
     return m_lastRow - static_cast<int>(std::clamp(above, -kFarthestRow, kFarthestRow));
 }
@@ -138,23 +147,42 @@ int RowScale::RowOf(double value) const {
 RowSpan RowScale::RowsOf(const ColumnSpan& span) const {
     if (span.IsEmpty()) return {};
     const int one = RowOf(span.lowest);
-    const int other = RowOf(span.highest);
+    const int other = span.highest == span.lowest ? one : RowOf(span.highest);
     return {std::min(one, other), std::max(one, other)};
 }
 
-void PaintPlot(const ChartPixels& picture, const PixelRect& plot, const PlotGround& ground,
-               std::span<const PlottedTrace> traces, int thickness) {
-    const PixelRect place = ClippedTo(picture, plot);
-    if (place.IsEmpty()) return;
-    const Reach reach(std::max(thickness, 1));
-    const GroundColumns grounds(ground, place.Height());
+void PaintPlot(const ChartPixels& picture, const TracePlot& plot, const PixelRect& part) {
+    // The traces count from the plot's top left corner, so that is never moved.
+    if (plot.place.left < 0 || plot.place.top < 0) return;
+    const PixelRect place = Intersection(plot.place, {0, 0, picture.width, picture.height});
+    const PixelRect painted = Intersection(place, part);
+    if (painted.IsEmpty()) return;
+    const Reach reach(plot.thickness);
+    const GroundColumns grounds(plot.ground, place.Height());
     Strip strip(place.Height());
-    for (int first = 0; first < place.Width(); first += Strip::kColumns) {
-        const int columns = std::min(place.Width() - first, Strip::kColumns);
+    for (int left = painted.left; left < painted.right; left += Strip::kColumns) {
+        const int first = left - place.left;
+        const int columns = std::min(painted.right - left, Strip::kColumns);
         for (int x = 0; x < columns; ++x) std::ranges::copy(grounds.Of(first + x), strip.Column(x));
-        for (const PlottedTrace& trace : traces) PaintTrace(strip, first, columns, trace, reach);
-        strip.CopyTo(picture, place.left + first, place.top, columns);
+        for (const PlottedTrace& trace : plot.traces) PaintTrace(strip, first, columns, trace, reach);
+        strip.CopyTo(picture, {left, painted.top, left + columns, painted.bottom}, place.top);
     }
+}
+
+ColumnRange ChangedColumns(const TracePlot& one, const TracePlot& other) {
+    const int width = one.place.Width();
+    if (one.place != other.place || one.ground != other.ground || one.thickness != other.thickness ||
+        one.traces.size() != other.traces.size())
+        return {0, width};
+    ColumnRange changed{width, 0};
+    for (std::size_t i = 0; i < one.traces.size(); ++i) {
+        const ColumnRange ofTrace = ChangedColumns(one.traces[i], other.traces[i]);
+        if (ofTrace.IsEmpty()) continue;
+        changed = {std::min(changed.begin, ofTrace.begin), std::max(changed.end, ofTrace.end)};
+    }
+    if (changed.IsEmpty()) return {};
+    const Reach reach(one.thickness);
+    return {std::max(changed.begin - reach.before, 0), std::min(changed.end + reach.after, width)};
 }
 
 }  // namespace plotvane

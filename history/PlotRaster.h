@@ -1,6 +1,5 @@
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "base/Colour.h"
@@ -41,6 +40,8 @@ private:
 struct PlottedTrace {
     Colour colour = kBlack;
     std::vector<RowSpan> columns;
+
+    bool operator==(const PlottedTrace&) const = default;
 };
 
 // Ground and grid of the plot. The grid is dotted: rows and columns count from the plot's top left corner.
@@ -49,11 +50,32 @@ struct PlotGround {
     Colour grid = kWhite;
     std::vector<int> gridRows;
     std::vector<int> gridColumns;
+
+    bool operator==(const PlotGround&) const = default;
 };
 
-// Paints a plot: the ground, then the traces, each over the ones before it, with lines of a thickness
-// in pixels (1 and more). The plot is clipped to the picture.
-void PaintPlot(const ChartPixels& picture, const PixelRect& plot, const PlotGround& ground,
-               std::span<const PlottedTrace> traces, int thickness);
+// A plot: the ground, then the traces, each over the ones before it, with lines of a thickness in pixels
+// (1 and more).
+struct TracePlot {
+    PixelRect place;  // in the picture
+    PlotGround ground;
+    std::vector<PlottedTrace> traces;
+    int thickness = 1;
+};
+
+// Paints what lies in `part` of the picture, and nothing else. The plot is clipped to the picture.
+void PaintPlot(const ChartPixels& picture, const TracePlot& plot, const PixelRect& part);
+
+// Columns of the plot, from `begin` to before `end`.
+struct ColumnRange {
+    int begin = 0;
+    int end = 0;
+
+    bool IsEmpty() const { return begin >= end; }
+};
+
+// The columns in which the traces of two plots differ, with the reach of their thickness. All columns where
+// the plots differ in anything else.
+ColumnRange ChangedColumns(const TracePlot& one, const TracePlot& other);
 
 }  // namespace plotvane

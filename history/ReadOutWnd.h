@@ -2,7 +2,7 @@
 
 #include "framework/Gdi.h"
 #include "framework/Wnd.h"
-#include "history/HistoryPicture.h"
+#include "history/HistoryLook.h"
 #include "history/ReadOut.h"
 
 namespace plotvane {

@@ -113,10 +113,6 @@ bool Recording::IsDrawn(int trace, std::int64_t sample) const {
     return (PieceOf(sample).Drawn(PlaceOf(sample)) >> trace & 1) != 0;
 }
 
-const SamplePiece& Recording::PieceOf(std::int64_t sample) const {
-    return *m_pieces[static_cast<std::size_t>((sample - m_firstPiece) / SamplePiece::kSamples)];
-}
-
 const Stretch& Recording::StretchOf(std::int64_t sample) const {
     const auto next = std::ranges::upper_bound(m_stretches, sample, {}, &Stretch::first);
     return next == m_stretches.begin() ? m_stretches.front() : *(next - 1);

@@ -104,7 +104,9 @@ public:
 
 private:
     static int PlaceOf(std::int64_t sample) { return static_cast<int>(sample % SamplePiece::kSamples); }
-    const SamplePiece& PieceOf(std::int64_t sample) const;
+    const SamplePiece& PieceOf(std::int64_t sample) const {
+        return *m_pieces[static_cast<std::size_t>((sample - m_firstPiece) / SamplePiece::kSamples)];
+    }
 
     bool MakeRoom();
     bool AddPiece();

@@ -10,10 +10,11 @@ void ColumnSpan::Include(double value) {
     highest = wasEmpty ? value : std::max(highest, value);
 }
 
-TraceColumns::TraceColumns(const Recording& recording, const Viewport& view) : m_recording(recording) {
-    m_edges.reserve(static_cast<std::size_t>(view.Width()) + 1);
-    m_edges.push_back(EdgeAt(view.Begin(), recording.Begin()));
-    for (int column = 0; column < view.Width(); ++column)
+TraceColumns::TraceColumns(const Recording& recording, const Viewport& view, int first)
+    : m_recording(recording), m_first(first) {
+    m_edges.reserve(static_cast<std::size_t>(view.Width() - first) + 1);
+    m_edges.push_back(EdgeAt(view.SecondsAt(first), recording.Begin()));
+    for (int column = first; column < view.Width(); ++column)
         m_edges.push_back(EdgeAt(view.EndOfColumn(column), m_edges.back().next));
 }
 
@@ -32,25 +33,29 @@ double TraceColumns::ValueAt(const Edge& edge, int trace) const {
 
 int TraceColumns::LineThrough(int trace, std::int64_t begin, std::int64_t end,
                               std::vector<ColumnSpan>& spans) const {
-    const auto crosses = [&](const Edge& edge) {
-        return edge.isCrossed && edge.next > begin && edge.next < end;
+    const auto includeCrossing = [&](ColumnSpan& span, const Edge& edge) {
+        if (edge.isCrossed && edge.next > begin && edge.next < end) span.Include(ValueAt(edge, trace));
     };
     spans.clear();
     const auto after = std::ranges::upper_bound(m_edges, begin, {}, &Edge::next);
     const auto first = after == m_edges.begin() ? after : after - 1;
+    ColumnSpan atEdge;  // the value between two columns belongs to both
+    includeCrossing(atEdge, *first);
     for (auto edge = first; edge + 1 < m_edges.end() && edge->next < end; ++edge) {
-        ColumnSpan span;
+        ColumnSpan span = atEdge;
         const std::int64_t from = std::max(edge->next, begin);
         const std::int64_t until = std::min((edge + 1)->next, end);
         if (from < until) {
             const SamplePiece::Extremes extremes = m_recording.ExtremesOf(trace, from, until);
-            span = {extremes.lowest, extremes.highest};
+            span.Include(extremes.lowest);
+            span.Include(extremes.highest);
         }
-        if (crosses(*edge)) span.Include(ValueAt(*edge, trace));
-        if (crosses(*(edge + 1))) span.Include(ValueAt(*(edge + 1), trace));
+        atEdge = {};
+        includeCrossing(atEdge, *(edge + 1));
+        if (!atEdge.IsEmpty()) span.Include(atEdge.lowest);
         spans.push_back(span);
     }
-    return static_cast<int>(first - m_edges.begin());
+    return m_first + static_cast<int>(first - m_edges.begin());
 }
 
 }  // namespace plotvane

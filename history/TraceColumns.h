@@ -25,8 +25,9 @@ struct ColumnSpan {
 // neighbouring columns meet where the line goes on.
 class TraceColumns {
 public:
-    // Both must live as long as this, and not change meanwhile.
-    TraceColumns(const Recording& recording, const Viewport& view);
+    // The columns from `first` on; 0 for all. The recording must live as long as this, and not change
+    // meanwhile.
+    TraceColumns(const Recording& recording, const Viewport& view, int first = 0);
 
     // The line through the samples from `begin` to before `end`: gives a span for each column from the one
     // returned on, and none for the columns that the line does not reach.
@@ -45,6 +46,7 @@ private:
     double ValueAt(const Edge& edge, int trace) const;
 
     const Recording& m_recording;
+    int m_first;
     std::vector<Edge> m_edges;  // one more than columns
 };
 

@@ -26,6 +26,11 @@ int Step(int from, int to, int i, int count) {
 
 }  // namespace
 
+PixelRect Intersection(const PixelRect& one, const PixelRect& other) {
+    return {std::max(one.left, other.left), std::max(one.top, other.top), std::min(one.right, other.right),
+            std::min(one.bottom, other.bottom)};
+}
+
 int LabelDigits(double lower, double upper) {
     return std::max(DigitsOf(lower), DigitsOf(upper));
 }

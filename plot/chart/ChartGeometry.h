@@ -17,6 +17,9 @@ struct PixelRect {
     bool operator==(const PixelRect&) const = default;
 };
 
+// What lies in both; empty where nothing does.
+PixelRect Intersection(const PixelRect& one, const PixelRect& other);
+
 struct PixelPoint {
     int x = 0;
     int y = 0;

@@ -70,8 +70,9 @@ protected:
     void Paint() {
         m_state->Refresh();
         const auto list = ListOf(*m_state);
-        const HistoryPicture picture(*m_state, m_look, m_layout, list, "a note");
-        picture.Paint({m_pixels.data(), kWidth, kHeight});
+        TracePlotter plotter;
+        const HistoryPicture picture(*m_state, m_look, m_layout, list, "a note", plotter);
+        picture.Paint({m_pixels.data(), kWidth, kHeight}, picture.Client());
         m_texts = picture.Texts();
     }
     std::uint32_t At(int x, int y) const { return m_pixels[static_cast<std::size_t>(y * kWidth + x)]; }
@@ -180,7 +181,8 @@ TEST_F(HistoryPictureTest, HintsAtTheMouseWhereThereIsRoom) {
     ASSERT_TRUE(Find(kHint));
     EXPECT_LE(Find("a note")->place.right, Find(kHint)->place.right - 380);
     m_layout = HistoryLayout(700, kHeight, kLine, 2);
-    const HistoryPicture narrow(*m_state, m_look, m_layout, {}, "a note");
+    TracePlotter plotter;
+    const HistoryPicture narrow(*m_state, m_look, m_layout, {}, "a note", plotter);
     m_texts = narrow.Texts();
     EXPECT_FALSE(Find(kHint));
 }
@@ -219,9 +221,9 @@ TEST(HistoryPicture, IsWholeWithoutSamplesAndInAnyWindow) {
         const HistoryLayout layout(width, height, kLine, 0);
         state.SetPlotWidth(layout.Plot().Width());
         std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height));
-        const HistoryPicture picture(state, LookOf(Prefs{}), layout, {}, "");
-        picture.Paint({pixels.data(), width, height});
-        picture.Texts();
+        TracePlotter plotter;
+        const HistoryPicture picture(state, LookOf(Prefs{}), layout, {}, "", plotter);
+        picture.Paint({pixels.data(), width, height}, picture.Client());
     }
     test::Record(recording, {1.0});
     state.Refresh();
@@ -229,7 +231,9 @@ TEST(HistoryPicture, IsWholeWithoutSamplesAndInAnyWindow) {
     state.SetPlotWidth(layout.Plot().Width());
     const auto list = ListOf(state);
     std::vector<std::uint32_t> pixels(60 * 30);
-    HistoryPicture(state, LookOf(Prefs{}), layout, list, "").Paint({pixels.data(), 60, 30});
+    TracePlotter plotter;
+    HistoryPicture(state, LookOf(Prefs{}), layout, list, "", plotter)
+        .Paint({pixels.data(), 60, 30}, layout.Client());
 }
 
 }  // namespace

@@ -17,8 +17,9 @@ constexpr std::uint32_t kUntouched = 0xABABABAB;
 
 class PlotRasterTest : public testing::Test {
 protected:
-    void Paint(std::span<const PlottedTrace> traces, int thickness = 1) {
-        PaintPlot({m_pixels.data(), kWidth, kHeight}, m_plot, m_ground, traces, thickness);
+    void Paint(const std::vector<PlottedTrace>& traces, int thickness = 1) {
+        PaintPlot({m_pixels.data(), kWidth, kHeight}, {m_plot, m_ground, traces, thickness},
+                  {0, 0, kWidth, kHeight});
     }
     // Counted from the plot's corner.
     std::uint32_t At(int column, int row) const {
@@ -46,7 +47,7 @@ TEST_F(PlotRasterTest, PaintsThePlotAndNothingElse) {
 
 TEST_F(PlotRasterTest, CoversTheRowsOfEachColumn) {
     const PlottedTrace trace{kRed, {{2, 4}, {}, {7, 7}}};
-    Paint({&trace, 1});
+    Paint({trace});
     const std::uint32_t red = PixelOf(kRed);
     for (int row = 0; row < 30; ++row) {
         EXPECT_EQ(At(0, row) == red, row >= 2 && row <= 4) << row;
@@ -65,7 +66,7 @@ TEST_F(PlotRasterTest, PaintsEachTraceOverTheOnesBefore) {
 
 TEST_F(PlotRasterTest, CutsOffWhatLeavesThePlot) {
     const PlottedTrace trace{kRed, std::vector<RowSpan>(100, RowSpan{-50, 1'000'000})};
-    Paint({&trace, 1});
+    Paint({trace});
     EXPECT_EQ(At(49, 0), PixelOf(kRed));
     EXPECT_EQ(At(49, 29), PixelOf(kRed));
     EXPECT_EQ(At(50, 10), kUntouched);
@@ -83,7 +84,7 @@ TEST_F(PlotRasterTest, ShowsNothingOfALineAboveOrBelowThePlot) {
 TEST_F(PlotRasterTest, ThickensALineToAllSides) {
     PlottedTrace trace{kRed, std::vector<RowSpan>(17)};
     trace.columns[16] = {10, 12};
-    Paint({&trace, 1}, 4);
+    Paint({trace}, 4);
     for (int column = 0; column < 50; ++column) {
         for (int row = 0; row < 30; ++row) {
             const bool isCovered = column >= 15 && column <= 18 && row >= 9 && row <= 14;
@@ -114,6 +115,78 @@ TEST_F(PlotRasterTest, StaysInsideOfASmallerPicture) {
     m_plot = {-5, 0, 20, 10};
     Paint({});
     EXPECT_EQ(m_pixels.front(), kUntouched);
+}
+
+TEST_F(PlotRasterTest, PaintsAPartAsItPaintsTheWhole) {
+    m_ground.gridRows = {5, 10};
+    m_ground.gridColumns = {21};
+    std::mt19937 random(7);
+    const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+    std::vector<PlottedTrace> traces{{kRed, std::vector<RowSpan>(50)}, {kGreen, std::vector<RowSpan>(50)}};
+    for (PlottedTrace& trace : traces) {
+        for (RowSpan& span : trace.columns) span = {below(30), below(30)};
+    }
+    for (int thickness = 1; thickness <= 5; ++thickness) {
+        Paint(traces, thickness);
+        const std::vector<std::uint32_t> whole = m_pixels;
+        for (int i = 0; i < 200; ++i) {
+            const int left = below(kWidth);
+            const int top = below(kHeight);
+            const PixelRect part{left, top, left + 1 + below(kWidth - left), top + 1 + below(kHeight - top)};
+            m_pixels.assign(m_pixels.size(), kUntouched);
+            PaintPlot({m_pixels.data(), kWidth, kHeight}, {m_plot, m_ground, traces, thickness}, part);
+            for (int y = 0; y < kHeight; ++y) {
+                for (int x = 0; x < kWidth; ++x) {
+                    const bool isPainted =
+                        !Intersection(Intersection(m_plot, part), {x, y, x + 1, y + 1}).IsEmpty();
+                    const auto at = static_cast<std::size_t>(y * kWidth + x);
+                    ASSERT_EQ(m_pixels[at], isPainted ? whole[at] : kUntouched) << x << ", " << y;
+                }
+            }
+        }
+    }
+}
+
+TracePlot PlotOf(std::vector<RowSpan> columns, int thickness = 1) {
+    columns.resize(50);
+    return {{5, 3, 55, 33}, {kGround, kGrid, {}, {}}, {{kRed, std::move(columns)}}, thickness};
+}
+
+TEST(ChangedColumns, AreNoneOfTheSamePlot) {
+    EXPECT_TRUE(ChangedColumns(PlotOf({{1, 2}}), PlotOf({{1, 2}})).IsEmpty());
+}
+
+TEST(ChangedColumns, ReachFromTheFirstToTheLastThatDiffers) {
+    const TracePlot before = PlotOf({{1, 2}, {1, 2}, {1, 2}, {1, 2}});
+    const ColumnRange changed = ChangedColumns(PlotOf({{1, 2}, {1, 3}, {1, 2}, {}}), before);
+    EXPECT_EQ(changed.begin, 1);
+    EXPECT_EQ(changed.end, 4);
+}
+
+TEST(ChangedColumns, TakeInWhatAThickLineReaches) {
+    const ColumnRange changed = ChangedColumns(PlotOf({{}, {}, {}, {1, 3}}, 4), PlotOf({}, 4));
+    EXPECT_EQ(changed.begin, 2);
+    EXPECT_EQ(changed.end, 6);
+    const ColumnRange atEdge = ChangedColumns(PlotOf({{1, 3}}, 10), PlotOf({}, 10));
+    EXPECT_EQ(atEdge.begin, 0);
+    EXPECT_EQ(atEdge.end, 6);
+}
+
+TEST(ChangedColumns, AreAllWhereTheGroundTheTracesOrTheirLookDiffer) {
+    const TracePlot plot = PlotOf({{1, 2}});
+    TracePlot ground = plot;
+    ground.ground.gridColumns = {7};
+    TracePlot colour = plot;
+    colour.traces[0].colour = kGreen;
+    TracePlot count = plot;
+    count.traces.pop_back();
+    TracePlot thickness = plot;
+    thickness.thickness = 2;
+    for (const TracePlot& other : {ground, colour, count, thickness}) {
+        const ColumnRange changed = ChangedColumns(other, plot);
+        EXPECT_EQ(changed.begin, 0);
+        EXPECT_EQ(changed.end, 50);
+    }
 }
 
 TEST(RowScale, PutsTheLimitsInTheFirstAndTheLastRow) {

@@ -10,7 +10,9 @@
 #include <functional>
 #include <string>
 #include <thread>
+#include <vector>
 
+#include "framework/Dc.h"
 #include "framework/Text.h"
 #include "history/TextFont.h"
 #include "plot/chart/ChartPixels.h"
@@ -119,6 +121,24 @@ protected:
         return std::ranges::count(test::BytesOf(file), '\n');
     }
 
+    // What stands on the screen, row by row, as 0x00RRGGBB.
+    std::vector<std::uint32_t> Pixels() const {
+        const CRect client = m_window.GetClientRect();
+        const Picture shown(client.Width(), client.Height());
+        const CClientDC window(m_window.m_hWnd);
+        ::BitBlt(shown.Dc(), 0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
+        std::vector<std::uint32_t> pixels(shown.Pixels().begin(), shown.Pixels().end());
+        for (std::uint32_t& pixel : pixels) pixel &= 0xFFFFFF;
+        return pixels;
+    }
+    // A window of another size begins a picture of its own.
+    void PaintFromNothing() {
+        const CRect place = m_window.GetWindowRect();
+        for (const int wider : {20, 0})
+            m_window.MoveWindow({place.left, place.top, place.right + wider, place.bottom});
+        Paint();
+    }
+
     // Where on the plot the colour is, in pixels of the window; -1 for nowhere.
     struct Extent {
         int left = -1;
@@ -128,15 +148,11 @@ protected:
     };
     Extent ExtentOf(COLORREF colour) const {
         const CRect client = m_window.GetClientRect();
-        const Picture shown(client.Width(), client.Height());
-        const CClientDC window(m_window.m_hWnd);
-        ::BitBlt(shown.Dc(), 0, 0, client.Width(), client.Height(), window, 0, 0, SRCCOPY);
+        const std::vector<std::uint32_t> pixels = Pixels();
         Extent extent;
         for (int x = kPlotLeft; x < PlotRight(); ++x) {
             for (int y = 0; y < client.Height(); ++y) {
-                const std::uint32_t pixel =
-                    shown.Pixels()[static_cast<std::size_t>(y * client.Width() + x)] & 0xFFFFFF;
-                if (pixel != PixelOf(colour)) continue;
+                if (pixels[static_cast<std::size_t>(y * client.Width() + x)] != PixelOf(colour)) continue;
                 if (extent.left < 0) extent.left = x;
                 extent.right = x;
                 if (extent.top < 0 || y < extent.top) extent.top = y;
@@ -199,6 +215,32 @@ TEST_F(HistoryWndTest, ShowsAPeakOfOneSampleThatIsMadeWhileItIsOpen) {
     Paint();
     const Extent trace = ExtentOf(kTrace);
     EXPECT_GT(trace.bottom - trace.top, m_window.GetClientRect().Height() / 4);
+}
+
+// Without a paint message, and only where something has changed.
+TEST_F(HistoryWndTest, ShowsEachSampleAsIfItHadPaintedEverything) {
+    Mouse(WM_MOUSEMOVE, kPlotLeft + 30, 100);
+    Paint();
+    std::vector<std::uint32_t> before = Pixels();
+    for (int i = 0; i < 20; ++i) {
+        Add(i * 37 % 90);
+        m_window.SendMessage(WM_TIMER, 1);
+        const std::vector<std::uint32_t> shown = Pixels();
+        EXPECT_NE(shown, before) << i;
+        PaintFromNothing();
+        before = Pixels();
+        EXPECT_EQ(shown, before) << i;
+    }
+}
+
+TEST_F(HistoryWndTest, ShowsWhatIsNewAlsoWhereOnlyAPartIsToBePainted) {
+    Add(90.0);
+    const RECT corner{0, 0, 5, 5};
+    ::InvalidateRect(m_window.m_hWnd, &corner, FALSE);
+    m_window.UpdateWindow();
+    const std::vector<std::uint32_t> shown = Pixels();
+    PaintFromNothing();
+    EXPECT_EQ(shown, Pixels());
 }
 
 TEST_F(HistoryWndTest, HidesATraceByItsCheckMark) {
