@@ -6,7 +6,10 @@
 namespace plotvane {
 namespace {
 
-constexpr double kRoom = 0.1;  // of the view's length, for the samples to come
+// For the samples to come.
+constexpr double kRoom = 0.1;  // of the view's length
+constexpr double kRoomToGrow = 0.5;
+constexpr double kMostToGrow = 30.0;  // seconds
 
 }  // namespace
 
@@ -17,11 +20,17 @@ void Viewport::SetWidth(int width) {
 void Viewport::SetLimits(const Limits& limits) {
     m_limits = limits;
     const bool moves = m_isFollowing && m_begin < BeginToEndAt(limits.last);
-    if (moves && limits.last > m_latestEnd)
-        m_latestEnd = limits.last + kRoom * std::min(m_wanted, limits.last - limits.first);
+    if (moves && limits.last > m_latestEnd) m_latestEnd = limits.last + Room();
     m_latestEnd = std::max(m_latestEnd, limits.last);
     Resize(m_wanted);
     Place(moves ? BeginToEndAt(m_latestEnd) : m_begin);
+}
+
+double Viewport::Room() const {
+    const double recorded = m_limits.last - m_limits.first;
+    if (recorded >= m_wanted) return kRoom * m_wanted;
+    const double early = std::min(kRoomToGrow * recorded, kMostToGrow);
+    return std::min(std::max(kRoom * recorded, early), m_wanted - recorded);
 }
 
 double Viewport::EndOfColumn(int column) const {

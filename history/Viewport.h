@@ -62,6 +62,7 @@ private:
     void Resize(double wanted);
     void Place(double begin);
     double Longest() const;
+    double Room() const;
     double BeginToEndAt(double seconds) const;
 
     Limits m_limits;

@@ -77,7 +77,10 @@ TEST(Viewport, GrowsToTheLengthThatWasAskedForAsSamplesCome) {
     EXPECT_EQ(view.Length(), 10.0);
     view.SetLimits({0.0, 20.0});
     EXPECT_EQ(view.Begin(), 0.0);
-    EXPECT_EQ(view.Length(), 22.0);
+    EXPECT_EQ(view.Length(), 30.0);
+    view.SetLimits({0.0, 50.0});
+    EXPECT_EQ(view.Begin(), 0.0);
+    EXPECT_EQ(view.Length(), 60.0);
     view.SetLimits({0.0, 200.0});
     EXPECT_EQ(view.Begin(), 146.0);
     EXPECT_EQ(view.Length(), 60.0);
@@ -101,12 +104,14 @@ TEST(Viewport, GoesOnShowingEverything) {
     view.ShowAll();
     view.SetLimits({50.0, 300.0});
     EXPECT_EQ(view.Begin(), 50.0);
-    EXPECT_EQ(view.End(), 325.0);
+    EXPECT_EQ(view.End(), 330.0);
     view.SetLimits({60.0, 310.0});
     EXPECT_EQ(view.Begin(), 60.0);
     view.MoveToEnd();
     EXPECT_EQ(view.Begin(), 60.0);
     EXPECT_EQ(view.End(), 310.0);
+    view.SetLimits({60.0, 460.0});
+    EXPECT_EQ(view.End(), 500.0);
 }
 
 TEST(Viewport, IsTakenAlongWhereTheOldestSamplesGo) {
