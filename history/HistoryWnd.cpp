@@ -6,7 +6,6 @@
 #include <string>
 
 #include "framework/Clipboard.h"
-#include "framework/Dc.h"
 #include "history/TextFont.h"
 
 namespace plotvane {
@@ -59,6 +58,8 @@ BEGIN_MESSAGE_MAP(CHistoryWnd, CWnd)
     ON_WM_SIZE()
     ON_WM_TIMER()
     ON_MESSAGE(WM_ERASEBKGND, OnErase)
+    ON_MESSAGE(WM_MOVE, OnPlaceChange)
+    ON_MESSAGE(WM_DISPLAYCHANGE, OnPlaceChange)
     // Keys and mouse.
     ON_MESSAGE(WM_KEYDOWN, OnKey)
     ON_MESSAGE(WM_LBUTTONDOWN, OnButtonDown)
@@ -100,6 +101,7 @@ void CHistoryWnd::OnDestroy() {
     KillTimer(kSaveTimer);
     m_saves.Cancel();
     m_drag.reset();
+    m_windowDc.reset();
     m_canvas.reset();
     m_plotter = {};
     m_layout.reset();
@@ -116,11 +118,17 @@ void CHistoryWnd::ShowTitle() {
 
 void CHistoryWnd::OnSize(UINT type, int width, int height) {
     CWnd::OnSize(type, width, height);
+    m_windowDc.reset();
     if (type == SIZE_MINIMIZED) return;
     m_canvas.emplace(width, height, m_font);
     m_layout.emplace(width, height, m_lineHeight, static_cast<int>(m_list.size()));
     m_state->SetPlotWidth(m_layout->Plot().Width());
     Invalidate(false);
+}
+
+LRESULT CHistoryWnd::OnPlaceChange(WPARAM, LPARAM) {
+    m_windowDc.reset();
+    return Default();
 }
 
 void CHistoryWnd::OnTimer(UINT_PTR timer) {
@@ -148,10 +156,10 @@ void CHistoryWnd::ShowWhatIsNew() {
 }
 
 void CHistoryWnd::CopyToWindow(const std::vector<PixelRect>& parts) {
-    CClientDC dc(m_hWnd);
+    if (!m_windowDc) m_windowDc.emplace(m_hWnd);
     for (const PixelRect& part : parts)
-        dc.BitBlt(part.left, part.top, part.Width(), part.Height(), m_canvas->Shown().Dc(), part.left,
-                  part.top, SRCCOPY);
+        m_windowDc->BitBlt(part.left, part.top, part.Width(), part.Height(), m_canvas->Shown().Dc(),
+                           part.left, part.top, SRCCOPY);
 }
 
 void CHistoryWnd::OnPaint() {

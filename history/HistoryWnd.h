@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "framework/Dc.h"
 #include "framework/Gdi.h"
 #include "framework/Wnd.h"
 #include "history/HistoryCanvas.h"
@@ -42,6 +43,7 @@ private:
     void OnSize(UINT type, int width, int height);
     void OnTimer(UINT_PTR timer);
     LRESULT OnErase(WPARAM, LPARAM) { return TRUE; }  // the paint covers everything
+    LRESULT OnPlaceChange(WPARAM, LPARAM);
     LRESULT OnKey(WPARAM key, LPARAM);
     LRESULT OnButtonDown(WPARAM keys, LPARAM place);
     LRESULT OnButtonUp(WPARAM keys, LPARAM place);
@@ -75,6 +77,9 @@ private:
     CFont m_font;
     std::optional<HistoryCanvas> m_canvas;
     TracePlotter m_plotter;
+    // Kept from picture to picture, because to get one takes long, but only while the window stays where it
+    // is: elsewhere the screen may have another density.
+    std::optional<CClientDC> m_windowDc;
     int m_lineHeight = 1;
     std::uint32_t m_titledRun = 0;  // of the recording; the title tells it
     std::optional<Drag> m_drag;
