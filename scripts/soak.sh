@@ -16,8 +16,8 @@
 #   modules  a thousand modules in an hour, one after the other, and as many label files that redirect in a circle
 #   meters   opens and closes sixty thousand meters in an hour; they must leave nothing in memory
 #   keys     presses keys at random for ten minutes an hour, half of the time live and half in a replay
-#   drive    looks back at a hundred minutes of samples for each hour: every one must be there and exact. It takes
-#            a minute or two
+#   drive    looks back at 150,000 samples for an hour, more than the recording keeps: every one that it keeps must
+#            be there and exact. It takes a minute or two
 #
 # scripts/test.sh has a short form of each.
 set -euo pipefail
@@ -122,7 +122,7 @@ modules() {
 }
 keys() { PLOTVANE_KEYS_SECONDS=$((minutes * 5)) tests stress_tests 'In/RandomKeys.*'; }
 # The recording holds 147,456 samples; the test wants the first one too.
-drive() { PLOTVANE_SAMPLES=$((minutes < 60 ? minutes * 2000 : 120000)) tests stress_tests 'LongDrive.*'; }
+drive() { PLOTVANE_SAMPLES=$((minutes < 60 ? minutes * 2500 : 150000)) tests stress_tests 'LongDrive.*'; }
 meters() { PLOTVANE_METERS=$((minutes * 1000)) tests surroundings_tests 'OverAndOver.AMeter*'; }
 
 # soak RUN: does the run. Call it in a shell of its own, which ends at the first step that fails.

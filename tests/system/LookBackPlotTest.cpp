@@ -108,6 +108,20 @@ TEST_F(LookBackPlot, APauseIsAGap) {
     EXPECT_TRUE(HasOneGap(Between(times[1], times[2], times[0], times[3])));
 }
 
+TEST_F(LookBackPlot, ASilenceOfMoreThanFiveSecondsIsAGap) {
+    StartLive();
+    Send(kSlow, kSlowText);
+    Send(kFast, kFastText);
+    ::Sleep(5'300);
+    Send(kSlow, kSlowText);
+    Send(kFast, kFastText);
+    OpenAll();
+    const std::vector<double> times = SavedTimes();
+    ASSERT_EQ(times.size(), 4u);
+    EXPECT_GT(times[2] - times[1], 5.29) << "as long as the silence";
+    EXPECT_TRUE(HasOneGap(Between(times[1], times[2], times[0], times[3])));
+}
+
 TEST_F(LookBackPlot, AJumpInTheTimeOfALogIsAGap) {
     std::vector<LogRowText> rows;
     for (const int second : {10, 30}) {
