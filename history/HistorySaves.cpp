@@ -1,13 +1,16 @@
 #include "history/HistorySaves.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/AtomicFile.h"
 #include "base/FileName.h"
 #include "base/Numbers.h"
+#include "framework/Clipboard.h"
 #include "framework/FileDialog.h"
 #include "framework/Png.h"
 #include "framework/Text.h"
+#include "history/TraceList.h"
 
 namespace plotvane {
 namespace {
@@ -60,6 +63,14 @@ void HistorySaves::SaveSamples(HWND owner, const LookBack& state) {
     }
 }
 
+void HistorySaves::CopyPicture(HWND owner, const Picture& picture) {
+    if (!CopyPictureToClipboard(owner, picture)) Complain("the picture COULD NOT BE COPIED");
+}
+
+void HistorySaves::CopyTable(HWND owner, const LookBack& state) {
+    if (!CopyTextToClipboard(owner, CursorTable(state))) Complain("the values COULD NOT BE COPIED");
+}
+
 void HistorySaves::GoOn() {
     if (!m_samples) return;
     const CsvSave::State state = m_samples->Save(kSamplesAtOnce);
@@ -75,8 +86,14 @@ void HistorySaves::Cancel() {
 }
 
 void HistorySaves::EndWith(const std::filesystem::path& path, bool isSaved) {
-    m_note = ToBytes(path.filename().wstring()) + (isSaved ? " is saved" : " COULD NOT BE SAVED");
-    if (!isSaved) ::MessageBeep(MB_ICONERROR);
+    const std::string name = ToBytes(path.filename().wstring());
+    if (!isSaved) return Complain(name + " COULD NOT BE SAVED");
+    m_note = name + " is saved";
+}
+
+void HistorySaves::Complain(std::string note) {
+    m_note = std::move(note);
+    ::MessageBeep(MB_ICONERROR);
 }
 
 std::string HistorySaves::Note() const {

@@ -11,8 +11,8 @@
 
 namespace plotvane {
 
-// What the window that looks back saves, and what it says about that. The samples go to the disk while the
-// window goes on: the owner calls GoOn again and again while IsGoing.
+// What the window that looks back saves and copies, and what it says about that. The samples go to the disk
+// while the window goes on: the owner calls GoOn again and again while IsGoing.
 class HistorySaves {
 public:
     // Both ask where, and dispatch messages meanwhile; `owner` may be gone afterwards. Without an answer
@@ -20,6 +20,10 @@ public:
     void SavePicture(HWND owner, const Picture& picture, const Recording& recording);
     // The samples between the cursors or, without two of them, those in view.
     void SaveSamples(HWND owner, const LookBack& state);
+
+    // To the clipboard. Only a failure leaves a note.
+    void CopyPicture(HWND owner, const Picture& picture);
+    void CopyTable(HWND owner, const LookBack& state);
 
     bool IsGoing() const { return m_samples.has_value(); }
 
@@ -35,6 +39,7 @@ public:
 
 private:
     void EndWith(const std::filesystem::path& path, bool isSaved);
+    void Complain(std::string note);
 
     std::optional<CsvSave> m_samples;
     std::string m_note;

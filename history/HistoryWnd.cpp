@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <string>
 
-#include "framework/Clipboard.h"
 #include "history/TextFont.h"
 
 namespace plotvane {
@@ -266,7 +265,7 @@ bool CHistoryWnd::HandleControlKey(WPARAM key, bool isShifted) {
         }
         case 'C':
             if (isShifted) {
-                CopyTextToClipboard(m_hWnd, CursorTable(*m_state));
+                m_saves.CopyTable(m_hWnd, *m_state);
             } else {
                 CopyPicture();
             }
@@ -282,7 +281,7 @@ bool CHistoryWnd::HandleControlKey(WPARAM key, bool isShifted) {
 void CHistoryWnd::CopyPicture() {
     if (!m_canvas || !*m_canvas) return;
     Draw();
-    CopyPictureToClipboard(m_hWnd, m_canvas->Shown());
+    m_saves.CopyPicture(m_hWnd, m_canvas->Shown());
 }
 
 // While a dialog is over the window, only a message that somebody posts can ask for another.
