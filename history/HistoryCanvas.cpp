@@ -1,5 +1,6 @@
 #include "history/HistoryCanvas.h"
 
+#include <new>
 #include <utility>
 
 #include "framework/Dc.h"
@@ -30,7 +31,19 @@ void DrawText(CDC& dc, const PlacedText& text, const PixelRect& part) {
 
 }  // namespace
 
-std::vector<PixelRect> HistoryCanvas::Draw(HistoryPicture picture) {
+std::vector<PixelRect> HistoryCanvas::Draw(const LookBack& state, const HistoryLook& look,
+                                           const HistoryLayout& layout, const std::vector<ListedTrace>& list,
+                                           const std::string& note) {
+    try {
+        return DrawPicture({state, look, layout, list, note, m_plotter});
+    } catch (const std::bad_alloc&) {
+        m_drawn.reset();
+        m_plotter = {};
+    }
+    return DrawPicture({state, look, layout, list, note, m_plotter});
+}
+
+std::vector<PixelRect> HistoryCanvas::DrawPicture(HistoryPicture picture) {
     std::vector<PixelRect> parts{picture.Client()};
     if (m_drawn) parts = picture.ChangesSince(*m_drawn);
     m_drawn.reset();  // until all parts are drawn

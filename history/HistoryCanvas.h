@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "framework/Gdi.h"
@@ -20,13 +21,18 @@ public:
     // As it was drawn last; all black before.
     const Picture& Shown() const { return m_shown; }
 
-    // Draws a picture of this size; the canvas must not be false. Gives the parts that may look different
-    // now.
-    std::vector<PixelRect> Draw(HistoryPicture picture);
+    // Draws what is to be seen now; the canvas must not be false, and the layout has its size. Gives the
+    // parts that may look different now. Throws where there is no memory, even without what the last picture
+    // has left.
+    std::vector<PixelRect> Draw(const LookBack& state, const HistoryLook& look, const HistoryLayout& layout,
+                                const std::vector<ListedTrace>& list, const std::string& note);
 
 private:
+    std::vector<PixelRect> DrawPicture(HistoryPicture picture);
+
     Picture m_shown;
     Selected m_fontInDc;
+    TracePlotter m_plotter;
     std::optional<HistoryPicture> m_drawn;
 };
 

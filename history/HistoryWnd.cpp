@@ -102,7 +102,6 @@ void CHistoryWnd::OnDestroy() {
     m_drag.reset();
     m_windowDc.reset();
     m_canvas.reset();
-    m_plotter = {};
     m_layout.reset();
     m_state.reset();
     m_font.Reset();
@@ -149,7 +148,7 @@ void CHistoryWnd::TakeWhatIsNew() {
 
 // Ten times a second while data flows, so it does without a paint message: that would copy the whole window.
 void CHistoryWnd::ShowWhatIsNew() {
-    if (!m_state->Refresh()) return;
+    if (!m_state->Refresh() && !m_isDrawDue) return;
     if (!m_canvas || !*m_canvas || IsIconic()) return Invalidate(false);
     CopyToWindow(Draw());
 }
@@ -174,12 +173,15 @@ void CHistoryWnd::OnPaint() {
 }
 
 std::vector<PixelRect> CHistoryWnd::Draw() {
+    m_isDrawDue = true;  // until it is done
     const Picture& shown = m_canvas->Shown();
     m_list = ListOf(*m_state);
     m_layout.emplace(shown.Width(), shown.Height(), m_lineHeight, static_cast<int>(m_list.size()));
     std::string note = m_saves.Note();
     if (note.empty()) note = RecordedNote(*m_state);
-    return m_canvas->Draw(HistoryPicture(*m_state, LookOf(m_prefs), *m_layout, m_list, note, m_plotter));
+    std::vector<PixelRect> parts = m_canvas->Draw(*m_state, LookOf(m_prefs), *m_layout, m_list, note);
+    m_isDrawDue = false;
+    return parts;
 }
 
 LRESULT CHistoryWnd::OnKey(WPARAM key, LPARAM) {

@@ -12,7 +12,6 @@
 #include "history/HistorySaves.h"
 #include "history/LookBack.h"
 #include "history/Recording.h"
-#include "history/TracePlotter.h"
 #include "scaling/Prefs.h"
 
 namespace plotvane {
@@ -76,7 +75,7 @@ private:
     std::vector<ListedTrace> m_list;
     CFont m_font;
     std::optional<HistoryCanvas> m_canvas;
-    TracePlotter m_plotter;
+    bool m_isDrawDue = false;  // there was no memory for it
     // Kept from picture to picture, because to get one takes long, but only while the window stays where it
     // is: elsewhere the screen may have another density.
     std::optional<CClientDC> m_windowDc;
