@@ -89,8 +89,10 @@ double Viewport::Longest() const {
     return std::max(m_latestEnd - m_limits.first, kShortest);
 }
 
-// As far as samples are kept.
+// As far as samples are kept. Where all of them fit, it is the first one itself and not a rounded difference,
+// which might leave that one out.
 double Viewport::BeginToEndAt(double seconds) const {
+    if (seconds - m_limits.first <= m_length) return m_limits.first;
     return std::max(seconds - m_length, m_limits.first);
 }
 

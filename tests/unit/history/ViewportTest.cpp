@@ -114,6 +114,15 @@ TEST(Viewport, GoesOnShowingEverything) {
     EXPECT_EQ(view.End(), 500.0);
 }
 
+// A begin that was rounded up would leave the first sample out.
+TEST(Viewport, BeginsExactlyAtTheFirstWhereItShowsEverything) {
+    for (int i = 1; i < 2000; ++i) {
+        const double first = i * 0.04;
+        const Viewport view = Showing(first, first + 5839.0 + i / 3.0, 1e9, 600);
+        ASSERT_EQ(view.Begin(), first) << i;
+    }
+}
+
 TEST(Viewport, IsTakenAlongWhereTheOldestSamplesGo) {
     Viewport view = Showing(0.0, 100.0, 10.0, 100);
     view.MoveToBegin();
