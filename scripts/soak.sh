@@ -121,7 +121,7 @@ modules() {
         tests surroundings_tests 'OverAndOver.TheModuleChanges:OverAndOver.LabelFiles*'
 }
 keys() { PLOTVANE_KEYS_SECONDS=$((minutes * 5)) tests stress_tests 'In/RandomKeys.*'; }
-# The recording holds 147,456 samples; the test wants the first one too.
+# The recording holds 147,456 samples, so the oldest go.
 drive() { PLOTVANE_SAMPLES=$((minutes < 60 ? minutes * 2500 : 150000)) tests stress_tests 'LongDrive.*'; }
 meters() { PLOTVANE_METERS=$((minutes * 1000)) tests surroundings_tests 'OverAndOver.AMeter*'; }
 

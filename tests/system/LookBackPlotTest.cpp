@@ -74,6 +74,15 @@ protected:
                << ", but the gaps are " << ::testing::PrintToString(HistoryPlot(history).GapsOf(kTrace))
                << ", not from " << there.first << " to " << there.last;
     }
+
+    // After the second of four samples; at least so many seconds.
+    void ExpectAGapOf(double seconds) {
+        OpenAll();
+        const std::vector<double> times = SavedTimes();
+        ASSERT_EQ(times.size(), 4u);
+        EXPECT_GT(times[2] - times[1], seconds);
+        EXPECT_TRUE(HasOneGap(Between(times[1], times[2], times[0], times[3])));
+    }
 };
 
 TEST_F(LookBackPlot, ALineGoesFromTheFirstColumnToTheLast) {
@@ -101,11 +110,7 @@ TEST_F(LookBackPlot, APauseIsAGap) {
     ASSERT_TRUE(Becomes([&] { return Buttons() == running; }, true));
     Send(kSlow, kSlowText);
     Send(kFast, kFastText);
-    OpenAll();
-    const std::vector<double> times = SavedTimes();
-    ASSERT_EQ(times.size(), 4u);
-    EXPECT_GT(times[2] - times[1], 0.49) << "as long as the pause";
-    EXPECT_TRUE(HasOneGap(Between(times[1], times[2], times[0], times[3])));
+    ExpectAGapOf(0.49);
 }
 
 TEST_F(LookBackPlot, ASilenceOfMoreThanFiveSecondsIsAGap) {
@@ -115,11 +120,7 @@ TEST_F(LookBackPlot, ASilenceOfMoreThanFiveSecondsIsAGap) {
     ::Sleep(5'300);
     Send(kSlow, kSlowText);
     Send(kFast, kFastText);
-    OpenAll();
-    const std::vector<double> times = SavedTimes();
-    ASSERT_EQ(times.size(), 4u);
-    EXPECT_GT(times[2] - times[1], 5.29) << "as long as the silence";
-    EXPECT_TRUE(HasOneGap(Between(times[1], times[2], times[0], times[3])));
+    ExpectAGapOf(5.29);
 }
 
 TEST_F(LookBackPlot, AJumpInTheTimeOfALogIsAGap) {
