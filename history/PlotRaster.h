@@ -16,6 +16,7 @@ struct RowSpan {
     int bottom = 0;
 
     bool IsEmpty() const { return top > bottom; }
+    int Count() const { return bottom - top + 1; }  // of an empty one 0 or less
     void Include(const RowSpan& other);
     bool operator==(const RowSpan&) const = default;
 };

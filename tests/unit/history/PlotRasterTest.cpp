@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <random>
@@ -62,6 +63,44 @@ TEST_F(PlotRasterTest, PaintsEachTraceOverTheOnesBefore) {
     Paint(traces);
     EXPECT_EQ(At(0, 4), PixelOf(kRed));
     EXPECT_EQ(At(0, 5), PixelOf(kGreen));
+}
+
+// What lies behind other traces is left out; so this compares with painting one trace after the other, whole.
+TEST(PlotRaster, ShowsOfManyTracesWhatPaintingOneOverTheOtherShows) {
+    constexpr int kColumns = 150;  // in several strips
+    constexpr int kRows = 40;
+    std::mt19937 random(7);
+    const auto from = [&](int least, int most) { return std::uniform_int_distribution(least, most)(random); };
+    for (int round = 0; round < 200; ++round) {
+        std::vector<PlottedTrace> traces(static_cast<std::size_t>(from(1, 12)));
+        for (std::size_t i = 0; i < traces.size(); ++i) {
+            traces[i].colour = static_cast<Colour>(i + 1);
+            for (int column = from(0, 20); column < kColumns; ++column) {
+                const int top = from(-10, kRows + 10);
+                traces[i].columns.push_back({top, top + from(-2, round % 2 == 0 ? 3 : kRows)});
+            }
+        }
+        const int thickness = from(1, 5);
+        const int before = (thickness - 1) / 2;
+        const int after = thickness / 2;
+        std::vector<std::uint32_t> expected(kColumns * kRows, PixelOf(kGround));
+        for (const PlottedTrace& trace : traces) {
+            for (int column = 0; column < static_cast<int>(trace.columns.size()); ++column) {
+                const RowSpan& span = trace.columns[static_cast<std::size_t>(column)];
+                for (int row = span.top; row <= span.bottom; ++row) {
+                    for (int y = std::max(row - before, 0); y <= std::min(row + after, kRows - 1); ++y) {
+                        for (int x = std::max(column - before, 0);
+                             x <= std::min(column + after, kColumns - 1); ++x)
+                            expected[static_cast<std::size_t>(y * kColumns + x)] = PixelOf(trace.colour);
+                    }
+                }
+            }
+        }
+        std::vector<std::uint32_t> pixels(kColumns * kRows, kUntouched);
+        const PixelRect all{0, 0, kColumns, kRows};
+        PaintPlot({pixels.data(), kColumns, kRows}, {all, {kGround, kGrid, {}, {}}, traces, thickness}, all);
+        ASSERT_EQ(pixels, expected) << round;
+    }
 }
 
 TEST_F(PlotRasterTest, CutsOffWhatLeavesThePlot) {
