@@ -14,7 +14,7 @@ notes=docs/manual/pictures
 # The files of each kind with their checksums, in the order of their names.
 shown() { find res samples -type f ! -name 'README.md' ! -name '*.svg' | LC_ALL=C sort | xargs -d '\n' sha256sum; }
 drawing() {
-    find app controls framework meter plot scaling -type f -name '*.cpp' | LC_ALL=C sort | xargs -d '\n' sha256sum
+    find app controls framework history meter plot scaling -type f -name '*.cpp' | LC_ALL=C sort | xargs -d '\n' sha256sum
 }
 
 # changed KIND: prints the names of the files that differ from the notes, one on each line.
