@@ -25,7 +25,9 @@ TEST_F(LookingBack, ADoubleClickOnTheChartShowsTheValuesOfTheDrive) {
     Send(kSecondRecord, L"1780 /min");
     history = OpenHistory(main);
     EXPECT_TRUE(IsTitled(L"Plotvane - looking back - 038 906 019 FT"));
-    ClickPlot(HistoryPlot(history).Columns() - 1);
+    // The last values in view are told while the pointer is elsewhere. The last column would tell them too,
+    // but a window manager may change the size of a window that has just come, and then it is another column.
+    ::SetCursorPos(0, 0);
     EXPECT_TRUE(TableHas(L"001-1\t/min\t1780\r\n"));
     ClickPlot(0);
     EXPECT_TRUE(TableHas(L"Name\tUnit\t0.00\r\n001-1\t/min\t780\r\n"));
