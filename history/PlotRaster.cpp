@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <new>
 
 #include "history/ColumnPainter.h"
 
@@ -22,14 +23,18 @@ std::size_t Index(int number) {
 // rows, each pixel of such a run would be far from the one before.
 class Strip {
 public:
-    // So many that a row of them fills several lines of the processor's cache, and all of them still fit in
-    // it.
-    static constexpr int kMostColumns = 64;
+    // With up to 64 columns, a row of them fills several lines of the processor's cache, and all of them
+    // still fit in it. Where there is no memory for so many, the strip has fewer. Throws if there is none for
+    // one.
+    Strip(int wanted, int rows) : m_columns(std::min(wanted, 64)), m_columnLength(OddLines(rows)) {
+        while (m_columns > 1 && !m_pixels) {
+            m_pixels.reset(new (std::nothrow) std::uint32_t[Length()]);
+            if (!m_pixels) m_columns /= 2;
+        }
+        if (!m_pixels) m_pixels = std::make_unique_for_overwrite<std::uint32_t[]>(Length());
+    }
 
-    Strip(int columns, int rows)
-        : m_columnLength(OddLines(rows)),
-          m_pixels(std::make_unique_for_overwrite<std::uint32_t[]>(Index(columns) * m_columnLength)) {}
-
+    int Columns() const { return m_columns; }
     std::uint32_t* Column(int column) { return &m_pixels[Index(column) * m_columnLength]; }
 
     // Copies the first columns to a place in the picture. `top` is the row of the picture at which the strip
@@ -44,12 +49,15 @@ public:
     }
 
 private:
+    std::size_t Length() const { return Index(m_columns) * m_columnLength; }
+
     // An odd number of cache lines: with a power of two all columns would want the same place in the cache.
     static std::size_t OddLines(int rows) {
         constexpr std::size_t kPixelsOfLine = 16;
         return ((Index(rows) / kPixelsOfLine + 1) | 1) * kPixelsOfLine;
     }
 
+    int m_columns;
     std::size_t m_columnLength;
     std::unique_ptr<std::uint32_t[]> m_pixels;
 };
@@ -103,9 +111,9 @@ void PaintPlot(const ChartPixels& picture, const TracePlot& plot, const PixelRec
     const PixelRect painted = Intersection(place, part);
     if (painted.IsEmpty()) return;
     ColumnPainter painter(plot, place.Height());
-    Strip strip(std::min(painted.Width(), Strip::kMostColumns), place.Height());
-    for (int left = painted.left; left < painted.right; left += Strip::kMostColumns) {
-        const int columns = std::min(painted.right - left, Strip::kMostColumns);
+    Strip strip(painted.Width(), place.Height());
+    for (int left = painted.left; left < painted.right; left += strip.Columns()) {
+        const int columns = std::min(painted.right - left, strip.Columns());
         for (int x = 0; x < columns; ++x) painter.Paint(left + x - place.left, strip.Column(x));
         strip.CopyTo(picture, {left, painted.top, left + columns, painted.bottom}, place.top);
     }
