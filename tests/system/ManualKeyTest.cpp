@@ -51,13 +51,31 @@ protected:
         system.resize(::GetSystemDirectoryW(system.data(), MAX_PATH));
         return system + L"\\cmd.exe /c echo %1>\"" + m_note.wstring() + L"\"";
     }
+    // The command may have a window. The window manager gives the keyboard to it in its own time, and the key
+    // may go there; so a key that has no effect is pressed again.
+    template <class Condition>
+    static ::testing::AssertionResult PressUntil(const RemoteWindow& front, Key key, const Condition& isSo) {
+        constexpr int kPresses = 3;
+        ::testing::AssertionResult result = ::testing::AssertionFailure();
+        for (int press = 0; press < kPresses && !result; ++press) {
+            EXPECT_TRUE(BringToFront(front));
+            PressKey(key);
+            result = Becomes(isSo, true, kDeadline / kPresses);
+        }
+        return result;
+    }
+    // The window of the program that has this control; an empty one if there is none.
+    RemoteWindow WindowWith(int control) const {
+        for (const RemoteWindow& window : WindowsOf(main.ProcessId())) {
+            if (window.Control(control).Exists()) return window;
+        }
+        return {};
+    }
     // What the browser is asked for after F1, without the folder.
-    std::string AddressAsked() {
+    std::string AddressAsked(const RemoteWindow& front) {
         std::filesystem::remove(m_note);
-        const RemoteWindow front(::GetForegroundWindow());
-        PressKey({VK_F1});
-        EXPECT_TRUE(Becomes([this] { return BytesOf(m_note).find('#') != std::string::npos; }, true));
-        EXPECT_TRUE(BringToFront(front));  // the command may have had a window
+        EXPECT_TRUE(
+            PressUntil(front, {VK_F1}, [this] { return BytesOf(m_note).find('#') != std::string::npos; }));
         const std::string address = BytesOf(m_note);
         EXPECT_TRUE(address.starts_with("file:///")) << address;
         const std::size_t name = address.rfind('/') + 1;
@@ -73,19 +91,17 @@ TEST_F(ManualKey, OpensThePageOfTheWindowInFront) {
     Register(NotingCommand());
     EnterWithKeyboard(ProgramState::LiveHeld);
     ASSERT_FALSE(HasFatalFailure());
-    EXPECT_EQ(AddressAsked(), "manual.html#main-window");
-    PressKey(Ctrl('M'));
-    ASSERT_TRUE(Becomes([this] { return OpenMeters(main).size(); }, 1u));
-    ASSERT_TRUE(BringToFront(OpenMeters(main).front()));
-    EXPECT_EQ(AddressAsked(), "manual.html#meters");
-    PressKey(Ctrl(VK_OEM_COMMA));
-    const RemoteWindow preferences = session.DialogWith(IDC_PREFS_TRACE_LIST);
-    ASSERT_TRUE(BringToFront(preferences));
-    EXPECT_EQ(AddressAsked(), "manual.html#preferences");
+    EXPECT_EQ(AddressAsked(main), "manual.html#main-window");
+    ASSERT_TRUE(PressUntil(main, Ctrl('M'), [this] { return OpenMeters(main).size() == 1; }));
+    const RemoteWindow meter = OpenMeters(main).front();
+    EXPECT_EQ(AddressAsked(meter), "manual.html#meters");
+    RemoteWindow preferences;
+    ASSERT_TRUE(PressUntil(meter, Ctrl(VK_OEM_COMMA),
+                           [&] { return (preferences = WindowWith(IDC_PREFS_TRACE_LIST)).Exists(); }));
+    EXPECT_EQ(AddressAsked(preferences), "manual.html#preferences");
     Cancel(preferences);
     main.Post(WM_SYSCOMMAND, ID_SYSMENU_ABOUT);
-    ASSERT_TRUE(BringToFront(session.DialogWith(IDC_ABOUT_VERSION)));
-    EXPECT_EQ(AddressAsked(), "manual.html#README");
+    EXPECT_EQ(AddressAsked(session.DialogWith(IDC_ABOUT_VERSION)), "manual.html#README");
 }
 
 // The address names the folder with its blanks and letters encoded.
@@ -93,7 +109,7 @@ TEST_F(ManualKey, OpensItFromAFolderOfAnyName) {
     Register(NotingCommand());
     EnterWithKeyboard(ProgramState::Idle);
     ASSERT_FALSE(HasFatalFailure());
-    AddressAsked();
+    AddressAsked(main);
     EXPECT_NE(BytesOf(m_note).find("/a%20program%20%C3%BC/manual.html#"), std::string::npos)
         << BytesOf(m_note);
 }
