@@ -58,7 +58,7 @@ void ColumnPainter::AddTrace(const PlottedTrace& trace, int column) {
     }
 }
 
-// Behind all that was added before. Leaves out what those rows cover.
+// The rows added before hide these where both meet; what they hide is left out.
 void ColumnPainter::AddRows(const RowSpan& rows, std::uint32_t pixel) {
     const bool isApart = rows.bottom < m_covered.top || rows.top > m_covered.bottom;
     if (isApart) {

@@ -14,8 +14,8 @@ struct LineReach {
     int after;
 };
 
-// Paints the columns of a plot, one at a time. Where twelve traces fill a column, eleven of them cannot be
-// seen: so what lies behind others is left out before anything is painted.
+// Paints the columns of a plot, one at a time. Where twelve traces fill a column, one of them hides
+// the others: what is hidden is left out before anything is painted.
 class ColumnPainter {
 public:
     // Of the plot, which must outlive this, only so many rows are painted, at least one.

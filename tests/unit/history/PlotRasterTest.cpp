@@ -65,7 +65,7 @@ TEST_F(PlotRasterTest, PaintsEachTraceOverTheOnesBefore) {
     EXPECT_EQ(At(0, 5), PixelOf(kGreen));
 }
 
-// What lies behind other traces is left out; so this compares with painting one trace after the other, whole.
+// What other traces hide is not painted, so this compares with painting every trace whole.
 TEST(PlotRaster, ShowsOfManyTracesWhatPaintingOneOverTheOtherShows) {
     constexpr int kColumns = 150;  // in several strips
     constexpr int kRows = 40;
