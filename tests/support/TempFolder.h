@@ -38,6 +38,12 @@ inline std::string BytesOf(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// True if the file can be opened and is not empty. A program that replaces a file gives it the name a moment
+// before it lets others open it.
+inline bool CanBeRead(const std::filesystem::path& path) {
+    return !BytesOf(path).empty();
+}
+
 inline void WriteBytes(const std::filesystem::path& path, std::string_view bytes) {
     std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }

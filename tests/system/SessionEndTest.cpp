@@ -213,7 +213,7 @@ protected:
         Enter(ProgramState::LiveRunning);
         ASSERT_FALSE(HasFatalFailure());
         SetSize();
-        ASSERT_TRUE(Becomes([this] { return std::filesystem::exists(session.Scaling(kScalingFile)); }, true));
+        ASSERT_TRUE(Becomes([this] { return CanBeRead(session.Scaling(kScalingFile)); }, true));
         held.emplace(::CreateFileW(session.Scaling(kScalingFile).c_str(), GENERIC_READ, 0, nullptr,
                                    OPEN_EXISTING, 0, nullptr));
         ASSERT_NE(held->Get(), INVALID_HANDLE_VALUE);

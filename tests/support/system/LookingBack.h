@@ -57,7 +57,7 @@ protected:
         Ask({'S', true, true}, L"Save the samples", path);
     }
     static ::testing::AssertionResult IsThere(const std::filesystem::path& path) {
-        return Becomes([&] { return std::filesystem::exists(path); }, true);
+        return Becomes([&] { return CanBeRead(path); }, true);
     }
 
     ::testing::AssertionResult IsTitled(const std::wstring& title) const {
