@@ -359,10 +359,18 @@ LRESULT CHistoryWnd::OnMouseMove(WPARAM, LPARAM place) {
     } else {
         m_state->PointNowhere();
     }
-    TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, m_hWnd, 0};
-    ::TrackMouseEvent(&leaving);
+    AskForLeave();
     Invalidate(false);
     return 0;
+}
+
+// The pointer may have left before its last move arrived. Windows says so at once, and Wine never does.
+void CHistoryWnd::AskForLeave() const {
+    TRACKMOUSEEVENT leave{sizeof leave, TME_LEAVE, m_hWnd, 0};
+    ::TrackMouseEvent(&leave);
+    TRACKMOUSEEVENT awaited{sizeof awaited, TME_QUERY, nullptr, 0};
+    ::TrackMouseEvent(&awaited);
+    if (awaited.hwndTrack != m_hWnd) ::PostMessageW(m_hWnd, WM_MOUSELEAVE, 0, 0);
 }
 
 LRESULT CHistoryWnd::OnCaptureLost(WPARAM, LPARAM) {

@@ -48,6 +48,7 @@ private:
     LRESULT OnButtonUp(WPARAM keys, LPARAM place);
     LRESULT OnMouseMove(WPARAM keys, LPARAM place);
     LRESULT OnMouseLeave(WPARAM, LPARAM);
+    void AskForLeave() const;
     LRESULT OnCaptureLost(WPARAM, LPARAM);
     LRESULT OnWheel(WPARAM turn, LPARAM place);
 

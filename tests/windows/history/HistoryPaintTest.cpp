@@ -24,7 +24,7 @@ TEST_F(HistoryPaintTest, ShowsAPeakOfOneSampleThatIsMadeWhileItIsOpen) {
 
 // Without a paint message, and only where something has changed.
 TEST_F(HistoryPaintTest, ShowsEachSampleAsIfItHadPaintedEverything) {
-    Mouse(WM_MOUSEMOVE, kPlotLeft + 30, 100);
+    Point(kPlotLeft + 30, 100);
     Paint();
     std::vector<std::uint32_t> before = Pixels();
     for (int i = 0; i < 20; ++i) {

@@ -38,6 +38,7 @@ protected:
         m_recording.BeginStretch(traces);
         for (int i = 0; i < 100; ++i) Add(50.0);
         EXPECT_TRUE(m_window.Open(m_owner.m_hWnd, 0));
+        MovePointerAway();
         Paint();
     }
     ~HistoryWindow() override {
@@ -63,6 +64,18 @@ protected:
     }
     void Mouse(UINT message, int x, int y, WPARAM keys = 0) {
         m_window.SendMessage(message, keys, MAKELPARAM(x, y));
+    }
+    void MovePointerAway() {
+        constexpr POINT kAway{0, 0};
+        ::SetCursorPos(kAway.x, kAway.y);
+        EXPECT_NE(::WindowFromPoint(kAway), m_window.m_hWnd);
+    }
+    // Moves the pointer there.
+    void Point(int x, int y) {
+        POINT place{x, y};
+        ::ClientToScreen(m_window.m_hWnd, &place);
+        ::SetCursorPos(place.x, place.y);
+        Mouse(WM_MOUSEMOVE, x, y);
     }
     void Click(int x, int y, WPARAM keys = 0) {
         Mouse(WM_LBUTTONDOWN, x, y, keys | MK_LBUTTON);

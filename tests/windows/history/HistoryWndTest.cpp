@@ -54,7 +54,7 @@ TEST_F(HistoryWndTest, DragsTheViewAndDoesNotTakeThatForAClick) {
     Mouse(WM_LBUTTONDOWN, 400, 100, MK_LBUTTON);
     Mouse(WM_MOUSEMOVE, 300, 100, MK_LBUTTON);
     Mouse(WM_LBUTTONUP, 300, 100);
-    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    Point(kPlotLeft, 100);
     Press('C', true, true);
     // Half of 99 seconds is in view.
     const int sample = static_cast<int>(100 * 49.5 / (PlotRight() - kPlotLeft));
@@ -70,10 +70,10 @@ TEST_F(HistoryWndTest, MovesAFixedCursorByAPixelAndBySamples) {
     Press(VK_RIGHT);  // less than a sample wide
     EXPECT_EQ(CursorSecond(), atClick);
     Press(VK_RETURN);
-    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    Point(kPlotLeft, 100);
     EXPECT_EQ(CursorSecond(), 0);
     Press(VK_RETURN);
-    Mouse(WM_MOUSEMOVE, PlotRight() - 1, 100);
+    Point(PlotRight() - 1, 100);
     EXPECT_EQ(CursorSecond(), 0);
 }
 
@@ -87,14 +87,24 @@ TEST_F(HistoryWndTest, ComparesByKeysAlone) {
     EXPECT_EQ(FirstSecondOf(ClipboardText()), last - 3);
 }
 
+TEST_F(HistoryWndTest, TellsTheLastSampleIfThePointerHasLeftWhenItsMoveArrives) {
+    Press('0', true);
+    Point(kPlotLeft, 100);
+    EXPECT_EQ(CursorSecond(), 0);
+    MovePointerAway();
+    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    test::DispatchAll();
+    EXPECT_EQ(CursorSecond(), 99);
+}
+
 TEST_F(HistoryWndTest, ZoomsAboutThePointerByTheWheel) {
     Press('0', true);
     const int x = kPlotLeft + (PlotRight() - kPlotLeft) / 4;
-    Mouse(WM_MOUSEMOVE, x, 100);
+    Point(x, 100);
     const int pointed = CursorSecond();
     Wheel(5, x);
     EXPECT_NEAR(CursorSecond(), pointed, 1);
-    Mouse(WM_MOUSEMOVE, kPlotLeft, 100);
+    Point(kPlotLeft, 100);
     // Three quarters of 0.8 to the fifth remain at the left.
     EXPECT_NEAR(CursorSecond(), pointed - 99 * 0.25 * 0.328, 1.5);
     Wheel(-20, kPlotLeft);
