@@ -43,6 +43,8 @@ private:
     void OnTimer(UINT_PTR timer);
     LRESULT OnErase(WPARAM, LPARAM) { return TRUE; }  // the paint covers everything
     LRESULT OnPlaceChange(WPARAM, LPARAM);
+
+    // Keys and mouse, in HistoryInput.cpp.
     LRESULT OnKey(WPARAM key, LPARAM);
     LRESULT OnButtonDown(WPARAM keys, LPARAM place);
     LRESULT OnButtonUp(WPARAM keys, LPARAM place);
@@ -51,14 +53,14 @@ private:
     void AskForLeave() const;
     LRESULT OnCaptureLost(WPARAM, LPARAM);
     LRESULT OnWheel(WPARAM turn, LPARAM place);
-
-    void TakeWhatIsNew();
     bool HandlePlainKey(WPARAM key, bool isShifted);
     void HandleArrow(int step, bool isShifted);
     bool HandleControlKey(WPARAM key, bool isShifted);
     void ClickList(int x, int y);
     int ColumnAt(int x) const { return x - m_layout->Plot().left; }
     bool IsOverPlot(int x, int y) const;
+
+    void TakeWhatIsNew();
     void ShowWhatIsNew();
     void CopyToWindow(const std::vector<PixelRect>& parts);
     std::vector<PixelRect> Draw();
