@@ -46,10 +46,12 @@ protected:
         shown = PictureOf(main.Control(IDC_CHART).ClientScreenRect());
         ASSERT_GT(shown.Count(0x0000FF), 20) << "there are traces";
     }
+    // What a box has covered is painted a moment after the box has gone.
     ::testing::AssertionResult StillShowsIt() {
-        const ScreenPicture now = PictureOf(main.Control(IDC_CHART).ClientScreenRect());
-        return now.pixels == shown.pixels ? ::testing::AssertionSuccess()
-                                          : ::testing::AssertionFailure() << "the chart has changed";
+        const auto isShown = [this] {
+            return PictureOf(main.Control(IDC_CHART).ClientScreenRect()).pixels == shown.pixels;
+        };
+        return Becomes(isShown, true) << ", so the chart has changed";
     }
     void SaveAs(const std::filesystem::path& path) {
         PressKey(Ctrl('S'));
