@@ -5,6 +5,7 @@
 
 #include "tests/support/system/KeyTest.h"
 #include "tests/support/system/Meters.h"
+#include "tests/support/system/PressUntil.h"
 
 namespace plotvane::test {
 namespace {
@@ -51,18 +52,10 @@ protected:
         system.resize(::GetSystemDirectoryW(system.data(), MAX_PATH));
         return system + L"\\cmd.exe /c echo %1>\"" + m_note.wstring() + L"\"";
     }
-    // The command may have a window. The window manager gives the keyboard to it in its own time, and the key
-    // may go there; so a key that has no effect is pressed again.
+    // The command may have a window, and the window manager gives the keyboard to it in its own time.
     template <class Condition>
     static ::testing::AssertionResult PressUntil(const RemoteWindow& front, Key key, const Condition& isSo) {
-        constexpr int kPresses = 3;
-        ::testing::AssertionResult result = ::testing::AssertionFailure();
-        for (int press = 0; press < kPresses && !result; ++press) {
-            EXPECT_TRUE(BringToFront(front));
-            PressKey(key);
-            result = Becomes(isSo, true, kDeadline / kPresses);
-        }
-        return result;
+        return test::PressUntil([&] { return BringToFront(front); }, key, isSo);
     }
     // The window of the program that has this control; an empty one if there is none.
     RemoteWindow WindowWith(int control) const {

@@ -8,6 +8,7 @@
 #include "tests/support/system/Await.h"
 #include "tests/support/system/Clipboard.h"
 #include "tests/support/system/Keyboard.h"
+#include "tests/support/system/PressUntil.h"
 
 namespace plotvane::test {
 namespace {
@@ -70,18 +71,10 @@ RemoteWindow OpenHistory(const RemoteWindow& main) {
 
 std::wstring TableOf(const RemoteWindow& history) {
     ClearClipboard();
-    EXPECT_TRUE(GiveKeyboard(history));
     const DWORD before = ::GetClipboardSequenceNumber();
-    // The program could not have the clipboard while this looks at it. Another one may have it at that
-    // moment, and then the key has no effect and is pressed again.
-    const auto isCopied = [&] { return ::GetClipboardSequenceNumber() != before; };
-    constexpr int kPresses = 3;
-    ::testing::AssertionResult copied = ::testing::AssertionFailure();
-    for (int press = 0; press < kPresses && !copied; ++press) {
-        PressKey({'C', true, true});
-        copied = Becomes(isCopied, true, kDeadline / kPresses);
-    }
-    EXPECT_TRUE(copied);
+    // The program could not have the clipboard while this looks at it.
+    EXPECT_TRUE(PressUntil([&] { return GiveKeyboard(history); }, {'C', true, true},
+                           [&] { return ::GetClipboardSequenceNumber() != before; }));
     std::wstring table;
     EXPECT_TRUE(Becomes([&] { return (table = ClipboardText()).empty(); }, false));
     return table;
