@@ -29,7 +29,9 @@ void WindowPump::SleepAndDispatch(int ms) {
         if (!m_timer) m_timer.emplace();
         // Without this flag the wait would ignore a message that a handler has peeked at and left in
         // the queue.
-        ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        const DWORD ended = ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(ms), QS_ALLINPUT,
+                                                          MWMO_INPUTAVAILABLE);
+        if (ended == WAIT_TIMEOUT) return;  // no message came, and to ask again costs as much as the wait
     }
     DispatchWaiting();
 }
@@ -46,6 +48,7 @@ void WindowPump::DispatchWaiting() {
             return;
         }
         HandleQueued(message);
+        if (message.message == WM_TIMER) return;  // a timer comes when nothing else waits
         if (m_state.stops != stops || NowMs() > untilMs) return;
     }
 }

@@ -32,6 +32,7 @@ private:
 
 BEGIN_MESSAGE_MAP(Listener, CWnd)
     ON_MESSAGE(kMessage, OnMessage)
+    ON_MESSAGE(WM_TIMER, OnMessage)
 END_MESSAGE_MAP()
 
 class WindowPumpTest : public testing::Test {
@@ -108,6 +109,33 @@ TEST_F(WindowPumpTest, WhatAHandlerPostsIsDispatchedWithIt) {
     ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
     pump.SleepAndDispatch(0);
     EXPECT_EQ(window.heard, 3);
+}
+
+TEST_F(WindowPumpTest, ATimerEndsTheSleep) {
+    window.SetTimer(1, 20);
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_EQ(window.heard, 1);
+}
+
+TEST_F(WindowPumpTest, WhatATimerPostsIsDispatchedInTheNextCallWithoutASleep) {
+    window.SetTimer(1, 20);
+    window.onMessage = [this] {
+        if (window.heard > 1) return;
+        window.KillTimer(1);
+        ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
+    };
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_LT(Pump(kLongMs), kLongMs / 2);
+    EXPECT_EQ(window.heard, 2);
+}
+
+// Timers come last of all messages.
+TEST_F(WindowPumpTest, ATimerThatIsDueDoesNotHoldAMessageUp) {
+    window.SetTimer(1, 20);
+    ::Sleep(60);
+    ::PostMessageW(window.m_hWnd, kMessage, 0, 0);
+    pump.SleepAndDispatch(0);
+    EXPECT_EQ(window.heard, 2);
 }
 
 // For example from a window that posts a message for each that it gets, or from another program.
