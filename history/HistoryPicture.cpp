@@ -63,7 +63,7 @@ HistoryPicture::HistoryPicture(const LookBack& state, const HistoryLook& look, c
       m_plot{layout.Plot(), GroundOf(state.View(), look, layout), {}, look.thickness},
       m_texts(TextsOf(state, look, layout, list, note)) {
     if (!layout.Plot().IsEmpty()) {
-        m_plot.traces = plotter.Plot(state, look, layout.Plot().Height());
+        plotter.Plot(state, look, m_plot);
         AddLines(state);
     }
     for (const ListedTrace& listed : list)

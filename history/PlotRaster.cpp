@@ -62,14 +62,14 @@ private:
     std::unique_ptr<std::uint32_t[]> m_pixels;
 };
 
-// Those that differ, without the reach.
-ColumnRange ChangedColumns(const PlottedTrace& trace, const PlottedTrace& other) {
-    const auto size = static_cast<int>(std::max(trace.columns.size(), other.columns.size()));
-    if (trace.colour != other.colour || trace.columns.size() != other.columns.size()) return {0, size};
+// From the first to the last that differ, without the reach. The first columns are known to be the same.
+ColumnRange ChangedColumns(const PlottedTrace& trace, const PlottedTrace& before, int same) {
+    const auto size = static_cast<int>(std::max(trace.columns.size(), before.columns.size()));
+    if (trace.colour != before.colour || trace.columns.size() != before.columns.size()) return {0, size};
     const auto isSame = [&](int column) {
-        return trace.columns[Index(column)] == other.columns[Index(column)];
+        return trace.columns[Index(column)] == before.columns[Index(column)];
     };
-    ColumnRange changed{0, size};
+    ColumnRange changed{std::min(same, size), size};
     while (changed.begin < size && isSame(changed.begin)) ++changed.begin;
     while (changed.end > changed.begin && isSame(changed.end - 1)) --changed.end;
     return changed;
@@ -119,19 +119,19 @@ void PaintPlot(const ChartPixels& picture, const TracePlot& plot, const PixelRec
     }
 }
 
-ColumnRange ChangedColumns(const TracePlot& one, const TracePlot& other) {
-    const int width = one.place.Width();
-    if (one.place != other.place || one.ground != other.ground || one.thickness != other.thickness ||
-        one.traces.size() != other.traces.size())
+ColumnRange ChangedColumns(const TracePlot& plot, const TracePlot& before) {
+    const int width = plot.place.Width();
+    if (plot.place != before.place || plot.ground != before.ground || plot.thickness != before.thickness ||
+        plot.traces.size() != before.traces.size())
         return {0, width};
     ColumnRange changed{width, 0};
-    for (std::size_t i = 0; i < one.traces.size(); ++i) {
-        const ColumnRange ofTrace = ChangedColumns(one.traces[i], other.traces[i]);
+    for (std::size_t i = 0; i < plot.traces.size(); ++i) {
+        const ColumnRange ofTrace = ChangedColumns(plot.traces[i], before.traces[i], plot.kept);
         if (ofTrace.IsEmpty()) continue;
         changed = {std::min(changed.begin, ofTrace.begin), std::max(changed.end, ofTrace.end)};
     }
     if (changed.IsEmpty()) return {};
-    const LineReach reach(one.thickness);
+    const LineReach reach(plot.thickness);
     return {std::max(changed.begin - reach.before, 0), std::min(changed.end + reach.after, width)};
 }
 

@@ -62,6 +62,7 @@ struct TracePlot {
     PlotGround ground;
     std::vector<PlottedTrace> traces;
     int thickness = 1;
+    int kept = 0;  // columns from the left that traces of the same colours have had in the plot before
 };
 
 // Paints what lies in `part` of the picture, and nothing else. The plot is clipped to the picture.
@@ -75,8 +76,8 @@ struct ColumnRange {
     bool IsEmpty() const { return begin >= end; }
 };
 
-// The columns in which the traces of two plots differ, with the reach of their thickness. All columns where
-// the plots differ in anything else.
-ColumnRange ChangedColumns(const TracePlot& one, const TracePlot& other);
+// The columns in which the traces of a plot differ from those of the plot before, with the reach of their
+// thickness. All columns where the plots differ in anything else.
+ColumnRange ChangedColumns(const TracePlot& plot, const TracePlot& before);
 
 }  // namespace plotvane

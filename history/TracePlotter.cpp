@@ -6,16 +6,17 @@
 
 namespace plotvane {
 
-std::vector<PlottedTrace> TracePlotter::Plot(const LookBack& state, const HistoryLook& look, int rows) {
-    std::vector<PlottedTrace> traces;
-    if (state.Samples().IsEmpty()) return traces;
+void TracePlotter::Plot(const LookBack& state, const HistoryLook& look, TracePlot& plot) {
+    if (state.Samples().IsEmpty()) return;
+    const int rows = plot.place.Height();
     const Basis basis = BasisOf(state, rows);
     const int first = ColumnsKept(state, basis);
     m_end = 0;  // until all columns are found out
     const TraceColumns columns(state.Samples(), state.View(), first);
     const auto add = [&](int trace) {
         PlotFrom(first, state, rows, trace, columns);
-        traces.push_back({look.ColourOf(trace, state.Front()), m_columns[static_cast<std::size_t>(trace)]});
+        plot.traces.push_back(
+            {look.ColourOf(trace, state.Front()), m_columns[static_cast<std::size_t>(trace)]});
     };
     for (int trace = 0; trace < kSlotCount; ++trace) {
         if (!state.IsHidden(trace) && trace != state.Front()) add(trace);
@@ -23,7 +24,7 @@ std::vector<PlottedTrace> TracePlotter::Plot(const LookBack& state, const Histor
     if (const auto front = state.Front()) add(*front);
     m_basis = basis;
     m_end = state.Samples().End();
-    return traces;
+    plot.kept = first;
 }
 
 TracePlotter::Basis TracePlotter::BasisOf(const LookBack& state, int rows) {

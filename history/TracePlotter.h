@@ -15,9 +15,10 @@ namespace plotvane {
 // that new samples have come to: the others are remembered.
 class TracePlotter {
 public:
-    // The traces that are not hidden; the one in front comes last, over the others. Each has a span for every
-    // column of the view. The plot has so many rows, at least one. The state must have been refreshed.
-    std::vector<PlottedTrace> Plot(const LookBack& state, const HistoryLook& look, int rows);
+    // Adds the traces to a plot that has its place, at least one row high, and tells it how many of their
+    // columns are as in the plot before. Hidden traces are left out; the one in front comes last, over the
+    // others. Each has a span for every column of the view. The state must have been refreshed.
+    void Plot(const LookBack& state, const HistoryLook& look, TracePlot& plot);
 
 private:
     // What the columns that are remembered depend on, apart from the samples that were there.

@@ -202,6 +202,17 @@ TEST(ChangedColumns, ReachFromTheFirstToTheLastThatDiffers) {
     EXPECT_EQ(changed.end, 4);
 }
 
+TEST(ChangedColumns, AreLookedForOnlyRightOfThoseKept) {
+    const TracePlot before = PlotOf({{1, 2}, {1, 2}, {1, 2}, {1, 2}});
+    TracePlot plot = PlotOf({{1, 9}, {1, 2}, {1, 2}, {1, 3}});
+    plot.kept = 2;
+    const ColumnRange changed = ChangedColumns(plot, before);
+    EXPECT_EQ(changed.begin, 3);
+    EXPECT_EQ(changed.end, 4);
+    plot.kept = 50;
+    EXPECT_TRUE(ChangedColumns(plot, before).IsEmpty());
+}
+
 TEST(ChangedColumns, TakeInWhatAThickLineReaches) {
     const ColumnRange changed = ChangedColumns(PlotOf({{}, {}, {}, {1, 3}}, 4), PlotOf({}, 4));
     EXPECT_EQ(changed.begin, 2);
