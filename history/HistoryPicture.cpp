@@ -31,14 +31,19 @@ PlotGround GroundOf(const Viewport& view, const HistoryLook& look, const History
     return ground;
 }
 
-// Adds a part; one that stands just below the last one, and is as wide, is joined to it.
+// Adds a part. One that meets the last one from below, and begins or ends in the same column, is joined to
+// it: a text that has grown or shrunk, and lines of texts below one another.
 void Add(std::vector<PixelRect>& parts, const PixelRect& part) {
-    if (!parts.empty() && part.left == parts.back().left && part.right == parts.back().right &&
-        part.top >= parts.back().top && part.top <= parts.back().bottom) {
-        parts.back().bottom = std::max(parts.back().bottom, part.bottom);
-    } else {
-        parts.push_back(part);
+    if (!parts.empty()) {
+        PixelRect& last = parts.back();
+        const bool isAligned = part.left == last.left || part.right == last.right;
+        if (isAligned && part.top >= last.top && part.top <= last.bottom) {
+            last = {std::min(last.left, part.left), last.top, std::max(last.right, part.right),
+                    std::max(last.bottom, part.bottom)};
+            return;
+        }
     }
+    parts.push_back(part);
 }
 
 // Where one of two sequences has what the other has not at the same place in it. `placeOf` tells where that

@@ -115,7 +115,12 @@ void TextWriter::AddStatus(const std::string& note) {
 }  // namespace
 
 PixelRect PlacedText::Reach() const {
-    return {place.left, place.top, place.right + kOverhangPx, place.bottom};
+    PixelRect reach{place.left, place.top, place.right + kOverhangPx, place.bottom};
+    // No letter is wider than a line is high.
+    const int widest = static_cast<int>(text.size()) * place.Height() + kOverhangPx;
+    if (side == Side::Left) reach.right = std::min(reach.right, place.left + widest);
+    if (side == Side::Right) reach.left = std::max(reach.left, place.right - widest);
+    return reach;
 }
 
 std::vector<PlacedText> TextsOf(const LookBack& state, const HistoryLook& look, const HistoryLayout& layout,

@@ -213,6 +213,17 @@ TEST_F(HistoryPictureTest, TakesItsLookFromThePreferences) {
     EXPECT_EQ(LookOf(prefs).thickness, 10);
 }
 
+TEST(PlacedText, ReachesAsFarAsItsLettersMayAndNotOutOfItsPlace) {
+    constexpr PixelRect kPlace{100, 20, 300, 35};
+    using Side = PlacedText::Side;
+    const auto reach = [&](const char* text, Side side) { return PlacedText{text, kPlace, side}.Reach(); };
+    EXPECT_EQ(reach("1234", Side::Left), (PixelRect{100, 20, 100 + 4 * 15 + 2, 35}));
+    EXPECT_EQ(reach("1234", Side::Right), (PixelRect{300 - 4 * 15 - 2, 20, 302, 35}));
+    EXPECT_EQ(reach("1234", Side::Centre), (PixelRect{100, 20, 302, 35}));
+    for (const Side side : {Side::Left, Side::Right})
+        EXPECT_EQ(reach("twenty letters, wide", side), (PixelRect{100, 20, 302, 35}));
+}
+
 TEST(HistoryPicture, IsWholeWithoutSamplesAndInAnyWindow) {
     Recording recording;
     LookBack state(recording);

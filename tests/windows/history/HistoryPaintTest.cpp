@@ -48,5 +48,17 @@ TEST_F(HistoryPaintTest, ShowsWhatIsNewAlsoWhereOnlyAPartIsToBePainted) {
     EXPECT_EQ(Difference(shown, Pixels()), "");
 }
 
+// Texts are drawn again no further than that.
+TEST(TextFont, HasNoLetterWiderThanALineIsHigh) {
+    const CFont font = CreateTextFont();
+    CClientDC screen(nullptr);
+    const Selected fontInDc(screen, font);
+    const LONG height = screen.GetTextMetrics().tmHeight;
+    for (int letter = ' '; letter < 256; ++letter) {
+        const char text[] = {static_cast<char>(letter)};
+        EXPECT_LE(screen.GetTextExtent({text, 1}).cx, height) << letter;
+    }
+}
+
 }  // namespace
 }  // namespace plotvane
