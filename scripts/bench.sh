@@ -161,12 +161,12 @@ cost() {
 }
 
 # What the whole program is measured with: its source, its meters, how much of the yardstick it may take, and a command
-# of plotvane-remote.
+# of plotvane-remote. A goal of so much "more" is meant beyond the first load.
 loads=(
     "twenty records a second|live|0|1.6"
     "the same, four meters open|live|4|2.2"
     "the same, ten meters open|live|10|3.0"
-    "twenty records a second, looking back|live|0||look-back"
+    "twenty records a second, looking back|live|0|0.77 more|look-back"
     "a replay at 200 a second, four meters open|replay|4|1.2"
     "the same without meters|replay|0|"
     "the host sends 200 a second|fast|0|"
@@ -232,7 +232,10 @@ program_table() {
             for (i = 1; i <= loads; ++i) {
                 now = names[i] SUBSEP 0; old = names[i] SUBSEP 1
                 before = (old in own) ? samples(old) " (" cost(old) " ms)" : ""
-                printf "| %s | %s | %s | %s | %.2f | %s |\n", names[i], goal[names[i]], samples(now), cost(now),
+                figure_now = samples(now)
+                if (goal[names[i]] ~ / more$/)
+                    figure_now = sprintf("%.2f more", figure_now - samples(names[1] SUBSEP 0))
+                printf "| %s | %s | %s | %s | %.2f | %s |\n", names[i], goal[names[i]], figure_now, cost(now),
                     median(rate[now]), before
             }
             printf "| a sample of bare calls | | 1 | %.3f | | |\n", median(yardsticks) / 1000
