@@ -10,9 +10,10 @@ struct MessagePump {
     virtual double NowMs() = 0;
 
     // Sleeps for up to `ms`, but only until a message comes, then dispatches the messages that wait. If these
-    // never end, or one of them asks for a stop, the rest waits for the next call. Any handler may run
-    // inside, so the caller must look at every flag of the run state again. Dispatching comes last, so that
-    // the caller never sleeps before it sees what a handler has asked for.
+    // never end, or one of them asks for a stop, the rest waits for the next call. So does what a timer's
+    // handler posts, and then the next call does not sleep. Any handler may run inside, so the caller must
+    // look at every flag of the run state again. Dispatching comes last, so that the caller never sleeps
+    // before it sees what a handler has asked for.
     virtual void SleepAndDispatch(int ms) = 0;
 };
 
